@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+
+namespace platform {
+
+/// Waits, and lets nothing else run meanwhile.
+void Sleep(int milliseconds);
+/// Puts another wait in its place, for a test. An empty function restores it.
+void ReplaceSleep(std::function<void(int milliseconds)> sleep);
+
+} // namespace platform

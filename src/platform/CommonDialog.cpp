@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/CommonDialog.h"
+
+#include <QStringList>
+
+namespace platform {
+
+std::vector<FileFilter> FilterPairs(const QString& text, QChar separator) {
+    const QStringList items = text.split(separator, Qt::SkipEmptyParts);
+    std::vector<FileFilter> pairs;
+    for (qsizetype i = 0; i + 1 < items.size(); i += 2)
+        pairs.push_back({items.at(i), items.at(i + 1)});
+    return pairs;
+}
+
+void CommonDialog::ShowSave() {
+    m_fileName = CurrentDialogs().AskSaveName(
+        {m_owner, QStringLiteral("Guardar como"), QString(), FilterPairs(m_filter, u'|')});
+    m_fileTitle = m_fileName.section(u'\\', -1);
+}
+
+} // namespace platform

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Dialogs.h"
+
+#include "platform/Failure.h"
+#include "platform/Form.h"
+#include "platform/Paths.h"
+#include "platform/Program.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <utility>
+
+namespace platform {
+namespace {
+
+QMessageBox::Icon ToolkitIcon(Icon icon) {
+    switch (icon) {
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::Question:
+        return QMessageBox::Question;
+    case Icon::Error:
+        return QMessageBox::Critical;
+    case Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons ToolkitButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer FromToolkit(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::Ok;
+    }
+}
+
+class DesktopDialogs : public Dialogs {
+public:
+    Answer Ask(const Message& message) override {
+        QMessageBox box(ToolkitIcon(message.icon), DisplayText(message.title),
+                        DisplayText(message.text), ToolkitButtons(message.buttons),
+                        QApplication::activeWindow());
+        box.setTextFormat(Qt::PlainText); // a file name is no markup
+        if (message.buttons == Buttons::YesNo)
+            box.setEscapeButton(QMessageBox::No);
+        return FromToolkit(box.exec());
+    }
+
+    QString AskOpenName(const FileQuestion& question) override {
+        return AskName(question, QFileDialog::AcceptOpen);
+    }
+
+    QString AskSaveName(const FileQuestion& question) override {
+        return AskName(question, QFileDialog::AcceptSave);
+    }
+
+    void RunModal(Form& form) override {
+        QEventLoop loop;
+        QObject::connect(&form, &Form::Unloaded, &loop, &QEventLoop::quit);
+        form.setWindowModality(Qt::ApplicationModal);
+        form.Show();
+        loop.exec();
+    }
+
+    bool SetUpPage(QPrinter& printer, QWidget* owner) override {
+        return QPageSetupDialog(&printer, owner).exec() == QDialog::Accepted;
+    }
+
+    bool SetUpPrint(QPrinter& printer, QWidget* owner) override {
+        return QPrintDialog(&printer, owner).exec() == QDialog::Accepted;
+    }
+
+private:
+    static QString AskName(const FileQuestion& question, QFileDialog::AcceptMode mode) {
+        QFileDialog dialog(question.owner, question.title);
+        dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
+                          QFileDialog::HideNameFilterDetails);
+        dialog.setAcceptMode(mode);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        if (!question.folder.isEmpty())
+            dialog.setDirectory(QString::fromStdString(ToNative(question.folder).native()));
+        QStringList filters;
+        for (const FileFilter& filter : question.filters)
+            filters.append(QStringLiteral("%1 (%2)").arg(filter.name, filter.pattern));
+        dialog.setNameFilters(filters);
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return {};
+        const std::filesystem::path pick = dialog.selectedFiles().constFirst().toStdString();
+        MoveTo(pick.parent_path());
+        return FromNative(pick);
+    }
+
+    static void MoveTo(const std::filesystem::path& folder) {
+        try {
+            ChangeDirectory(FromNative(folder));
+        } catch (const Failure&) {
+            // A folder that can't be entered shows itself when the file is opened or saved.
+        }
+    }
+};
+
+std::unique_ptr<Dialogs>& Instance() {
+    static std::unique_ptr<Dialogs> dialogs = std::make_unique<DesktopDialogs>();
+    return dialogs;
+}
+
+} // namespace
+
+Dialogs& CurrentDialogs() {
+    return *Instance();
+}
+
+std::unique_ptr<Dialogs> ReplaceDialogs(std::unique_ptr<Dialogs> dialogs) {
+    if (!dialogs)
+        dialogs = std::make_unique<DesktopDialogs>();
+    return std::exchange(Instance(), std::move(dialogs));
+}
+
+Answer MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title) {
+    return CurrentDialogs().Ask({text, title, icon, buttons});
+}
+
+} // namespace platform

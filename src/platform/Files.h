@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace platform {
+
+/// Whole files by program path. Every failure is a Failure of the file access kind whose text names
+/// the file and the reason.
+
+/// Reads a regular file of at most 1 GiB. Folders, pipes and devices are refused.
+QByteArray ReadFile(const QString& path);
+
+/// Writes the whole file or leaves the old one as it was. The bytes are on the disk on return. A
+/// new file appears under its name only when it is whole. Permissions, owner, and links, symbolic
+/// and hard, are kept; a file whose write permission is missing is refused. Where the folder can't
+/// take a second file, or a replacement would lose a hard link or an owner, the file is rewritten
+/// in place and put back on a failure.
+void WriteFile(const QString& path, const QByteArray& bytes);
+
+/// The Spanish reason for a number of errno.
+QString ErrorText(int error);
+
+/// The text of a failure: the verb in Spanish ("abrir"), the file and the reason.
+QString FileFailureText(QStringView verb, const QString& path, const QString& reason);
+
+} // namespace platform

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/MDIFrame.h"
+
+#include "platform/Arrange.h"
+#include "platform/Handler.h"
+#include "platform/Paths.h"
+
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QLayout>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QScreen>
+#include <QUrl>
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+constexpr QSize kDesignedSize(1280, 800);
+// Title, menu and borders of the frame, as the program was designed for them.
+constexpr int kFrameChrome = 900;
+
+// The window around a child. Its closing is the child's to decide.
+class ChildWindow : public QMdiSubWindow {
+public:
+    explicit ChildWindow(Form* form) : m_form(form) {
+        setWidget(form);
+        connect(this, &QMdiSubWindow::windowStateChanged, form,
+                [form](Qt::WindowStates, Qt::WindowStates) { form->ShellStateChanged(); });
+    }
+
+    Form* GetForm() const { return m_form; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        event->ignore();
+        m_form->Unload();
+    }
+
+private:
+    Form* m_form;
+};
+
+std::vector<QUrl> LocalFiles(const QMimeData* data) {
+    std::vector<QUrl> files;
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile())
+            files.push_back(url);
+    }
+    return files;
+}
+
+} // namespace
+
+MDIFrame::MDIFrame() : m_area(new QMdiArea(this)) {
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    setCentralWidget(m_area);
+    setAcceptDrops(true);
+    resize(kDesignedSize.boundedTo(screen()->availableSize()));
+}
+
+MDIFrame::~MDIFrame() = default;
+
+void MDIFrame::Caption(const QString& caption) {
+    m_caption = caption;
+    setWindowTitle(TitleText(caption));
+}
+
+void MDIFrame::Show() {
+    if (!m_initialised) {
+        m_initialised = true;
+        MDIForm_Initialize();
+        layout()->activate(); // children may ask for the height before the frame is seen
+        RunHandler([this] { MDIForm_Load(); });
+    }
+    show();
+    activateWindow();
+}
+
+void MDIFrame::Adopt(Form* form) {
+    const QSize designed = form->size();
+    auto* child = new ChildWindow(form);
+    form->SetShell(child);
+    m_area->addSubWindow(child);
+    child->resize(designed.grownBy(child->contentsMargins()));
+    m_forms.push_back(form);
+    connect(form, &Form::Unloaded, this, [this, form, child] {
+        std::erase(m_forms, form);
+        m_area->removeSubWindow(child);
+    });
+}
+
+Form* MDIFrame::ActiveForm() const {
+    auto* child = dynamic_cast<ChildWindow*>(m_area->currentSubWindow());
+    return child && child->GetForm()->IsLoaded() ? child->GetForm() : nullptr;
+}
+
+std::vector<Form*> MDIFrame::Forms() const {
+    std::vector<Form*> loaded;
+    std::copy_if(m_forms.begin(), m_forms.end(), std::back_inserter(loaded),
+                 [](const Form* form) { return form->IsLoaded(); });
+    return loaded;
+}
+
+int MDIFrame::Height() const {
+    const QWidget* child = m_forms.empty() ? nullptr : m_forms.back()->Shell();
+    const QMargins frame = child ? child->contentsMargins() : QMargins();
+    const int inner = m_area->viewport()->height() - frame.top() - frame.bottom();
+    return ToTwips(inner) + Form::kFrameHeight + kFrameChrome;
+}
+
+std::vector<QMdiSubWindow*> MDIFrame::Shells(bool minimised) const {
+    std::vector<QMdiSubWindow*> shells;
+    for (QMdiSubWindow* child : m_area->subWindowList()) {
+        if (child->isVisible() && child->isMinimized() == minimised)
+            shells.push_back(child);
+    }
+    return shells;
+}
+
+void MDIFrame::Arrange(Arrangement arrangement) {
+    const std::vector<QMdiSubWindow*> shells = Shells(arrangement == Arrangement::Icons);
+    if (shells.empty())
+        return;
+    const QSize area = m_area->viewport()->size();
+    const int count = static_cast<int>(shells.size());
+    const int step = shells.front()->contentsMargins().top();
+    std::vector<QRect> rects;
+    switch (arrangement) {
+    case Arrangement::Cascade:
+        rects = CascadeRects(area, count, step);
+        break;
+    case Arrangement::TileHorizontal:
+        rects = TileHorizontallyRects(area, count);
+        break;
+    case Arrangement::TileVertical:
+        rects = TileVerticallyRects(area, count);
+        break;
+    case Arrangement::Icons:
+        rects = IconRects(area, count, shells.front()->size());
+        break;
+    }
+    for (size_t i = 0; i < shells.size(); ++i) {
+        if (arrangement != Arrangement::Icons && shells[i]->isMaximized())
+            shells[i]->showNormal();
+        shells[i]->setGeometry(rects[i]);
+    }
+}
+
+void MDIFrame::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    // A maximised child writes its own title into the frame's.
+    if (event->type() == QEvent::WindowTitleChange && windowTitle() != TitleText(m_caption))
+        setWindowTitle(TitleText(m_caption));
+}
+
+void MDIFrame::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (m_closing)
+        return;
+    m_closing = true;
+    const std::vector<Form*> forms = Forms();
+    bool cancel =
+        !std::all_of(forms.begin(), forms.end(), [](Form* form) { return form->Unload(); });
+    if (!cancel)
+        RunHandler([&] { MDIForm_QueryUnload(cancel); });
+    m_closing = false;
+    event->setAccepted(!cancel);
+}
+
+void MDIFrame::dragEnterEvent(QDragEnterEvent* event) {
+    if (!LocalFiles(event->mimeData()).empty())
+        event->acceptProposedAction();
+}
+
+void MDIFrame::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    for (const QUrl& url : LocalFiles(event->mimeData())) {
+        // The bytes of the name, which need not be UTF-8.
+        const QByteArray native =
+            QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toUtf8());
+        RunHandler([&] { FileDropped(FromNative(native.toStdString())); });
+    }
+}
+
+} // namespace platform

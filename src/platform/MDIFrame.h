@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Form.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <vector>
+
+class QMdiArea;
+class QMdiSubWindow;
+
+namespace platform {
+
+/// The codes of Arrange.
+enum class Arrangement { Cascade = 0, TileHorizontal = 1, TileVertical = 2, Icons = 3 };
+
+/// Base of the program's main window: a frame with a menu and child windows.
+class MDIFrame : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MDIFrame();
+    ~MDIFrame() override;
+
+    const QString& Caption() const { return m_caption; }
+    void Caption(const QString& caption);
+
+    /// Runs MDIForm_Initialize and MDIForm_Load once, then shows the frame.
+    void Show();
+
+    /// Makes the form a child of this frame, hidden until it is shown, and owned by it.
+    void Adopt(Form* form);
+    /// The child that is active, also while a dialog is in front; none in an empty frame.
+    Form* ActiveForm() const;
+    /// The loaded children in the order in which they were adopted.
+    std::vector<Form*> Forms() const;
+    void Arrange(Arrangement arrangement);
+
+    /// Height in twips as the program was designed for it: a child that is 900 twips less high just
+    /// fits into the frame.
+    int Height() const;
+
+protected:
+    virtual void MDIForm_Initialize() {}
+    virtual void MDIForm_Load() {}
+    virtual void MDIForm_QueryUnload(bool& cancel) { Q_UNUSED(cancel) }
+    /// A file was dropped on the frame or a child: a program path.
+    virtual void FileDropped(const QString& path) { Q_UNUSED(path) }
+
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void Initialise();
+    std::vector<QMdiSubWindow*> Shells(bool minimised) const;
+
+    QMdiArea* m_area;
+    std::vector<Form*> m_forms;
+    QString m_caption;
+    bool m_initialised = false;
+    bool m_closing = false;
+};
+
+} // namespace platform

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Paths.h"
+
+#include "platform/Drives.h"
+#include "platform/Failure.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <vector>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char16_t kTravelBase = 0xF000;
+
+bool Travels(unsigned char code) {
+    return (code > 0 && code < 0x20) || code >= 0x80 ||
+           QByteArrayView(R"(\:*?"<>|)").contains(static_cast<char>(code));
+}
+
+// The code of a travelling character, or 0.
+unsigned char TravelCode(QChar c) {
+    const int code = c.unicode() - kTravelBase;
+    const bool inRange = code > 0 && code <= 0xFF;
+    return inRange && Travels(static_cast<unsigned char>(code)) ? static_cast<unsigned char>(code)
+                                                                : 0;
+}
+
+// Length in bytes of the character of valid UTF-8 at the front, or 0.
+qsizetype CharacterLength(QByteArrayView bytes) {
+    for (qsizetype length = 1; length <= std::min<qsizetype>(4, bytes.size()); ++length) {
+        if (bytes.first(length).isValidUtf8())
+            return length;
+    }
+    return 0;
+}
+
+QString FromNativeName(QByteArrayView name) {
+    QString text;
+    const auto travel = [&](QByteArrayView bytes) {
+        for (const char byte : bytes)
+            text += QChar(kTravelBase + static_cast<unsigned char>(byte));
+    };
+    while (!name.isEmpty()) {
+        const qsizetype length = std::max<qsizetype>(1, CharacterLength(name));
+        const QByteArrayView bytes = name.first(length);
+        const QString character = QString::fromUtf8(bytes);
+        const bool plain = bytes.isValidUtf8() && TravelCode(character.at(0)) == 0 &&
+                           (length > 1 || !Travels(static_cast<unsigned char>(bytes.front())));
+        if (plain)
+            text += character;
+        else
+            travel(bytes);
+        name = name.sliced(length);
+    }
+    return text;
+}
+
+std::string ToNativeName(const QString& name) {
+    QByteArray bytes;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < name.size(); ++i) {
+        const unsigned char code = TravelCode(name.at(i));
+        if (code == 0)
+            continue;
+        bytes += QStringView(name).sliced(start, i - start).toUtf8();
+        bytes += static_cast<char>(code);
+        start = i + 1;
+    }
+    bytes += QStringView(name).sliced(start).toUtf8();
+    return bytes.toStdString();
+}
+
+// The entry of the folder that bears the name, of whatever case; the first of several by its bytes.
+// The name itself if there is none.
+fs::path FindEntry(const fs::path& folder, const std::string& name) {
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(folder / name, error)))
+        return name;
+    const QString wanted = FromNativeName(QByteArrayView(name));
+    fs::path best;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        const fs::path entry = it->path().filename();
+        const bool same =
+            FromNativeName(QByteArrayView(entry.native())).compare(wanted, Qt::CaseInsensitive) ==
+            0;
+        if (same && (best.empty() || entry < best))
+            best = entry;
+    }
+    return best.empty() ? fs::path(name) : best;
+}
+
+struct Start {
+    fs::path root;   // what ".." can't leave
+    fs::path folder; // where the rest begins
+    QString rest;
+};
+
+Start StartOf(const QString& path) {
+    if (path.size() >= 2 && path.at(1) == u':') {
+        const auto root = CurrentDrives().Root(path.at(0));
+        if (!root)
+            throw Failure(FailureCode::PathNotFound, QStringLiteral("Rutas"),
+                          QStringLiteral("No existe la unidad %1").arg(path.left(2).toUpper()));
+        return {*root, *root, path.mid(2)};
+    }
+    const fs::path current = fs::current_path();
+    const fs::path root = CurrentDrives().Holding(current).root;
+    return {root, path.startsWith(u'\\') ? root : current, path};
+}
+
+} // namespace
+
+fs::path ToNative(const QString& path) {
+    if (path.isEmpty() || path.contains(QChar(u'\0')))
+        throw Failure(FailureCode::PathNotFound, QStringLiteral("Rutas"),
+                      QStringLiteral("El nombre de archivo no es válido"));
+    Start start = StartOf(path);
+    fs::path native = start.folder;
+    start.rest.replace(u'/', u'\\');
+    for (const QString& part : start.rest.split(u'\\', Qt::SkipEmptyParts)) {
+        if (part == u"..")
+            native = native == start.root ? native : native.parent_path();
+        else if (part != u".")
+            native /= FindEntry(native, ToNativeName(part));
+    }
+    return native;
+}
+
+QString FromNative(const fs::path& native) {
+    const fs::path absolute = fs::absolute(native).lexically_normal();
+    const Drive drive = CurrentDrives().Holding(absolute);
+    auto part = absolute.begin();
+    std::advance(part, std::distance(drive.root.begin(), drive.root.end()));
+    QStringList names;
+    for (; part != absolute.end(); ++part) {
+        if (!part->empty())
+            names.append(FromNativeName(QByteArrayView(part->native())));
+    }
+    return QLatin1Char(drive.letter) + QStringLiteral(":\\") + names.join(u'\\');
+}
+
+QString DisplayText(const QString& text) {
+    QString shown = text;
+    for (QChar& c : shown) {
+        const unsigned char code = TravelCode(c);
+        const bool printable = code >= 0x20 && code < 0x80;
+        if (code != 0)
+            c = printable ? QChar(code) : QChar(QChar::ReplacementCharacter);
+    }
+    return shown;
+}
+
+} // namespace platform

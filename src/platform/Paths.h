@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <filesystem>
+
+namespace platform {
+
+/// Program paths are what the program thinks in: C:\juegos\juego.lua. Native paths are this
+/// desktop's, as bytes. A character of a native name that a program path can't hold (\ : * ? " < >
+/// | and controls), and each byte that isn't UTF-8, travels as U+F000 + code, both ways.
+
+/// The native path of a program path. A relative one starts at the current directory; "/" separates
+/// like the backslash. Each name is looked for as written, then without regard to case; a name that
+/// is not there stays as written. Fails (PathNotFound) if the drive isn't there or the path can't
+/// be one.
+std::filesystem::path ToNative(const QString& path);
+
+/// The program path of a native path; a relative one starts at the current directory.
+QString FromNative(const std::filesystem::path& native);
+
+/// A name or path as people should read it: travelling characters as themselves, bytes that are no
+/// text as the replacement character.
+QString DisplayText(const QString& text);
+
+} // namespace platform

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Program.h"
+
+#include "platform/Failure.h"
+#include "platform/Log.h"
+#include "platform/Paths.h"
+
+#include <QStandardPaths>
+#include <cstdlib>
+#include <unistd.h>
+#include <utility>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path& Folder() {
+    static fs::path folder;
+    return folder;
+}
+
+std::function<void()>& End() {
+    static std::function<void()> end;
+    return end;
+}
+
+fs::path ChooseFolder(const fs::path& executable) {
+    if (const char* home = std::getenv("QUILLMARK_HOME"); home && *home)
+        return fs::absolute(home);
+    fs::path beside = executable.parent_path();
+    if (::access(beside.c_str(), W_OK) == 0)
+        return beside;
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return fs::path(data.toStdString()) / "quillmark";
+}
+
+// Under another name first, so that a half copied file never passes for the whole one.
+void CopyFile(const fs::path& from, const fs::path& to) {
+    const fs::path fresh = to.native() + ".new";
+    fs::copy_file(from, fresh, fs::copy_options::overwrite_existing);
+    fs::permissions(fresh, fs::perms::owner_write, fs::perm_options::add);
+    fs::rename(fresh, to);
+}
+
+void CopyMissing(const fs::path& from, const fs::path& to) {
+    fs::create_directories(to);
+    if (!fs::exists(from))
+        return;
+    for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
+        const fs::path target = to / entry.path().filename();
+        if (entry.is_directory())
+            CopyMissing(entry.path(), target);
+        else if (!fs::exists(target))
+            CopyFile(entry.path(), target);
+    }
+}
+
+} // namespace
+
+void PrepareProgramFolder(const fs::path& executable) {
+    Folder() = ChooseFolder(executable).lexically_normal();
+    try {
+        CopyMissing(executable.parent_path().parent_path() / "share" / "quillmark", Folder());
+    } catch (const fs::filesystem_error& error) {
+        qCWarning(lcQuillmark) << "the program's folder can't be filled:" << error.what();
+    }
+}
+
+QString ProgramFolder() {
+    return FromNative(Folder());
+}
+
+QString CommandLinePath(const std::vector<std::string>& arguments) {
+    std::string joined;
+    for (const std::string& argument : arguments)
+        joined += (joined.empty() ? "" : " ") + argument;
+    return joined.empty() ? QString() : FromNative(joined);
+}
+
+void ChangeDirectory(const QString& folder) {
+    if (::chdir(ToNative(folder).c_str()) != 0)
+        throw Failure(
+            FailureCode::PathNotFound, QStringLiteral("Rutas"),
+            QStringLiteral("No se puede entrar en la carpeta \"%1\".").arg(DisplayText(folder)));
+}
+
+void EndProcess() {
+    if (End())
+        End()();
+    else
+        std::_Exit(EXIT_SUCCESS);
+}
+
+void ReplaceEndProcess(std::function<void()> end) {
+    End() = std::move(end);
+}
+
+} // namespace platform

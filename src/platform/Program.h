@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+namespace platform {
+
+/// Finds the program's folder and puts the installed data files there that it lacks. It is
+/// QUILLMARK_HOME if that is set, else the folder of the executable if it can be written, else
+/// $XDG_DATA_HOME/quillmark. Files that are there already are the user's and stay as they are.
+/// Call once, before the current directory moves.
+void PrepareProgramFolder(const std::filesystem::path& executable);
+
+/// The program's folder as a program path, without a "\" at the end unless it is a drive's root.
+QString ProgramFolder();
+
+/// The program path of the file named by the arguments behind the program's name: several are one
+/// path with single blanks between them; empty without any.
+QString CommandLinePath(const std::vector<std::string>& arguments);
+
+/// Moves the current drive and directory. Fails (PathNotFound) if the folder can't be entered.
+void ChangeDirectory(const QString& folder);
+
+/// Ends the process at once: no window closes, nothing is asked, nothing is cleaned up.
+void EndProcess();
+/// Puts another end in the place of the process's, for a test. An empty function restores it.
+void ReplaceEndProcess(std::function<void()> end);
+
+} // namespace platform

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+
+namespace platform {
+
+/// How the text of a file is held on the disk. The marks are the byte order marks of Unicode.
+enum class TextEncoding { CodePage, Utf8, Utf8WithMark, Utf16LEWithMark, Utf16BEWithMark };
+
+struct DecodedText {
+    TextEncoding encoding = TextEncoding::CodePage;
+    QByteArray utf8; ///< the text without a mark, line ends untouched
+};
+
+struct EncodedText {
+    TextEncoding encoding = TextEncoding::CodePage; ///< the one that was used
+    QByteArray bytes;
+};
+
+/// Tells the encoding of a file's bytes and turns them into UTF-8. What has no mark and is not
+/// valid UTF-8, or is plain ASCII, counts as the code page. EncodeText of the result gives the same
+/// bytes. Fails (InvalidText) on NUL characters and on broken UTF-16: no text editor can hold
+/// these.
+DecodedText DecodeText(const QByteArray& bytes);
+
+/// The bytes for a text. A text that can't be held in the code page, or that would be read back
+/// otherwise from it, becomes UTF-8 without a mark.
+EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted);
+
+} // namespace platform

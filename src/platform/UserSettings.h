@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace platform {
+
+/// The per-user settings store: a text for each application, section and key, kept in the place
+/// where this desktop keeps the settings of a user. Each change is on the disk on return.
+
+/// The value, or the default if there is none.
+QString GetSetting(const QString& application, const QString& section, const QString& key,
+                   const QString& fallback);
+/// A store that can't be written keeps the value for this run only, and the log says so.
+void SaveSetting(const QString& application, const QString& section, const QString& key,
+                 const QString& value);
+/// Fails (FileNotFound) if there is no such key.
+void DeleteSetting(const QString& application, const QString& section, const QString& key);
+/// Deletes the whole section. Fails (FileNotFound) if there is no such section.
+void DeleteSetting(const QString& application, const QString& section);
+
+} // namespace platform

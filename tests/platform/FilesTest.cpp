@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Files.h"
+#include "platform/Failure.h"
+#include "platform/FileSystemObject.h"
+#include "support/TestHome.h"
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace platform;
+namespace fs = std::filesystem;
+
+namespace {
+
+// Runs the operation and answers the text of its failure.
+template<class Operation>
+QString FailureOf(Operation operation) {
+    try {
+        operation();
+    } catch (const Failure& failure) {
+        EXPECT_TRUE(failure.IsFileAccess());
+        return failure.Text();
+    }
+    return {};
+}
+
+class FilesTest : public testing::Test {
+protected:
+    int EntriesAtHome() const {
+        return static_cast<int>(std::distance(fs::directory_iterator(home.Root()), {}));
+    }
+    support::TestHome home;
+    const QString a = QStringLiteral("C:\\a.lua");
+};
+
+// No file of the process can grow above the size while this lives.
+class SizeLimit {
+public:
+    explicit SizeLimit(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~SizeLimit() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
+} // namespace
+
+TEST_F(FilesTest, AWrittenFileIsReadBackAndKeepsItsPermissions) {
+    WriteFile(a, "uno");
+    fs::permissions(home.Root() / "a.lua", fs::perms(0751));
+    WriteFile(a, QByteArray("dos\0\xFF", 5));
+    EXPECT_EQ(ReadFile(a), QByteArray("dos\0\xFF", 5));
+    EXPECT_EQ(fs::status(home.Root() / "a.lua").permissions(), fs::perms(0751));
+    WriteFile(a, "");
+    EXPECT_EQ(ReadFile(a), "");
+    EXPECT_EQ(EntriesAtHome(), 2); // the file and the program's folder
+}
+
+TEST_F(FilesTest, LinksStayLinks) {
+    home.Put("real.lua", "viejo");
+    fs::create_symlink("real.lua", home.Root() / "enlace.lua");
+    fs::create_symlink("futuro.lua", home.Root() / "colgado.lua");
+    fs::create_hard_link(home.Root() / "real.lua", home.Root() / "duro.lua");
+    WriteFile(QStringLiteral("C:\\enlace.lua"), "nuevo y largo");
+    EXPECT_TRUE(fs::is_symlink(home.Root() / "enlace.lua"));
+    EXPECT_EQ(home.Get("real.lua"), "nuevo y largo");
+    EXPECT_EQ(home.Get("duro.lua"), "nuevo y largo");
+    WriteFile(QStringLiteral("C:\\duro.lua"), "c");
+    EXPECT_EQ(home.Get("real.lua"), "c");
+    WriteFile(QStringLiteral("C:\\colgado.lua"), "x");
+    EXPECT_TRUE(fs::is_symlink(home.Root() / "colgado.lua"));
+    EXPECT_EQ(home.Get("futuro.lua"), "x");
+}
+
+TEST_F(FilesTest, AFailedWriteLeavesTheOldFile) {
+    const QByteArray old(100, 'v');
+    home.Put("a.lua", old);
+    home.Put("otro.lua", old);
+    fs::create_hard_link(home.Root() / "otro.lua", home.Root() / "duro.lua");
+    const int entries = EntriesAtHome();
+    {
+        const SizeLimit limit(4096);
+        for (const char* name : {"C:\\a.lua", "C:\\duro.lua", "C:\\nuevo.lua"}) {
+            const QString text =
+                FailureOf([&] { WriteFile(QString::fromLatin1(name), QByteArray(10000, 'n')); });
+            EXPECT_TRUE(text.contains(QString::fromLatin1(name))) << text.toStdString();
+        }
+    }
+    EXPECT_EQ(home.Get("a.lua"), old);
+    EXPECT_EQ(home.Get("otro.lua"), old);
+    EXPECT_EQ(EntriesAtHome(), entries);
+}
+
+TEST_F(FilesTest, FailuresNameTheFileAndTheReason) {
+    fs::create_directory(home.Root() / "carpeta");
+    ::mkfifo((home.Root() / "tubo").c_str(), 0600);
+    fs::create_symlink("bucle", home.Root() / "bucle");
+    const auto open = [](const char* path) {
+        return FailureOf([&] { ReadFile(QString::fromUtf8(path)); });
+    };
+    EXPECT_EQ(open("C:\\no está"),
+              QStringLiteral("No se puede abrir el archivo \"C:\\no está\": no existe."));
+    EXPECT_TRUE(open("C:\\carpeta").contains(QStringLiteral("es una carpeta")));
+    EXPECT_TRUE(open("C:\\tubo").contains(QStringLiteral("no es un archivo normal")));
+    EXPECT_TRUE(open("C:\\bucle").contains(QStringLiteral("ciclo de enlaces")));
+    const auto save = [](const char* path) {
+        return FailureOf([&] { WriteFile(QString::fromUtf8(path), "x"); });
+    };
+    EXPECT_EQ(save("C:\\nada\\a.lua"),
+              QStringLiteral(
+                  "No se puede guardar el archivo \"C:\\nada\\a.lua\": la carpeta no existe."));
+    EXPECT_TRUE(save("C:\\carpeta").contains(QStringLiteral("es una carpeta")));
+    EXPECT_TRUE(save("C:\\tubo").contains(QStringLiteral("no es un archivo normal")));
+    EXPECT_TRUE(save("C:\\bucle").contains(QStringLiteral("ciclo de enlaces")));
+    EXPECT_TRUE(save(("C:\\" + std::string(300, 'x')).c_str()).contains(u"demasiado largo"));
+}
+
+TEST_F(FilesTest, WithoutPermission) {
+    home.Put("solo lectura.lua", "x");
+    home.Put("cerrada/a.lua", "viejo");
+    fs::permissions(home.Root() / "solo lectura.lua", fs::perms(0444));
+    fs::permissions(home.Root() / "cerrada", fs::perms(0555));
+    // Root may write everything: the rest of the test is an ordinary user's.
+    const uid_t user = ::geteuid() == 0 ? 65534 : ::geteuid();
+    ASSERT_EQ(::chown(home.Root().c_str(), user, static_cast<gid_t>(-1)), 0);
+    ASSERT_EQ(::chown((home.Root() / "cerrada/a.lua").c_str(), user, static_cast<gid_t>(-1)), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool changed = ::geteuid() != 0 || ::setresuid(user, user, user) == 0;
+        const QString readOnly =
+            FailureOf([] { WriteFile(QStringLiteral("C:\\solo lectura.lua"), "y"); });
+        const QString closed =
+            FailureOf([] { WriteFile(QStringLiteral("C:\\cerrada\\nuevo.lua"), "y"); });
+        // An old file in such a folder is written in place.
+        const QString old = FailureOf([] { WriteFile(QStringLiteral("C:\\cerrada\\a.lua"), "y"); });
+        const bool told = readOnly.contains(u"no tienes permiso") &&
+                          closed.contains(u"no tienes permiso") && old.isEmpty();
+        ::_exit(changed && told ? 0 : 1);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(home.Get("solo lectura.lua"), "x");
+    EXPECT_EQ(home.Get("cerrada/a.lua"), "y");
+    fs::permissions(home.Root() / "cerrada", fs::perms(0755));
+}
+
+TEST_F(FilesTest, FileSystemObject) {
+    const FileSystemObject fso;
+    const QString path = home.Put("carpeta/temp.lua", "x");
+    EXPECT_TRUE(fso.FileExists(path));
+    EXPECT_FALSE(fso.FileExists(QStringLiteral("C:\\carpeta")));
+    EXPECT_FALSE(fso.FileExists(QStringLiteral("Q:\\x")));
+    fso.DeleteFile(path, true);
+    EXPECT_FALSE(fso.FileExists(path));
+    EXPECT_TRUE(FailureOf([&] { fso.DeleteFile(path); }).contains(u"no existe"));
+}

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Form.h"
+#include "platform/Failure.h"
+#include "platform/MDIFrame.h"
+#include "platform/Timer.h"
+#include "support/ScriptedDialogs.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPointer>
+#include <QTest>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+using namespace platform;
+
+namespace {
+
+class LoudForm : public Form {
+public:
+    QStringList events;
+    bool cancelled = false;
+    bool fails = false;
+
+private:
+    void Note(const QString& event) {
+        events.append(event);
+        if (fails)
+            throw Failure(FailureCode::NoObject, QString(), QStringLiteral("falla ") + event);
+    }
+    void Form_Load() override { Note(QStringLiteral("load")); }
+    void Form_Resize() override {
+        if (!events.endsWith(QStringLiteral("resize")))
+            Note(QStringLiteral("resize"));
+    }
+    void Form_QueryUnload(bool& cancel) override {
+        Unload(); // on its way already
+        cancel = cancelled;
+        Note(QStringLiteral("query"));
+    }
+    void Form_Unload() override { Note(QStringLiteral("unload")); }
+};
+
+class Frame : public MDIFrame {
+public:
+    LoudForm* NewForm() {
+        auto* form = new LoudForm;
+        Adopt(form);
+        return form;
+    }
+    QStringList dropped;
+    int asked = 0;
+
+private:
+    void FileDropped(const QString& path) override { dropped.append(path); }
+    void MDIForm_QueryUnload(bool&) override { ++asked; }
+};
+
+class FormTest : public testing::Test {
+protected:
+    FormTest() { frame.Show(); }
+    support::ScriptedDialogs dialogs;
+    Frame frame;
+};
+
+} // namespace
+
+TEST_F(FormTest, LivesThroughItsEventsOnce) {
+    const QPointer<LoudForm> form = frame.NewForm();
+    EXPECT_TRUE(frame.Forms().empty());
+    form->Show();
+    form->Show();
+    EXPECT_EQ(frame.ActiveForm(), form);
+    EXPECT_EQ(frame.Forms(), std::vector<Form*>{form});
+    form->cancelled = true;
+    EXPECT_FALSE(form->Unload());
+    EXPECT_TRUE(form->isVisible());
+    form->cancelled = false;
+    form->events.clear();
+    EXPECT_TRUE(form->Shell()->close() || !form->isVisible());
+    EXPECT_EQ(form->events, QStringList({QStringLiteral("query"), QStringLiteral("unload")}));
+    EXPECT_TRUE(frame.Forms().empty());
+    EXPECT_EQ(frame.ActiveForm(), nullptr);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(form.isNull());
+}
+
+TEST_F(FormTest, MovesInTwipsAndKnowsItsState) {
+    LoudForm* form = frame.NewForm();
+    form->Show();
+    form->Move(1500, 300, 8000, 10350);
+    EXPECT_EQ(form->Shell()->pos(), QPoint(100, 20));
+    EXPECT_NEAR(form->Width(), 8000, kTwipsPerPixel);
+    EXPECT_NEAR(form->Height(), 10350, kTwipsPerPixel);
+    form->events.clear();
+    form->State(WindowState::Minimised);
+    EXPECT_EQ(form->State(), WindowState::Minimised);
+    EXPECT_EQ(form->events, QStringList{QStringLiteral("resize")});
+    form->Show();
+    EXPECT_EQ(form->State(), WindowState::Normal);
+    form->State(WindowState::Maximised);
+    EXPECT_EQ(form->State(), WindowState::Maximised);
+    frame.Caption(QStringLiteral("a [*] b"));
+    form->Caption(QStringLiteral("otro"));
+    EXPECT_EQ(frame.windowTitle(), QStringLiteral("a [*][*] b")); // the child's title stays out
+}
+
+TEST_F(FormTest, AFailureOfAHandlerIsShownAndTheProgramGoesOn) {
+    LoudForm* form = frame.NewForm();
+    form->Show();
+    form->fails = true;
+    dialogs.Expect(QStringLiteral("falla query"), Answer::Ok);
+    dialogs.Expect(QStringLiteral("falla unload"), Answer::Ok);
+    EXPECT_TRUE(form->Unload());
+    EXPECT_EQ(dialogs.messages[0].title, QStringLiteral("Quillmark"));
+    EXPECT_EQ(dialogs.messages[0].icon, Icon::Error);
+}
+
+TEST_F(FormTest, TheFrameClosesItsChildrenFirst) {
+    LoudForm* first = frame.NewForm();
+    LoudForm* second = frame.NewForm();
+    first->Show();
+    second->Show();
+    second->cancelled = true;
+    EXPECT_FALSE(frame.close());
+    EXPECT_EQ(frame.asked, 0);
+    EXPECT_EQ(frame.Forms(), std::vector<Form*>{second});
+    second->cancelled = false;
+    EXPECT_TRUE(frame.close());
+    EXPECT_EQ(frame.asked, 1);
+}
+
+TEST_F(FormTest, DroppedFilesReachTheFrame) {
+    QMimeData data;
+    data.setUrls({QUrl(QStringLiteral("file:///tmp/a%20b%3A%F1.lua")),
+                  QUrl(QStringLiteral("https://example.org/x"))});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &drop);
+    EXPECT_EQ(frame.dropped, QStringList{QStringLiteral("Z:\\tmp\\a b\uF03A\uF0F1.lua")});
+}
+
+namespace {
+
+struct Ticker : QObject {
+    int ticks = 0;
+    int depth = 0;
+    int deepest = 0;
+    void Tick() {
+        deepest = std::max(deepest, ++depth);
+        ++ticks;
+        QTest::qWait(20); // yields, so the timer could come again
+        --depth;
+    }
+};
+
+} // namespace
+
+TEST(Timer, NeverRunsInsideItsOwnHandler) {
+    Ticker ticker;
+    Timer timer(&ticker, &Ticker::Tick);
+    timer.Interval(1);
+    timer.Enabled(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ticker.ticks >= 3; }));
+    timer.Enabled(false);
+    EXPECT_EQ(ticker.deepest, 1);
+}

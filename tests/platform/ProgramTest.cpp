@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Program.h"
+#include "platform/Failure.h"
+#include "support/TestHome.h"
+
+#include <gtest/gtest.h>
+
+using namespace platform;
+namespace fs = std::filesystem;
+
+TEST(Program, ItsFolderIsFilledWithoutTouchingWhatIsThere) {
+    const support::TestHome home;
+    home.Put("prefijo/share/quillmark/config.ini", "nuevo");
+    home.Put("prefijo/share/quillmark/Code/codea", "ejemplo");
+    home.Put("programa/config.ini", "del usuario");
+    fs::permissions(home.Root() / "prefijo/share/quillmark/Code/codea", fs::perms(0444));
+    PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
+    EXPECT_EQ(ProgramFolder(), QStringLiteral("C:\\programa"));
+    EXPECT_EQ(home.Get("programa/config.ini"), "del usuario");
+    EXPECT_EQ(home.Get("programa/Code/codea"), "ejemplo");
+    const auto permissions = fs::status(home.Root() / "programa/Code/codea").permissions();
+    EXPECT_NE(permissions & fs::perms::owner_write, fs::perms::none);
+}
+
+TEST(Program, ItsFolderWithoutAnOverride) {
+    const support::TestHome home;
+    home.Put("prefijo/bin/quillmark", "");
+    qunsetenv("QUILLMARK_HOME");
+    PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
+    EXPECT_EQ(ProgramFolder(), QStringLiteral("C:\\prefijo\\bin"));
+    qputenv("XDG_DATA_HOME", (home.Root() / "datos").c_str());
+    PrepareProgramFolder("/proc/no/se/escribe/quillmark");
+    EXPECT_EQ(ProgramFolder(), QStringLiteral("C:\\datos\\quillmark"));
+    EXPECT_TRUE(fs::is_directory(home.Root() / "datos/quillmark"));
+    qunsetenv("XDG_DATA_HOME");
+}
+
+TEST(Program, TheCommandLineIsOnePath) {
+    const support::TestHome home;
+    fs::create_directories(home.Root() / "mis juegos");
+    fs::current_path(home.Root() / "mis juegos");
+    EXPECT_EQ(CommandLinePath({}), QString());
+    EXPECT_EQ(CommandLinePath({"uno", "y", "dos.lua"}),
+              QStringLiteral("C:\\mis juegos\\uno y dos.lua"));
+    EXPECT_EQ(CommandLinePath({"/etc/\"x\""}), QStringLiteral("Z:\\etc\\\uF022x\uF022"));
+    ChangeDirectory(QStringLiteral("C:\\"));
+    EXPECT_EQ(fs::current_path(), home.Root());
+    EXPECT_THROW(ChangeDirectory(QStringLiteral("C:\\nada")), Failure);
+}

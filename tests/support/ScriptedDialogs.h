@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Dialogs.h"
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace support {
+
+/// Stands in the place of the desktop's dialogs while it lives. Each dialog must have been
+/// announced, in order, or the test fails; so does one that was announced and did not come.
+class ScriptedDialogs {
+public:
+    ScriptedDialogs();
+    ~ScriptedDialogs();
+    ScriptedDialogs(const ScriptedDialogs&) = delete;
+    ScriptedDialogs& operator=(const ScriptedDialogs&) = delete;
+
+    /// A message box whose text holds `text`, and the answer to it.
+    void Expect(const QString& text, platform::Answer answer);
+    /// A file dialog, and the name that the user picks; empty: the user leaves.
+    void ExpectName(const QString& name);
+    /// A modal form, and what the user does in it.
+    void ExpectForm(std::function<void(platform::Form&)> use);
+    /// The print dialog or the page set-up, and what the user sets; a false answer leaves it.
+    void ExpectPrinter(std::function<bool(QPrinter&)> use);
+
+    /// All that was asked so far.
+    std::vector<platform::Message> messages;
+    std::vector<platform::FileQuestion> questions;
+
+private:
+    class Stand;
+    struct Step {
+        QString text;
+        platform::Answer answer = platform::Answer::Ok;
+        std::function<void(platform::Form&)> form;
+        std::function<bool(QPrinter&)> printer;
+        enum { Message, Name, Form, Printer } kind = Message;
+    };
+    Step Next(int kind, const QString& what);
+
+    std::deque<Step> m_steps;
+    std::unique_ptr<platform::Dialogs> m_before;
+};
+
+} // namespace support

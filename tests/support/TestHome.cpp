@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/TestHome.h"
+
+#include "platform/Drives.h"
+#include "platform/Paths.h"
+#include "platform/Program.h"
+
+#include <QSettings>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+namespace support {
+
+namespace fs = std::filesystem;
+
+TestHome::TestHome() {
+    qputenv("HOME", m_folder.path().toUtf8());
+    qputenv("QUILLMARK_HOME", (m_folder.path() + QStringLiteral("/programa")).toUtf8());
+    qputenv("QUILLMARK_DRIVES", "");
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                       m_folder.path() + QStringLiteral("/.config"));
+    platform::ResetCurrentDrives();
+    platform::PrepareProgramFolder(Root() / "bin" / "quillmark");
+    fs::current_path(Root());
+}
+
+TestHome::~TestHome() {
+    fs::current_path("/");
+}
+
+QString TestHome::Put(const std::string& name, const QByteArray& bytes) const {
+    const fs::path path = Root() / name;
+    fs::create_directories(path.parent_path());
+    std::ofstream file(path, std::ios::binary);
+    EXPECT_TRUE(file.write(bytes.data(), bytes.size()).flush()) << path;
+    return platform::FromNative(path);
+}
+
+QByteArray TestHome::Get(const std::string& name) const {
+    std::ifstream file(Root() / name, std::ios::binary);
+    return QByteArray::fromStdString({std::istreambuf_iterator<char>(file), {}});
+}
+
+} // namespace support

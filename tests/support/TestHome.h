@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QTemporaryDir>
+#include <filesystem>
+
+namespace support {
+
+/// A fresh user: home folder (drive C), per-user store and program folder (C:\programa), gone again
+/// with the object. The current directory is the home folder.
+class TestHome {
+public:
+    TestHome();
+    ~TestHome();
+    TestHome(const TestHome&) = delete;
+    TestHome& operator=(const TestHome&) = delete;
+
+    std::filesystem::path Root() const { return m_folder.path().toStdString(); }
+    /// Writes a file below the home folder, with the folders above it; answers its program path.
+    QString Put(const std::string& name, const QByteArray& bytes) const;
+    /// The bytes of a file below the home folder; empty if it isn't there.
+    QByteArray Get(const std::string& name) const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace support
