@@ -63,7 +63,18 @@ MDIFrame::MDIFrame() : m_area(new QMdiArea(this)) {
     resize(kDesignedSize.boundedTo(screen()->availableSize()));
 }
 
-MDIFrame::~MDIFrame() = default;
+MDIFrame::~MDIFrame() {
+    DeleteChildren();
+}
+
+void MDIFrame::DeleteChildren() {
+    while (!m_forms.empty()) {
+        Form* form = m_forms.back();
+        QWidget* shell = form->Shell();
+        form->Discard(); // no event reaches it any more
+        delete shell;
+    }
+}
 
 void MDIFrame::Caption(const QString& caption) {
     m_caption = caption;

@@ -42,6 +42,10 @@ public:
     int Height() const;
 
 protected:
+    /// Takes all children away at once. A frame whose children call it back does so in its
+    /// destructor.
+    void DeleteChildren();
+
     virtual void MDIForm_Initialize() {}
     virtual void MDIForm_Load() {}
     virtual void MDIForm_QueryUnload(bool& cancel) { Q_UNUSED(cancel) }
@@ -54,7 +58,6 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void Initialise();
     std::vector<QMdiSubWindow*> Shells(bool minimised) const;
 
     QMdiArea* m_area;

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/CodeMax.h"
+
+#include "documents/CodeMaxConstants.h"
+#include "documents/ScriptEditor.h"
+#include "documents/ScriptPrinter.h"
+#include "platform/Failure.h"
+#include "platform/Files.h"
+#include "platform/Twips.h"
+
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+namespace documents {
+namespace {
+
+using platform::Failure;
+using platform::FailureCode;
+
+// Colours and bracket matching cost too much in texts above this size, in bytes.
+constexpr qsizetype kLargeText = 8 << 20;
+
+[[noreturn]] void Refuse(const QString& what, int number) {
+    throw Failure(FailureCode::InvalidArgument, QStringLiteral("CodeMax"),
+                  QStringLiteral("El editor no conoce %1 %2.").arg(what).arg(number));
+}
+
+QByteArray WithoutNul(const QString& text) {
+    return text.toUtf8().replace('\0', QByteArrayView());
+}
+
+platform::DecodedText ReadText(const QString& path) {
+    const QByteArray bytes = platform::ReadFile(path);
+    try {
+        return platform::DecodeText(bytes);
+    } catch (const Failure& failure) {
+        throw Failure(failure.Code(), failure.Source(),
+                      platform::FileFailureText(u"abrir", path, failure.Text()));
+    }
+}
+
+} // namespace
+
+CodeMax::CodeMax(QWidget* parent) : QWidget(parent), m_editor(new ScriptEditor(this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_editor);
+    setFocusProxy(m_editor);
+    m_editor->setAccessibleName(QStringLiteral("Texto del script"));
+    connect(m_editor, &QsciScintilla::textChanged, this, [this] {
+        m_begun = true;
+        if (!m_quiet)
+            Q_EMIT Change(this);
+    });
+}
+
+QByteArray CodeMax::Bytes() const {
+    return m_editor->Bytes();
+}
+
+QString CodeMax::Text() const {
+    return QString::fromUtf8(m_editor->Bytes());
+}
+
+void CodeMax::Begin(const QByteArray& utf8) {
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_editor->SetLuaColors(false); // not while the text arrives
+    m_editor->Load(utf8);
+    ChooseHelpers();
+    m_begun = true;
+}
+
+void CodeMax::Text(const QString& text) {
+    const QByteArray utf8 = WithoutNul(text);
+    if (!m_begun) {
+        Begin(utf8);
+        return;
+    }
+    {
+        const QScopedValueRollback quiet(m_quiet, true); // the removal and the insertion are one
+        m_editor->ReplaceAll(utf8);
+    }
+    Q_EMIT Change(this);
+}
+
+void CodeMax::SelText(const QString& text) {
+    m_editor->SendScintilla(QsciScintilla::SCI_REPLACESEL, WithoutNul(text).constData());
+    m_editor->ensureCursorVisible();
+}
+
+void CodeMax::OpenFile(const QString& path) {
+    const platform::DecodedText decoded = ReadText(path);
+    Begin(decoded.utf8);
+    m_encoding = decoded.encoding;
+}
+
+void CodeMax::SaveFile(const QString& path, bool) {
+    const platform::EncodedText encoded = platform::EncodeText(Bytes(), m_encoding);
+    platform::WriteFile(path, encoded.bytes);
+    m_encoding = encoded.encoding;
+}
+
+void CodeMax::Undo() {
+    m_editor->undo();
+}
+void CodeMax::Redo() {
+    m_editor->redo();
+}
+void CodeMax::Copy() {
+    m_editor->copy();
+}
+void CodeMax::Cut() {
+    m_editor->cut();
+}
+void CodeMax::Paste() {
+    m_editor->paste();
+}
+
+void CodeMax::ExecuteCmd(int command) {
+    if (command != kSelectAllCommand)
+        Refuse(QStringLiteral("la orden"), command);
+    m_editor->selectAll();
+}
+
+void CodeMax::SetColor(int item, int color) {
+    if (item < 0 || item > kLastColorItem)
+        Refuse(QStringLiteral("el color"), item);
+    m_editor->SetItemColor(item, color);
+}
+
+void CodeMax::SetOption(int option, int value) {
+    const bool on = value != 0;
+    switch (option) {
+    case kBraceMatchOption:
+        m_wantsBraces = on;
+        return ChooseHelpers();
+    case kKeepTabsOption:
+        return m_editor->setIndentationsUseTabs(on);
+    case kSyntaxColorOption:
+        m_wantsColors = on;
+        return ChooseHelpers();
+    case kLeftMarginOption:
+        return m_editor->ShowLeftMargin(on);
+    case kLineNumberOption:
+        return m_editor->ShowLineNumbers(on);
+    case kAutoIndentOption:
+        return m_editor->setAutoIndent(on);
+    default:
+        Refuse(QStringLiteral("la opción"), option);
+    }
+}
+
+void CodeMax::ChooseHelpers() {
+    const bool large = m_editor->length() > kLargeText;
+    m_editor->SetLuaColors(m_wantsColors && !large);
+    m_editor->setBraceMatching(m_wantsBraces && !large ? QsciScintilla::SloppyBraceMatch
+                                                       : QsciScintilla::NoBraceMatch);
+}
+
+void CodeMax::FontName(const QString& name) {
+    m_editor->SetFontName(name);
+}
+void CodeMax::FontSize(int points) {
+    m_editor->SetFontPoints(points);
+}
+
+void CodeMax::PrintDoc(int, int flags) {
+    if (flags == kPageSetupFlags)
+        SetUpScriptPage(window());
+    else if (flags == kPrintFlags)
+        PrintScript(*m_editor, parentWidget()->windowTitle());
+    else
+        Refuse(QStringLiteral("la impresión"), flags);
+}
+
+void CodeMax::Move(int left, int top, int width, int height) {
+    setGeometry(platform::ToPixels(left), platform::ToPixels(top), platform::ToPixels(width),
+                platform::ToPixels(height));
+}
+
+void CodeMax::SetFocus() {
+    setFocus();
+}
+
+} // namespace documents

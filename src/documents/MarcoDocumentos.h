@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace documents {
+
+/// What a document asks of the main window.
+class MarcoDocumentos {
+public:
+    virtual ~MarcoDocumentos() = default;
+
+    /// Writes the temp file of the test run.
+    virtual void crear_temporal_click() = 0;
+    /// The caption of the main window.
+    virtual void Rotulo(const QString& texto) = 0;
+    /// The height of the main window, in twips.
+    virtual int Alto() const = 0;
+};
+
+} // namespace documents

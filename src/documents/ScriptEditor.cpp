@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/ScriptEditor.h"
+
+#include "documents/CodeMaxConstants.h"
+
+#include <QDragEnterEvent>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QMimeData>
+#include <Qsci/qscicommandset.h>
+#include <algorithm>
+#include <vector>
+
+namespace documents {
+namespace {
+
+constexpr int kLineNumberMargin = 0;
+constexpr int kLeftMargin = 1;
+constexpr int kLeftMarginPixels = 6;
+constexpr int kBookmarkMarker = 0;
+constexpr int kHighlightMarker = 1;
+constexpr int kTabColumns = 4;
+constexpr qsizetype kLineEndSample = 1 << 16;
+
+// Styles of the engine's Lua lexer.
+enum LuaStyle {
+    kCommentBlock = 1,
+    kCommentLine = 2,
+    kNumber = 4,
+    kKeyword = 5,
+    kString = 6,
+    kCharacter = 7,
+    kLiteralString = 8,
+    kOperator = 10,
+    kUnclosedString = 12,
+    kScopeKeyword = 13,
+};
+
+constexpr const char* kKeywords = "and break elseif false goto in local nil not or return true";
+constexpr const char* kScopeKeywords = "do else end for function if repeat then until while";
+
+enum class Part { Paper, Ink, LeftMargin, NumberInk, NumberPaper, Marker };
+
+// What each item colours, and its default. `index` is a style or the number of a marker.
+struct ColorRow {
+    ColorItem item;
+    Part part;
+    int index;
+    int standard;
+};
+
+constexpr std::array kColorRows = {
+    ColorRow{kWindowItem, Part::Paper, 0, 0xFFFFFF},
+    ColorRow{kTextItem, Part::Ink, 0, 0x000000},
+    ColorRow{kNumberItem, Part::Ink, kNumber, 0x000000},
+    ColorRow{kKeywordItem, Part::Ink, kKeyword, 0xFF0000},
+    ColorRow{kScopeKeywordItem, Part::Ink, kScopeKeyword, 0xFF0000},
+    ColorRow{kOperatorItem, Part::Ink, kOperator, 0x0000FF},
+    ColorRow{kCommentItem, Part::Ink, kCommentBlock, 0x008000},
+    ColorRow{kCommentItem, Part::Ink, kCommentLine, 0x008000},
+    ColorRow{kStringItem, Part::Ink, kString, 0x000000},
+    ColorRow{kStringItem, Part::Ink, kCharacter, 0x000000},
+    ColorRow{kStringItem, Part::Ink, kLiteralString, 0x000000},
+    ColorRow{kStringItem, Part::Ink, kUnclosedString, 0x000000},
+    ColorRow{kLeftMarginItem, Part::LeftMargin, 0, 0xE0E0E0},
+    ColorRow{kLineNumberTextItem, Part::NumberInk, 0, 0x000000},
+    ColorRow{kLineNumberBackgroundItem, Part::NumberPaper, 0, 0xE0E0E0},
+    ColorRow{kBookmarkItem, Part::Marker, kBookmarkMarker, 0xFFFF00},
+    ColorRow{kHighlightedLineItem, Part::Marker, kHighlightMarker, 0x00FFFF},
+};
+
+int RedFirst(int bgr) {
+    return (bgr & 0xFF) << 16 | (bgr & 0xFF00) | (bgr >> 16 & 0xFF);
+}
+
+// The line end that the text uses most; CR LF if it has none.
+QsciScintilla::EolMode LineEndOf(QByteArrayView text) {
+    int crlf = 0;
+    int cr = 0;
+    int lf = 0;
+    for (qsizetype i = 0; i < std::min(text.size(), kLineEndSample); ++i) {
+        const bool beforeLf = i + 1 < text.size() && text[i + 1] == '\n';
+        const bool afterCr = i > 0 && text[i - 1] == '\r';
+        crlf += text[i] == '\r' && beforeLf;
+        cr += text[i] == '\r' && !beforeLf;
+        lf += text[i] == '\n' && !afterCr;
+    }
+    if (crlf >= std::max(cr, lf))
+        return QsciScintilla::EolWindows;
+    return lf >= cr ? QsciScintilla::EolUnix : QsciScintilla::EolMac;
+}
+
+// The keys that stay with the editor although they are Ctrl and a letter.
+bool IsEditingKey(int key) {
+    constexpr std::array kLetters = {Qt::Key_C, Qt::Key_V, Qt::Key_X, Qt::Key_Y, Qt::Key_Z};
+    const auto isKey = [&](Qt::Key letter) { return key == (Qt::CTRL | letter).toCombined(); };
+    return std::any_of(kLetters.begin(), kLetters.end(), isKey);
+}
+
+bool BelongsToTheMenu(int key) {
+    const int letter = key & ~Qt::KeyboardModifierMask;
+    const bool control = (key & Qt::CTRL) != 0 && (key & Qt::ALT) == 0;
+    return control && letter >= Qt::Key_A && letter <= Qt::Key_Z && !IsEditingKey(key);
+}
+
+} // namespace
+
+ScriptEditor::ScriptEditor(QWidget* parent) : QsciScintilla(parent) {
+    m_colors.fill(-1);
+    setUtf8(true);
+    setEolMode(EolWindows);
+    setTabWidth(kTabColumns);
+    setIndentationWidth(kTabColumns);
+    setIndentationsUseTabs(false);
+    setMarginWidth(kLeftMargin, 0);
+    SendScintilla(SCI_SETMARGINTYPEN, kLeftMargin, SC_MARGIN_COLOUR);
+    SendScintilla(SCI_SETSCROLLWIDTH, 1);
+    SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1);
+    SendScintilla(SCI_MARKERDEFINE, kHighlightMarker, SC_MARK_BACKGROUND);
+    connect(this, &QsciScintilla::linesChanged, this, &ScriptEditor::FitLineNumbers);
+    ReleaseMenuKeys();
+    ApplyColors();
+}
+
+void ScriptEditor::ReleaseMenuKeys() {
+    for (QsciCommand* command : standardCommands()->commands()) {
+        if (BelongsToTheMenu(command->key()))
+            command->setKey(0);
+        if (BelongsToTheMenu(command->alternateKey()))
+            command->setAlternateKey(0);
+    }
+}
+
+QByteArray ScriptEditor::Bytes() const {
+    const auto* text = static_cast<const char*>(SendScintillaPtrResult(SCI_GETCHARACTERPOINTER));
+    return {text, static_cast<qsizetype>(SendScintilla(SCI_GETLENGTH))};
+}
+
+void ScriptEditor::Load(const QByteArray& utf8) {
+    SendScintilla(SCI_SETUNDOCOLLECTION, 0);
+    SendScintilla(SCI_CLEARALL);
+    SendScintilla(SCI_ALLOCATE, static_cast<unsigned long>(utf8.size()));
+    SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(utf8.size()), utf8.constData());
+    SendScintilla(SCI_EMPTYUNDOBUFFER);
+    SendScintilla(SCI_SETUNDOCOLLECTION, 1);
+    setEolMode(LineEndOf(utf8));
+}
+
+void ScriptEditor::ReplaceAll(const QByteArray& utf8) {
+    SendScintilla(SCI_TARGETWHOLEDOCUMENT);
+    SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(utf8.size()), utf8.constData());
+}
+
+void ScriptEditor::SetStyle(unsigned int message, int style, long value) {
+    SendScintilla(message, static_cast<unsigned long>(style), value);
+}
+
+void ScriptEditor::SetItemColor(int item, int color) {
+    m_colors.at(static_cast<size_t>(item)) = color;
+    ApplyColors();
+}
+
+void ScriptEditor::ApplyColors() {
+    const auto paint = [this](const ColorRow& row) {
+        const int chosen = m_colors[row.item];
+        const int bgr = chosen < 0 ? row.standard : chosen;
+        const QColor color(static_cast<QRgb>(RedFirst(bgr)));
+        switch (row.part) {
+        case Part::Paper:
+            SetStyle(SCI_STYLESETBACK, STYLE_DEFAULT, bgr);
+            break;
+        case Part::Ink:
+            SetStyle(SCI_STYLESETFORE, row.index, bgr);
+            break;
+        case Part::LeftMargin:
+            SetStyle(SCI_SETMARGINBACKN, kLeftMargin, bgr);
+            break;
+        case Part::NumberInk:
+            setMarginsForegroundColor(color);
+            break;
+        case Part::NumberPaper:
+            setMarginsBackgroundColor(color);
+            break;
+        case Part::Marker:
+            SetStyle(SCI_MARKERSETBACK, row.index, bgr);
+            break;
+        }
+    };
+    // The paper and the default ink come first: they reset all other styles.
+    SetStyle(SCI_STYLESETFORE, STYLE_DEFAULT, 0);
+    paint(kColorRows.front());
+    SendScintilla(SCI_STYLECLEARALL);
+    std::for_each(kColorRows.begin() + 1, kColorRows.end(), paint);
+}
+
+void ScriptEditor::SetFontName(const QString& name) {
+    QFont font(name);
+    font.setStyleHint(QFont::Monospace);
+    if (!QFontInfo(font).fixedPitch())
+        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    SendScintilla(SCI_STYLESETFONT, static_cast<unsigned long>(STYLE_DEFAULT),
+                  font.family().toUtf8().constData());
+    ApplyColors();
+    FitLineNumbers();
+}
+
+void ScriptEditor::SetFontPoints(int points) {
+    SetStyle(SCI_STYLESETSIZE, STYLE_DEFAULT, points);
+    ApplyColors();
+    FitLineNumbers();
+}
+
+void ScriptEditor::SetLuaColors(bool on) {
+    SendScintilla(SCI_CLEARDOCUMENTSTYLE);
+    SendScintilla(SCI_SETLEXERLANGUAGE, 0UL, on ? "lua" : "null");
+    SendScintilla(SCI_SETKEYWORDS, 0UL, kKeywords);
+    SendScintilla(SCI_SETKEYWORDS, 1UL, kScopeKeywords);
+}
+
+void ScriptEditor::ShowLeftMargin(bool on) {
+    setMarginWidth(kLeftMargin, on ? kLeftMarginPixels : 0);
+}
+
+void ScriptEditor::ShowLineNumbers(bool on) {
+    m_lineNumbers = on;
+    setMarginLineNumbers(kLineNumberMargin, true);
+    FitLineNumbers();
+}
+
+void ScriptEditor::FitLineNumbers() {
+    const qsizetype digits = std::max<qsizetype>(3, QString::number(lines()).size());
+    setMarginWidth(kLineNumberMargin, m_lineNumbers ? QString(digits + 1, u'9') : QString());
+}
+
+void ScriptEditor::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls())
+        event->ignore(); // goes on to the main window, which opens files
+    else
+        QsciScintilla::dragEnterEvent(event);
+}
+
+void ScriptEditor::dragMoveEvent(QDragMoveEvent* event) {
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        QsciScintilla::dragMoveEvent(event);
+}
+
+QByteArray ScriptEditor::fromMimeData(const QMimeData* source, bool& rectangular) const {
+    return QsciScintilla::fromMimeData(source, rectangular).replace('\0', QByteArrayView());
+}
+
+} // namespace documents

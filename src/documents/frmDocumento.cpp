@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/frmDocumento.h"
+
+#include "documents/CodeMaxConstants.h"
+#include "platform/Dialogs.h"
+#include "platform/Failure.h"
+#include "platform/Log.h"
+#include "platform/Program.h"
+#include "ui_frmDocumento.h"
+
+#include <array>
+
+namespace documents {
+namespace {
+
+using platform::Answer;
+using platform::Failure;
+
+// The strip above the editor, where the window's own surface shows, in twips.
+constexpr int kFranja = 350;
+// What the window's height has more than the editor's.
+constexpr int kRestoDeAlto = 850;
+constexpr int kAncho = 8000;
+constexpr int kMenosQueElMarco = 900;
+constexpr int kExtension = 4;
+
+struct ColorDeEditor {
+    ColorItem item;
+    int color; // 0x00BBGGRR, -1: the editor's own
+};
+
+constexpr std::array kColores = {
+    ColorDeEditor{kBookmarkItem, -1},
+    ColorDeEditor{kHorizontalDividerItem, -1},
+    ColorDeEditor{kLineNumberTextItem, 0xFFFFFF},
+    ColorDeEditor{kLineNumberBackgroundItem, 0x000000},
+    ColorDeEditor{kLeftMarginItem, 0x000000},
+    ColorDeEditor{kHighlightedLineItem, 0x0000FF},
+    ColorDeEditor{kStringItem, 0x800080},
+    ColorDeEditor{kVerticalDividerItem, -1},
+    ColorDeEditor{kWindowItem, -1},
+};
+
+QString Esqueleto() {
+    return QStringLiteral("while true do\rscreen:clear()") + QStringLiteral("\r\n").repeated(15) +
+           QStringLiteral("screen.waitVblankStart()\r\nscreen.flip()\r\nend");
+}
+
+} // namespace
+
+frmDocumento::frmDocumento(MarcoDocumentos& marco, shared::ValoresCompartidos& compartido)
+    : m_ui(std::make_unique<Ui::frmDocumento>()),
+      m_marco(marco),
+      m_compartido(compartido),
+      CommonDialog1(this) {
+    m_ui->setupUi(this);
+    m_txtFile = m_ui->txtFile;
+    setFocusProxy(m_txtFile);
+    connect(m_txtFile, &CodeMax::Change, this, &frmDocumento::txtFile_Change);
+}
+
+frmDocumento::~frmDocumento() = default;
+
+void frmDocumento::Form_Load() {
+    m_txtFile->Text(Esqueleto());
+    m_marco.crear_temporal_click();
+    m_compartido.nombre_script = Caption();
+    Move(0, 0, kAncho, m_marco.Alto() - kMenosQueElMarco);
+    for (const Option option :
+         {kLineNumberOption, kLeftMarginOption, kSyntaxColorOption, kKeepTabsOption})
+        m_txtFile->SetOption(option, true);
+    m_txtFile->SetOption(kAutoIndentOption, 1);
+    m_txtFile->FontName(QStringLiteral("Courier New"));
+    m_txtFile->FontSize(10);
+    for (const ColorDeEditor& color : kColores)
+        m_txtFile->SetColor(color.item, color.color);
+    m_txtFile->SetOption(kBraceMatchOption, true);
+}
+
+void frmDocumento::Form_Resize() {
+    QString rotulo = QStringLiteral("Quillmark v2.0.0");
+    if (State() == platform::WindowState::Maximised)
+        rotulo += QStringLiteral(" - ") + Caption();
+    m_marco.Rotulo(rotulo);
+    if (State() != platform::WindowState::Minimised)
+        m_txtFile->Move(0, kFranja, ScaleWidth(), Height() - kRestoDeAlto);
+}
+
+void frmDocumento::Form_MouseMove() {
+    m_compartido.nombre_script =
+        Caption().chopped(std::min<qsizetype>(kExtension, Caption().size()));
+    PublicarTexto();
+}
+
+void frmDocumento::txtFile_Change() {
+    PublicarTexto();
+    flagGuardar = true;
+}
+
+void frmDocumento::PublicarTexto() {
+    m_compartido.texto_script.Publicar(this, [editor = m_txtFile] { return editor->Text(); });
+}
+
+bool frmDocumento::SinGuardar() const {
+    return Caption().contains(QStringLiteral("Nuevo script "));
+}
+
+void frmDocumento::Abrir(const QString& ruta) {
+    m_compartido.texto_script.Soltar(this);
+    m_txtFile->OpenFile(ruta);
+    m_ruta = ruta;
+}
+
+void frmDocumento::GuardarEn(const QString& ruta) {
+    m_txtFile->SaveFile(ruta, false);
+    m_ruta = ruta;
+}
+
+void frmDocumento::Guardar() {
+    GuardarEn(m_ruta.isEmpty() ? Caption() : m_ruta);
+}
+
+void frmDocumento::GuardarAlCerrar() {
+    if (!SinGuardar()) {
+        Guardar();
+        return;
+    }
+    CommonDialog1.Filter(kFiltroGuardar);
+    CommonDialog1.ShowSave();
+    GuardarEn(CommonDialog1.FileName());
+}
+
+// A save that fails here does not stop the closing: the text is gone.
+void frmDocumento::Form_QueryUnload(bool& cancel) {
+    try {
+        const Answer answer = flagGuardar ? platform::MsgBox(QStringLiteral("¿Guardar cambios?"),
+                                                             platform::Buttons::YesNoCancel,
+                                                             platform::Icon::Question, Caption())
+                                          : Answer::No;
+        cancel = answer == Answer::Cancel;
+        if (answer == Answer::Yes)
+            GuardarAlCerrar();
+    } catch (const Failure& failure) {
+        qCWarning(platform::lcQuillmark) << "not saved while closing:" << failure.Text();
+        if (!failure.IsFileAccess())
+            return;
+    }
+    m_compartido.documento_explorador = nullptr;
+}
+
+void frmDocumento::Form_Unload() {
+    m_compartido.texto_script.Soltar(this);
+    const QString temporal = platform::ProgramFolder() + QStringLiteral("\\temp.lua");
+    try {
+        if (fso.FileExists(temporal))
+            fso.DeleteFile(temporal, true);
+    } catch (const Failure& failure) {
+        qCWarning(platform::lcQuillmark) << failure.Text();
+    }
+    --m_compartido.numero_documentos;
+}
+
+} // namespace documents

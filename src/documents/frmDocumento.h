@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "documents/CodeMax.h"
+#include "documents/MarcoDocumentos.h"
+#include "platform/CommonDialog.h"
+#include "platform/FileSystemObject.h"
+#include "platform/Form.h"
+#include "shared/ValoresCompartidos.h"
+
+#include <memory>
+
+namespace Ui {
+class frmDocumento;
+}
+
+namespace documents {
+
+/// The window of one script. Its caption is the document's name; the full path of its file is kept
+/// beside it, for the saving.
+class frmDocumento : public platform::Form {
+    Q_OBJECT
+
+public:
+    frmDocumento(MarcoDocumentos& marco, shared::ValoresCompartidos& compartido);
+    ~frmDocumento() override;
+
+    /// Set by the first change of the text, and never cleared again.
+    bool flagGuardar = false;
+
+    CodeMax& txtFile() { return *m_txtFile; }
+
+    /// True while the caption still is that of a script without a file.
+    bool SinGuardar() const;
+    /// Loads the file into the editor; fails as OpenFile does. The caption is the caller's.
+    void Abrir(const QString& ruta);
+    /// Writes the text to the path, which becomes the document's; fails as SaveFile does.
+    void GuardarEn(const QString& ruta);
+    /// Writes the text to the document's own file.
+    void Guardar();
+
+protected:
+    void Form_Load() override;
+    void Form_Resize() override;
+    void Form_MouseMove() override;
+    void Form_QueryUnload(bool& cancel) override;
+    void Form_Unload() override;
+
+private:
+    void txtFile_Change();
+    void PublicarTexto();
+    void PonerColores();
+    void GuardarAlCerrar();
+
+    std::unique_ptr<Ui::frmDocumento> m_ui;
+    MarcoDocumentos& m_marco;
+    shared::ValoresCompartidos& m_compartido;
+    platform::FileSystemObject fso;
+    platform::CommonDialog CommonDialog1;
+    CodeMax* m_txtFile;
+    QString m_ruta; // program path; empty before the first saving
+};
+
+/// The save dialog's filter for scripts of this program.
+inline const QString kFiltroGuardar = QStringLiteral("Archivos .qmk|*.qmk");
+
+} // namespace documents

@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/CodeMax.h"
+#include "documents/CodeMaxConstants.h"
+#include "platform/Failure.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHome.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QClipboard>
+#include <QPainter>
+#include <QPrinter>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using documents::CodeMax;
+using platform::Failure;
+
+namespace {
+
+class CodeMaxTest : public testing::Test {
+protected:
+    CodeMaxTest() {
+        QObject::connect(&control, &CodeMax::Change, &window, [this] { ++changes; });
+        window.resize(400, 300);
+        control.resize(window.size());
+        window.show();
+        control.SetFocus();
+    }
+    // Opens the bytes as a file, lets `edit` work on it, saves it elsewhere and answers the bytes.
+    template<class Edit>
+    QByteArray Through(const QByteArray& bytes, Edit edit) {
+        CodeMax editor;
+        editor.OpenFile(home.Put("dentro.lua", bytes));
+        edit(editor);
+        editor.SaveFile(QStringLiteral("C:\\fuera.lua"), false);
+        return home.Get("fuera.lua");
+    }
+    QWidget* Engine() { return control.findChild<QAbstractScrollArea*>(); }
+
+    support::TestHome home;
+    QWidget window;
+    CodeMax control{&window};
+    int changes = 0;
+};
+
+void Nothing(CodeMax&) {}
+
+} // namespace
+
+TEST_F(CodeMaxTest, OpenedAndSavedIsTheSameBytes) {
+    QByteArray all;
+    for (int byte = 1; byte < 256; ++byte)
+        all.append(static_cast<char>(byte));
+    const QByteArray files[] = {"",
+                                "a\r\nb\rc\nd\n\r",
+                                "sin fin de linea",
+                                all,
+                                "\xEF\xBB\xBF"
+                                "a\xC3\xB1o\r",
+                                "\xFF\xFE"
+                                "a\n",
+                                QByteArray("x = 1 -- \xF1\r\n").repeated(200000)};
+    for (const QByteArray& bytes : files)
+        EXPECT_EQ(Through(bytes, Nothing), bytes) << bytes.left(40).toHex().toStdString();
+}
+
+TEST_F(CodeMaxTest, AnEditKeepsEncodingAndLineEnds) {
+    const auto insert = [](CodeMax& editor) { editor.SelText(QStringLiteral("ñ\n")); };
+    EXPECT_EQ(Through("\xF1\r\nb", insert), "\xF1\n\xF1\r\nb");
+    EXPECT_EQ(Through("\xC3\xB1\r", insert), "\xC3\xB1\n\xC3\xB1\r");
+    const auto arrow = [](CodeMax& editor) { editor.SelText(QStringLiteral("→")); };
+    EXPECT_EQ(Through("\xF1", arrow), QStringLiteral("→ñ").toUtf8());
+}
+
+TEST_F(CodeMaxTest, TypedLinesEndAsTheFileDoes) {
+    for (const char* end : {"\n", "\r", "\r\n"}) {
+        control.OpenFile(home.Put("a.lua", QByteArray("  x") + end + "y" + end));
+        QTest::keyClick(Engine(), Qt::Key_End);
+        QTest::keyClick(Engine(), Qt::Key_Return);
+        EXPECT_TRUE(control.Text().startsWith(QStringLiteral("  x") + QLatin1String(end)));
+        EXPECT_EQ(control.Text().count(QLatin1String(end)), 3);
+    }
+}
+
+TEST_F(CodeMaxTest, HistoryBeginsWithTheFirstContent) {
+    control.Text(QStringLiteral("inicio"));
+    EXPECT_EQ(changes, 0);
+    control.Undo();
+    EXPECT_EQ(control.Text(), QStringLiteral("inicio"));
+    control.Text(QStringLiteral("otro"));
+    EXPECT_EQ(changes, 1);
+    control.SelText(QStringLiteral("un\r\ntexto "));
+    EXPECT_GT(changes, 1);
+    control.Undo();
+    EXPECT_EQ(control.Text(), QStringLiteral("otro"));
+    control.SaveFile(QStringLiteral("C:\\x.lua"), false); // a save doesn't empty it
+    control.Undo();
+    EXPECT_EQ(control.Text(), QStringLiteral("inicio"));
+    control.Redo();
+    EXPECT_EQ(control.Text(), QStringLiteral("otro"));
+
+    changes = 0;
+    control.OpenFile(home.Put("a.lua", "abierto"));
+    control.Undo();
+    EXPECT_EQ(control.Text(), QStringLiteral("abierto"));
+    EXPECT_EQ(changes, 0);
+    control.OpenFile(home.Put("vacio.lua", ""));
+    control.Text(QStringLiteral("x")); // an empty file is a content too
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(CodeMaxTest, WhatCannotBeOpenedChangesNothing) {
+    control.Text(QStringLiteral("mío"));
+    const QString nul = home.Put("binario.lua", QByteArray("a\0b", 3));
+    for (const QString& path : {nul, QStringLiteral("C:\\no.lua"), QStringLiteral("C:\\")}) {
+        try {
+            control.OpenFile(path);
+            ADD_FAILURE() << path.toStdString();
+        } catch (const Failure& failure) {
+            EXPECT_TRUE(failure.Text().contains(path)) << failure.Text().toStdString();
+        }
+    }
+    EXPECT_EQ(control.Text(), QStringLiteral("mío"));
+    EXPECT_THROW(control.SaveFile(QString(), false), Failure);
+}
+
+TEST_F(CodeMaxTest, ClipboardAndCommands) {
+    control.Text(QStringLiteral("hola año"));
+    control.ExecuteCmd(137);
+    control.Copy();
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("hola año"));
+    control.Cut();
+    EXPECT_EQ(control.Text(), QString());
+    QApplication::clipboard()->setText(QStringLiteral("a\r\nb\0c").left(6));
+    control.Paste();
+    EXPECT_FALSE(control.Text().contains(QChar(u'\0')));
+    EXPECT_TRUE(control.Text().endsWith(u'c'));
+    EXPECT_THROW(control.ExecuteCmd(138), Failure);
+    EXPECT_THROW(control.SetColor(31, 0), Failure);
+    EXPECT_THROW(control.SetColor(-1, 0), Failure);
+    EXPECT_THROW(control.SetOption(7, 1), Failure);
+    EXPECT_THROW(control.PrintDoc(0, 1), Failure);
+}
+
+TEST_F(CodeMaxTest, LeavesTheMenuItsKeys) {
+    control.Text(QStringLiteral("uno\r\ndos"));
+    for (int key = Qt::Key_A; key <= Qt::Key_Z; ++key) {
+        const bool editing = QByteArrayView("CVXYZ").contains(static_cast<char>(key));
+        QKeyEvent event(QEvent::ShortcutOverride, key, Qt::ControlModifier);
+        event.ignore();
+        QApplication::sendEvent(Engine(), &event);
+        EXPECT_EQ(event.isAccepted(), editing) << static_cast<char>(key);
+        if (!editing)
+            QTest::keyClick(Engine(), static_cast<Qt::Key>(key), Qt::ControlModifier);
+    }
+    EXPECT_EQ(control.Text(), QStringLiteral("uno\r\ndos"));
+    QTest::keyClicks(Engine(), QStringLiteral("a"));
+    QTest::keyClick(Engine(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(control.Text(), QStringLiteral("uno\r\ndos"));
+    QTest::keyClick(Engine(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(control.Text(), QStringLiteral("auno\r\ndos"));
+}
+
+TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
+    control.Text(QStringLiteral("local ") + QString(40, QChar(0x2588)));
+    control.SetOption(documents::kSyntaxColorOption, true);
+    control.FontName(QStringLiteral("Courier New"));
+    control.FontSize(20);
+    const auto colored = [&](QRgb color) {
+        const QImage image = control.grab().toImage();
+        int pixels = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                pixels += (image.pixel(x, y) & 0xFFFFFF) == (color & 0xFFFFFF);
+        return pixels;
+    };
+    EXPECT_GT(colored(0x0000FF), 0); // "local" in blue
+    EXPECT_EQ(colored(0x123456), 0);
+    control.SetColor(documents::kLineNumberBackgroundItem, 0x563412);
+    control.SetOption(documents::kLineNumberOption, true);
+    EXPECT_GT(colored(0x123456), 1000);
+    control.SetColor(documents::kLineNumberBackgroundItem, -1);
+    EXPECT_EQ(colored(0x123456), 0);
+    control.SetOption(documents::kSyntaxColorOption, false);
+    EXPECT_EQ(colored(0x0000FF), 0);
+}
+
+TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
+    support::ScriptedDialogs dialogs;
+    const QString pdf = QString::fromStdString((home.Root() / "salida.pdf").native());
+    control.Text(QStringLiteral("print('línea')\r\n").repeated(300));
+    dialogs.ExpectPrinter([](QPrinter& printer) {
+        printer.setPageSize(QPageSize(QPageSize::A5));
+        return true;
+    });
+    control.PrintDoc(0, documents::kPageSetupFlags);
+    dialogs.ExpectPrinter([&](QPrinter& printer) {
+        EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A5); // as it was set up
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(pdf);
+        return true;
+    });
+    control.PrintDoc(0, documents::kPrintFlags);
+    const QByteArray bytes = home.Get("salida.pdf");
+    EXPECT_TRUE(bytes.startsWith("%PDF"));
+    EXPECT_GE(bytes.count("/Type /Page\n"), 4);
+    dialogs.ExpectPrinter([](QPrinter&) { return false; });
+    control.PrintDoc(0, documents::kPrintFlags);
+}

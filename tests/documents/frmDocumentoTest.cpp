@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/frmDocumento.h"
+#include "platform/Failure.h"
+#include "platform/MDIFrame.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHome.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using documents::frmDocumento;
+using platform::Answer;
+using platform::WindowState;
+
+namespace {
+
+struct FakeMarco : documents::MarcoDocumentos {
+    int temporales = 0;
+    QString rotulo;
+    void crear_temporal_click() override { ++temporales; }
+    void Rotulo(const QString& texto) override { rotulo = texto; }
+    int Alto() const override { return 11000; }
+};
+
+class frmDocumentoTest : public testing::Test {
+protected:
+    frmDocumentoTest() {
+        compartido.numero_documentos = 1;
+        frame.Show();
+        frame.Adopt(documento);
+        documento->Show();
+        documento->Caption(QStringLiteral("Nuevo script 1"));
+    }
+
+    void Cambiar(const QString& texto) { documento->txtFile().SelText(texto); }
+    bool Gone() {
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return documento.isNull();
+    }
+
+    support::TestHome home;
+    support::ScriptedDialogs dialogs;
+    FakeMarco marco;
+    shared::ValoresCompartidos compartido;
+    platform::MDIFrame frame;
+    QPointer<frmDocumento> documento{new frmDocumento(marco, compartido)};
+};
+
+} // namespace
+
+TEST_F(frmDocumentoTest, LoadsWithTheSkeletonAndUnchanged) {
+    QString esqueleto = QStringLiteral("while true do\rscreen:clear()");
+    for (int i = 0; i < 15; ++i)
+        esqueleto += QStringLiteral("\r\n");
+    esqueleto += QStringLiteral("screen.waitVblankStart()\r\nscreen.flip()\r\nend");
+    EXPECT_EQ(documento->txtFile().Text(), esqueleto);
+    EXPECT_FALSE(documento->flagGuardar);
+    EXPECT_EQ(marco.temporales, 1);
+    EXPECT_EQ(compartido.nombre_script, QString());
+    EXPECT_EQ(compartido.texto_script.Leer(), QString());
+    EXPECT_NEAR(documento->Width(), 8000, 15);
+    EXPECT_NEAR(documento->Height(), 11000 - 900, 15);
+    documento->txtFile().Undo();
+    EXPECT_EQ(documento->txtFile().Text(), esqueleto);
+}
+
+TEST_F(frmDocumentoTest, PublishesItsTextOnEachChangeAndItsNameUnderTheMouse) {
+    Cambiar(QStringLiteral("-- "));
+    EXPECT_TRUE(documento->flagGuardar);
+    EXPECT_TRUE(compartido.texto_script.Leer().startsWith(QStringLiteral("-- while")));
+    EXPECT_EQ(compartido.nombre_script, QString());
+    const std::pair<QString, QString> names[] = {
+        {QStringLiteral("Nuevo script 1"), QStringLiteral("Nuevo scri")},
+        {QStringLiteral("juego.lua"), QStringLiteral("juego")},
+        {QStringLiteral("abcd"), QString()},
+        {QStringLiteral("ab"), QString()}};
+    int x = 10;
+    for (const auto& [caption, name] : names) {
+        documento->Caption(caption);
+        QTest::mouseMove(documento, QPoint(x++, 5));
+        EXPECT_EQ(compartido.nombre_script, name);
+    }
+    documento->txtFile().OpenFile(home.Put("a.lua", "abierto"));
+    QTest::mouseMove(documento, QPoint(x, 6));
+    EXPECT_EQ(compartido.texto_script.Leer(), QStringLiteral("abierto"));
+}
+
+TEST_F(frmDocumentoTest, TellsTheFrameItsStateAndLeavesTheStripFree) {
+    EXPECT_EQ(marco.rotulo, QStringLiteral("Quillmark v2.0.0"));
+    const auto fills = [&] {
+        const QSize inner(documento->width(), documento->height() - 23);
+        return documento->txtFile().geometry() == QRect(QPoint(0, 23), inner);
+    };
+    EXPECT_TRUE(fills());
+    documento->State(WindowState::Maximised);
+    EXPECT_EQ(marco.rotulo, QStringLiteral("Quillmark v2.0.0 - Nuevo script 1"));
+    EXPECT_TRUE(fills());
+    EXPECT_GT(documento->width(), 700);
+    documento->State(WindowState::Minimised);
+    EXPECT_EQ(marco.rotulo, QStringLiteral("Quillmark v2.0.0"));
+    EXPECT_GT(documento->txtFile().height(), 400); // as it was
+    documento->State(WindowState::Normal);
+    documento->Move(0, 0, 6000, 6000);
+    EXPECT_TRUE(fills());
+}
+
+TEST_F(frmDocumentoTest, ClosesWithoutAQuestionWhenUnchanged) {
+    home.Put("programa/temp.lua", "x");
+    EXPECT_TRUE(documento->Unload());
+    EXPECT_TRUE(Gone());
+    EXPECT_EQ(compartido.numero_documentos, 0);
+    EXPECT_FALSE(std::filesystem::exists(home.Root() / "programa/temp.lua"));
+}
+
+TEST_F(frmDocumentoTest, CancelKeepsItAndNoClosesOnce) {
+    Cambiar(QStringLiteral("x"));
+    compartido.documento_explorador = documento.data();
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Cancel);
+    EXPECT_FALSE(documento->Unload());
+    EXPECT_EQ(compartido.numero_documentos, 1);
+    EXPECT_EQ(compartido.documento_explorador, nullptr);
+    EXPECT_EQ(dialogs.messages[0].title, QStringLiteral("Nuevo script 1"));
+    EXPECT_EQ(dialogs.messages[0].buttons, platform::Buttons::YesNoCancel);
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::No);
+    EXPECT_TRUE(documento->Unload());
+    EXPECT_TRUE(Gone());
+    EXPECT_TRUE(compartido.texto_script.Leer().startsWith(QStringLiteral("xwhile")));
+}
+
+TEST_F(frmDocumentoTest, YesAsksForANameAndWrites) {
+    Cambiar(QStringLiteral("ñ"));
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Yes);
+    dialogs.ExpectName(QStringLiteral("C:\\juego"));
+    EXPECT_TRUE(documento->Unload());
+    EXPECT_TRUE(home.Get("juego").startsWith("\xF1while true do\rscreen"));
+    EXPECT_EQ(dialogs.questions[0].filters[0].name, QStringLiteral("Archivos .qmk"));
+    EXPECT_EQ(dialogs.questions[0].filters[0].pattern, QStringLiteral("*.qmk"));
+}
+
+TEST_F(frmDocumentoTest, YesWritesToTheFileItCameFrom) {
+    documento->Abrir(home.Put("lejos/juego.lua", "print(1)"));
+    documento->Caption(QStringLiteral("juego.lua"));
+    Cambiar(QStringLiteral("-"));
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Yes);
+    EXPECT_TRUE(documento->Unload());
+    EXPECT_EQ(home.Get("lejos/juego.lua"), "-print(1)");
+    EXPECT_FALSE(std::filesystem::exists(home.Root() / "juego.lua"));
+}
+
+TEST_F(frmDocumentoTest, AFailedOrForsakenSaveDoesNotStopTheClosing) {
+    Cambiar(QStringLiteral("x"));
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Yes);
+    dialogs.ExpectName(QString());
+    EXPECT_TRUE(documento->Unload());
+    EXPECT_EQ(compartido.numero_documentos, 0);
+}
+
+TEST_F(frmDocumentoTest, FailedOpeningKeepsTheOldFile) {
+    documento->Abrir(home.Put("uno.lua", "uno"));
+    EXPECT_THROW(documento->Abrir(QStringLiteral("C:\\no.lua")), platform::Failure);
+    documento->Caption(QStringLiteral("uno.lua"));
+    Cambiar(QStringLiteral("1"));
+    documento->Guardar();
+    EXPECT_EQ(home.Get("uno.lua"), "1uno");
+    EXPECT_TRUE(documento->flagGuardar); // nothing clears it
+}
