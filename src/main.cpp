@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Program.h"
+#include "platform/Spanish.h"
+#include "shared/ValoresCompartidos.h"
+#include "shell/Dibujos.h"
+#include "shell/Form0.h"
+#include "shell/MDIForm1.h"
+
+#include <QApplication>
+#include <cstdio>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr const char* kVersion = "Quillmark 3.0.0\n";
+constexpr const char* kHelp = "Uso: quillmark [ARCHIVO]\n"
+                              "Abre Quillmark y, si se da, el script o proyecto ARCHIVO.\n"
+                              "\n"
+                              "  --help     muestra esta ayuda y termina\n"
+                              "  --version  muestra la versión y termina\n";
+
+// What is answered on the terminal, without a display.
+std::optional<std::string> TerminalAnswer(const std::vector<std::string>& arguments) {
+    if (arguments.size() == 1 && arguments.front() == "--help")
+        return kHelp;
+    if (arguments.size() == 1 && arguments.front() == "--version")
+        return kVersion;
+    return std::nullopt;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    if (const auto answer = TerminalAnswer(arguments)) {
+        std::fputs(answer->c_str(), stdout);
+        return 0;
+    }
+
+    int ownName = 1; // the toolkit gets no argument: all of them are one path
+    QApplication application(ownName, argv);
+    QApplication::setApplicationName(QStringLiteral("Quillmark"));
+    QApplication::setWindowIcon(shell::Icono());
+    QApplication::setDesktopFileName(QStringLiteral("quillmark"));
+    platform::SpeakSpanish(application);
+    platform::PrepareProgramFolder(std::filesystem::read_symlink("/proc/self/exe"));
+
+    shared::ValoresCompartidos compartido;
+    shell::MDIForm1 principal(compartido, platform::CommandLinePath(arguments));
+    auto* portada = new shell::Form0(principal); // goes by itself after the hand-over
+    portada->Show();
+    return QApplication::exec();
+}

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/Class1.h"
+
+#include "platform/CommonDialog.h"
+#include "platform/Failure.h"
+#include "platform/Paths.h"
+#include "platform/UserSettings.h"
+
+namespace shell {
+namespace {
+
+const QString kAplicacion = QStringLiteral("Accesos Recientes");
+const QString kSeccion = QStringLiteral("Lista");
+const QString kFiltro = QStringLiteral("Archivos Quillmark (*.qmk)\0*.qmk\0"
+                                       "Archivos LUA (*.lua)\0*.lua");
+const QString kTitulo = QStringLiteral(" Abrir archivo ... ");
+constexpr int kEntradas = 25;
+
+} // namespace
+
+void Class1::Init(platform::MenuArray& menuReciente, QAction& menuSeparador) {
+    lista_recientes.clear();
+    while (menuReciente.Count() < kEntradas) {
+        menuReciente.Load();
+        menuReciente(menuReciente.Count()).setVisible(false);
+    }
+    for (int i = 1; i <= cantidad_maxima; ++i) {
+        const QString ruta =
+            platform::GetSetting(kAplicacion, kSeccion, QString::number(i), QString());
+        if (ruta.isEmpty())
+            break;
+        lista_recientes.append(ruta);
+    }
+    MenuReciente = MenuReciente ? MenuReciente : &menuReciente;
+    MenuSeparador = MenuSeparador ? MenuSeparador : &menuSeparador;
+    ActualizarMenu();
+}
+
+void Class1::NuevoElemento(const QString& Ruta_Archivo) {
+    lista_recientes.removeAll(Ruta_Archivo);
+    lista_recientes.prepend(Ruta_Archivo);
+    while (lista_recientes.size() > cantidad_maxima)
+        lista_recientes.removeLast();
+    ActualizarMenu();
+    GuardarLista();
+}
+
+QString Class1::ObtenerPath(int indice_Menu) const {
+    return lista_recientes.value(indice_Menu - 1);
+}
+
+void Class1::EliminarLista() {
+    try {
+        platform::DeleteSetting(kAplicacion, kSeccion);
+    } catch (const platform::Failure&) {
+        // There was nothing to delete.
+    }
+    for (int i = 1; i <= MenuReciente->Count(); ++i)
+        (*MenuReciente)(i).setVisible(false);
+    lista_recientes.clear();
+    MenuSeparador->setVisible(false);
+}
+
+QString Class1::CommonDialog_Abrir(QWidget* Hwnd_form, const QString& Filtro,
+                                   const QString& path_Inicial, const QString& Dialog_title) const {
+    const platform::FileQuestion question{
+        Hwnd_form, Dialog_title.isEmpty() ? kTitulo : Dialog_title, path_Inicial,
+        platform::FilterPairs(Filtro.isEmpty() ? kFiltro : Filtro, QChar(u'\0'))};
+    return platform::CurrentDialogs().AskOpenName(question).remove(QChar(u'\0')).trimmed();
+}
+
+QString Class1::NombreArchivo(const QString& ruta) {
+    return ruta.section(u'\\', -1);
+}
+
+void Class1::ActualizarMenu() {
+    const int visibles = std::min<int>(static_cast<int>(lista_recientes.size()), kEntradas);
+    for (int i = 1; i <= visibles; ++i) {
+        QString nombre = platform::DisplayText(NombreArchivo(lista_recientes.at(i - 1)));
+        nombre.replace(u'&', QStringLiteral("&&")); // no access key
+        (*MenuReciente)(i).setText(QStringLiteral("%1 %2").arg(i).arg(nombre));
+        (*MenuReciente)(i).setVisible(true);
+    }
+    MenuSeparador->setVisible((*MenuReciente)(1).isVisible());
+}
+
+void Class1::GuardarLista() const {
+    for (qsizetype i = 1; i <= lista_recientes.size(); ++i)
+        platform::SaveSetting(kAplicacion, kSeccion, QString::number(i), lista_recientes.at(i - 1));
+    for (qsizetype i = lista_recientes.size() + 1; i <= cantidad_maxima; ++i) {
+        try {
+            platform::DeleteSetting(kAplicacion, kSeccion, QString::number(i));
+        } catch (const platform::Failure&) {
+            // The key was not there.
+        }
+    }
+}
+
+} // namespace shell

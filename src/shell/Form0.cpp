@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/Form0.h"
+
+#include "documents/frmDocumento.h"
+#include "platform/Clock.h"
+#include "shell/Dibujos.h"
+#include "shell/MDIForm1.h"
+#include "shell/Module1.h"
+#include "ui_Form0.h"
+
+#include <QCoreApplication>
+#include <QScreen>
+
+namespace shell {
+namespace {
+
+constexpr int kAlfaMaxima = 250;
+constexpr int kPaso = 10; // milliseconds
+
+} // namespace
+
+Form0::Form0(MDIForm1& principal)
+    : m_ui(std::make_unique<Ui::Form0>()),
+      m_principal(principal),
+      Timer1(this, &Form0::Timer1_Timer) {
+    m_ui->setupUi(this);
+    setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+    m_ui->Image1->setPixmap(DibujoPortada(m_ui->Image1->size(), devicePixelRatioF()));
+    m_ui->Image2->setPixmap(DibujoPluma(m_ui->Image2->size(), devicePixelRatioF()));
+    move(screen()->availableGeometry().center() - rect().center());
+}
+
+Form0::~Form0() = default;
+
+void Form0::MakeWindowTransparent(QWidget* hwnd, quint8 alphaAmount) {
+    hwnd->setWindowOpacity(alphaAmount / 255.0);
+}
+
+void Form0::Form_Load() {
+    ArchivoConfig = Module1::RutaConfig();
+    m_ejecuciones = Module1::LeerIni(ArchivoConfig, QStringLiteral("inicio"),
+                                     QStringLiteral("ejecuciones"), QString());
+    m_nuevo = Module1::LeerIni(ArchivoConfig, QStringLiteral("general"), QStringLiteral("nuevo"),
+                               QString());
+    MakeWindowTransparent(this, 0);
+    Timer1.Interval(kPaso);
+    Timer1.Enabled(true);
+}
+
+void Form0::Fundido() {
+    const auto paso = [this](int alfa) {
+        platform::Sleep(kPaso);
+        MakeWindowTransparent(this, static_cast<quint8>(alfa));
+        QCoreApplication::processEvents();
+    };
+    for (int alfa = 0; alfa <= kAlfaMaxima; ++alfa)
+        paso(alfa);
+    for (int alfa = kAlfaMaxima; alfa >= 0; --alfa)
+        paso(alfa);
+}
+
+void Form0::Timer1_Timer() {
+    Fundido();
+    Timer1.Enabled(false);
+    Entregar();
+    Unload();
+}
+
+void Form0::Entregar() {
+    m_principal.Show();
+    // A text that is no number counts as 0.
+    if (m_ejecuciones.toDouble() == 0) {
+        m_principal.mnuopcionesconfiguracion_Click();
+        Module1::EscribirIni(ArchivoConfig, QStringLiteral("inicio"), QStringLiteral("ejecuciones"),
+                             QStringLiteral("1"));
+    } else if (m_nuevo == u"si") {
+        m_documento = m_principal.NuevoScript();
+    }
+}
+
+// Nothing but the hand-over ends the splash.
+void Form0::Form_QueryUnload(bool& cancel) {
+    cancel = !m_principal.isVisible();
+}
+
+} // namespace shell

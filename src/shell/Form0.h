@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Form.h"
+#include "platform/Timer.h"
+
+#include <QPointer>
+#include <memory>
+
+namespace Ui {
+class Form0;
+}
+
+namespace documents {
+class frmDocumento;
+}
+
+namespace shell {
+
+class MDIForm1;
+
+/// The splash window. It fades in and out and hands over to the main window.
+class Form0 : public platform::Form {
+    Q_OBJECT
+
+public:
+    explicit Form0(MDIForm1& principal);
+    ~Form0() override;
+
+    /// `alphaAmount`: 0 clear to 255 solid.
+    static void MakeWindowTransparent(QWidget* hwnd, quint8 alphaAmount);
+
+protected:
+    void Form_Load() override;
+    void Form_QueryUnload(bool& cancel) override;
+
+private:
+    void Timer1_Timer();
+    void Fundido();
+    void Entregar();
+
+    std::unique_ptr<Ui::Form0> m_ui;
+    MDIForm1& m_principal;
+    platform::Timer Timer1;
+    QString ArchivoConfig;
+    QString m_ejecuciones;
+    QString m_nuevo;
+    QPointer<documents::frmDocumento> m_documento; // the blank document of the start
+};
+
+} // namespace shell

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Form.h"
+
+#include <memory>
+
+namespace Ui {
+class Form3;
+}
+
+namespace shell {
+
+/// The about window, shown as a modal one.
+class Form3 : public platform::Form {
+    Q_OBJECT
+
+public:
+    explicit Form3(QWidget* owner);
+    ~Form3() override;
+
+private:
+    void cmdOK_Click();
+
+    std::unique_ptr<Ui::Form3> m_ui;
+};
+
+} // namespace shell

@@ -1,0 +1,337 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/MDIForm1.h"
+
+#include "documents/CodeMaxConstants.h"
+#include "platform/Dialogs.h"
+#include "platform/Failure.h"
+#include "platform/Handler.h"
+#include "platform/Log.h"
+#include "platform/Program.h"
+#include "shell/Form2.h"
+#include "shell/Form3.h"
+#include "shell/MenuPrincipal.h"
+
+#include <QMenuBar>
+#include <array>
+#include <utility>
+
+namespace shell {
+namespace {
+
+using documents::CodeMax;
+using documents::frmDocumento;
+using platform::Answer;
+using platform::Buttons;
+using platform::Failure;
+using platform::Icon;
+using platform::MsgBox;
+
+constexpr int kIntervalo = 500; // milliseconds
+constexpr quint8 kRecientes = 6;
+// Width and height of a document opened from the command line, in twips.
+constexpr int kAnchoAbierto = 8000;
+constexpr int kAltoAbierto = 10350;
+
+const QString kProducto = QStringLiteral("Quillmark");
+const QString kProductoVersion = QStringLiteral("Quillmark v3.0.0");
+
+// Runs a command that says nothing of its failures.
+template<class Orden>
+void SinAviso(Orden orden) {
+    try {
+        orden();
+    } catch (const Failure& failure) {
+        qCWarning(platform::lcQuillmark) << failure.Text();
+    }
+}
+
+} // namespace
+
+MDIForm1::MDIForm1(shared::ValoresCompartidos& compartido, QString lineaDeComandos)
+    : m_compartido(compartido),
+      m_lineaDeComandos(std::move(lineaDeComandos)),
+      CommonDialog1(this),
+      Timer1(this, &MDIForm1::Timer1_Timer) {
+    Caption(kProductoVersion);
+    HacerMenu();
+}
+
+MDIForm1::~MDIForm1() {
+    DeleteChildren();
+}
+
+void MDIForm1::HacerMenu() {
+    std::array<QMenu*, 3> menus{};
+    const std::span<const EntradaMenu> tabla = MenuPrincipal();
+    for (size_t i = 0; i < tabla.size(); ++i) {
+        const EntradaMenu& entrada = tabla[i];
+        const auto nivel = static_cast<size_t>(entrada.nivel);
+        const QString texto = QString::fromUtf16(entrada.texto);
+        const bool conHijos = i + 1 < tabla.size() && tabla[i + 1].nivel > entrada.nivel;
+        QAction* accion = nullptr;
+        if (conHijos) {
+            QMenu* menu =
+                nivel == 0 ? menuBar()->addMenu(texto) : menus.at(nivel - 1)->addMenu(texto);
+            menus.at(nivel) = menu;
+            accion = menu->menuAction();
+        } else {
+            accion = texto == u"-" ? menus.at(nivel - 1)->addSeparator()
+                                   : menus.at(nivel - 1)->addAction(texto);
+        }
+        accion->setObjectName(QString::fromLatin1(entrada.nombre));
+        accion->setShortcut(QKeySequence(QString::fromLatin1(entrada.tecla)));
+        accion->setVisible(entrada.visible);
+        if (entrada.accion)
+            platform::OnEvent(accion, &QAction::triggered, this, entrada.accion);
+        m_entradas.insert(accion->objectName(), accion);
+    }
+    QAction* reciente = Entrada(QStringLiteral("mnuReciente"));
+    mnuReciente =
+        std::make_unique<platform::MenuArray>(Entrada(QStringLiteral("Pr"))->menu(), reciente,
+                                              [this](int indice) { mnuReciente_Click(indice); });
+}
+
+void MDIForm1::MDIForm_Initialize() {
+    m_compartido.fso = std::make_unique<platform::FileSystemObject>();
+}
+
+void MDIForm1::MDIForm_Load() {
+    Timer1.Interval(kIntervalo);
+    Timer1.Enabled(true);
+    Timer1_Timer();
+    const QString carpeta = platform::ProgramFolder();
+    SinAviso([&] { platform::ChangeDirectory(carpeta); });
+    ruta_programa = carpeta.size() > 3 ? carpeta + u'\\' : carpeta;
+    if (!m_lineaDeComandos.isEmpty())
+        platform::RunHandler([this] { AbrirLineaDeComandos(); });
+    m_recientes = std::make_unique<Class1>();
+    m_recientes->Count(kRecientes);
+    m_recientes->Init(*mnuReciente, *Entrada(QStringLiteral("mnuSeparador")));
+}
+
+void MDIForm1::AbrirLineaDeComandos() {
+    frmDocumento* documento = DocumentoDeArchivo(m_lineaDeComandos);
+    documento->Show();
+    documento->Move(0, 0, kAnchoAbierto, kAltoAbierto);
+    ++m_compartido.numero_documentos;
+    mnuherramientasExplorador_Click();
+}
+
+bool MDIForm1::ConfirmarSalida() {
+    return MsgBox(QStringLiteral("¿Salir del programa?"), Buttons::YesNo, Icon::Question,
+                  kProducto) == Answer::Yes;
+}
+
+void MDIForm1::MDIForm_QueryUnload(bool& cancel) {
+    cancel = !ConfirmarSalida();
+}
+
+void MDIForm1::Timer1_Timer() {
+    for (const EntradaMenu& entrada : MenuPrincipal()) {
+        if (entrada.conDocumento)
+            Entrada(QString::fromLatin1(entrada.nombre))
+                ->setEnabled(m_compartido.numero_documentos != 0);
+    }
+}
+
+frmDocumento* MDIForm1::DocumentoActivo() const {
+    return dynamic_cast<frmDocumento*>(ActiveForm());
+}
+
+void MDIForm1::ConDocumento(void (CodeMax::*operacion)()) {
+    if (frmDocumento* documento = DocumentoActivo())
+        (documento->txtFile().*operacion)();
+}
+
+frmDocumento* MDIForm1::CrearDocumento() {
+    auto* documento = new frmDocumento(*this, m_compartido);
+    Adopt(documento);
+    documento->Load();
+    return documento;
+}
+
+// A file that can't be opened leaves nothing behind.
+frmDocumento* MDIForm1::DocumentoDeArchivo(const QString& ruta) {
+    const QString nombre = m_compartido.nombre_script;
+    frmDocumento* documento = CrearDocumento();
+    try {
+        documento->Abrir(ruta);
+    } catch (...) {
+        documento->Discard();
+        m_compartido.nombre_script = nombre;
+        throw;
+    }
+    documento->Caption(Class1::NombreArchivo(ruta));
+    return documento;
+}
+
+// The temp file of the test run has no use before there is a test run.
+void MDIForm1::crear_temporal_click() {}
+
+frmDocumento* MDIForm1::NuevoScript() {
+    frmDocumento* documento = CrearDocumento();
+    ++m_compartido.numero_documentos;
+    documento->Caption(QStringLiteral("Nuevo script %1").arg(m_compartido.numero_documentos));
+    documento->Show();
+    mnuherramientasExplorador_Click();
+    return documento;
+}
+
+void MDIForm1::mnuarchivonuevo_Click() {
+    FrmDoc = NuevoScript();
+}
+
+void MDIForm1::mnuarchivoabrir_Click() {
+    const QString ruta = m_recientes->CommonDialog_Abrir(this);
+    if (!ruta.isEmpty())
+        AbrirRuta(ruta);
+}
+
+void MDIForm1::FileDropped(const QString& path) {
+    AbrirRuta(path);
+}
+
+void MDIForm1::AbrirRuta(const QString& ruta) {
+    m_recientes->NuevoElemento(ruta);
+    frmDocumento* documento = DocumentoDeArchivo(ruta);
+    documento->Show();
+    ++m_compartido.numero_documentos;
+}
+
+void MDIForm1::mnuReciente_Click(int Index) {
+    const QString ruta = m_recientes->ObtenerPath(Index);
+    if (ruta.isEmpty())
+        return;
+    ++m_compartido.numero_documentos;
+    try {
+        DocumentoDeArchivo(ruta)->Show();
+    } catch (...) {
+        --m_compartido.numero_documentos;
+        throw;
+    }
+}
+
+bool MDIForm1::HayVentanas() {
+    if (Forms().empty())
+        MsgBox(QStringLiteral("No hay documentos para guardar"), Buttons::Ok, Icon::Information,
+               kProducto);
+    return !Forms().empty();
+}
+
+void MDIForm1::mnuarchivoguardar_Click() {
+    if (!HayVentanas())
+        return;
+    SinAviso([this] {
+        frmDocumento* documento = DocumentoActivo();
+        if (documento && documento->SinGuardar())
+            GuardarConNombre();
+        else if (documento)
+            documento->Guardar();
+    });
+}
+
+void MDIForm1::mnuarchivocomo_Click() {
+    if (HayVentanas())
+        SinAviso([this] { GuardarConNombre(); });
+}
+
+void MDIForm1::GuardarConNombre() {
+    if (!ActiveForm())
+        return;
+    CommonDialog1.Filter(documents::kFiltroGuardar);
+    CommonDialog1.ShowSave();
+    frmDocumento* documento = DocumentoActivo();
+    if (CommonDialog1.FileName().isEmpty() || !documento)
+        return;
+    documento->GuardarEn(CommonDialog1.FileName());
+    documento->Caption(CommonDialog1.FileTitle());
+}
+
+void MDIForm1::mnuarchivoconfig_Click() {
+    if (frmDocumento* documento = DocumentoActivo())
+        documento->txtFile().PrintDoc(0, documents::kPageSetupFlags);
+}
+
+void MDIForm1::mnuarchivoimprimir_Click() {
+    if (frmDocumento* documento = DocumentoActivo())
+        documento->txtFile().PrintDoc(0, documents::kPrintFlags);
+}
+
+void MDIForm1::mnuarchivosalir_Click() {
+    if (!ConfirmarSalida())
+        return;
+    FrmDoc = nullptr;
+    platform::EndProcess();
+}
+
+void MDIForm1::mnuediciondeshacer_Click() {
+    ConDocumento(&CodeMax::Undo);
+}
+void MDIForm1::mnuedicionrehacer_Click() {
+    ConDocumento(&CodeMax::Redo);
+}
+void MDIForm1::mnuedicioncopiar_Click() {
+    ConDocumento(&CodeMax::Copy);
+}
+void MDIForm1::mnuedicioncortar_Click() {
+    ConDocumento(&CodeMax::Cut);
+}
+void MDIForm1::mnuedicionpegar_Click() {
+    ConDocumento(&CodeMax::Paste);
+}
+
+void MDIForm1::mnuedicionseleccionar_Click() {
+    if (frmDocumento* documento = DocumentoActivo())
+        documento->txtFile().ExecuteCmd(documents::kSelectAllCommand);
+}
+
+void MDIForm1::mnuherramientasExplorador_Click() {}
+
+void MDIForm1::mnuopcionesconfiguracion_Click() {
+    if (!m_form2) {
+        m_form2 = new Form2;
+        Adopt(m_form2);
+    }
+    m_form2->Show();
+}
+
+void MDIForm1::mnuventanacascada_Click() {
+    Arrange(platform::Arrangement::Cascade);
+}
+void MDIForm1::mnuventanamosaicov_Click() {
+    Arrange(platform::Arrangement::TileVertical);
+}
+void MDIForm1::mnuventanamosaicoh_Click() {
+    Arrange(platform::Arrangement::TileHorizontal);
+}
+void MDIForm1::mnuventanaorganizar_Click() {
+    Arrange(platform::Arrangement::Icons);
+}
+
+void MDIForm1::TodasAlEstado(platform::WindowState estado) {
+    for (platform::Form* form : Forms())
+        form->State(estado);
+}
+
+void MDIForm1::mnuventanaminimizar_Click() {
+    TodasAlEstado(platform::WindowState::Minimised);
+}
+void MDIForm1::mnuventanarestaurar_Click() {
+    TodasAlEstado(platform::WindowState::Normal);
+}
+
+void MDIForm1::mnuventanacerrar_Click() {
+    for (platform::Form* form : Forms())
+        form->Unload(); // a cancel keeps that one
+}
+
+void MDIForm1::actualizacion_online_Click() {
+    MsgBox(QStringLiteral("Actualizacion OnLine aun no disponible"), Buttons::Ok, Icon::Information,
+           kProductoVersion);
+}
+
+void MDIForm1::mnuayudaacerca_Click() {
+    platform::CurrentDialogs().RunModal(*new Form3(this));
+}
+
+} // namespace shell

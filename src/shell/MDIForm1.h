@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "documents/MarcoDocumentos.h"
+#include "documents/frmDocumento.h"
+#include "platform/CommonDialog.h"
+#include "platform/MDIFrame.h"
+#include "platform/MenuArray.h"
+#include "platform/Timer.h"
+#include "shared/ValoresCompartidos.h"
+#include "shell/Class1.h"
+
+#include <QHash>
+#include <QPointer>
+#include <memory>
+
+namespace shell {
+
+class Form2;
+
+/// The frame of the program: documents and tool windows are its children, and every command enters
+/// through its menu.
+class MDIForm1 : public platform::MDIFrame, public documents::MarcoDocumentos {
+    Q_OBJECT
+
+public:
+    /// `lineaDeComandos` is the path of a file to open at the start, or empty.
+    MDIForm1(shared::ValoresCompartidos& compartido, QString lineaDeComandos);
+    ~MDIForm1() override;
+
+    /// The document made last by mnuarchivonuevo; none once that is closed.
+    QPointer<documents::frmDocumento> FrmDoc;
+
+    /// A blank document with the next number, on show. The explorer follows.
+    documents::frmDocumento* NuevoScript();
+    /// The menu entry of that name, null if there is none.
+    QAction* Entrada(const QString& nombre) const { return m_entradas.value(nombre); }
+
+    void crear_temporal_click() override;
+    void Rotulo(const QString& texto) override { Caption(texto); }
+    int Alto() const override { return Height(); }
+
+    void mnuarchivonuevo_Click();
+    void mnuarchivoabrir_Click();
+    void mnuarchivoguardar_Click();
+    void mnuarchivocomo_Click();
+    void mnuarchivoconfig_Click();
+    void mnuarchivoimprimir_Click();
+    void mnuReciente_Click(int Index);
+    void mnuarchivosalir_Click();
+    void mnuediciondeshacer_Click();
+    void mnuedicionrehacer_Click();
+    void mnuedicioncopiar_Click();
+    void mnuedicioncortar_Click();
+    void mnuedicionpegar_Click();
+    void mnuedicionseleccionar_Click();
+    void mnuherramientasExplorador_Click();
+    void mnuopcionesconfiguracion_Click();
+    void mnuventanacascada_Click();
+    void mnuventanamosaicov_Click();
+    void mnuventanamosaicoh_Click();
+    void mnuventanaorganizar_Click();
+    void mnuventanaminimizar_Click();
+    void mnuventanarestaurar_Click();
+    void mnuventanacerrar_Click();
+    void actualizacion_online_Click();
+    void mnuayudaacerca_Click();
+    void Timer1_Timer();
+
+protected:
+    void MDIForm_Initialize() override;
+    void MDIForm_Load() override;
+    void MDIForm_QueryUnload(bool& cancel) override;
+    void FileDropped(const QString& path) override;
+
+private:
+    void HacerMenu();
+    bool ConfirmarSalida();
+    /// Null while a tool window or nothing is active.
+    documents::frmDocumento* DocumentoActivo() const;
+    void ConDocumento(void (documents::CodeMax::*operacion)());
+    documents::frmDocumento* CrearDocumento();
+    documents::frmDocumento* DocumentoDeArchivo(const QString& ruta);
+    void AbrirLineaDeComandos();
+    void AbrirRuta(const QString& ruta);
+    bool HayVentanas();
+    void GuardarConNombre();
+    void TodasAlEstado(platform::WindowState estado);
+
+    shared::ValoresCompartidos& m_compartido;
+    QString m_lineaDeComandos;
+    QString ruta_programa;
+    QHash<QString, QAction*> m_entradas;
+    std::unique_ptr<platform::MenuArray> mnuReciente;
+    std::unique_ptr<Class1> m_recientes;
+    platform::CommonDialog CommonDialog1;
+    platform::Timer Timer1;
+    QPointer<Form2> m_form2;
+};
+
+} // namespace shell

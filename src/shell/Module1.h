@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace Module1 {
+
+/// The only way to read a setting: the value without blanks around it, at most 255 characters.
+/// `Defecto` stands for a missing file, section or key and for an empty value. Never fails.
+QString LeerIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
+                const QString& Defecto);
+
+/// The only way to write one. A failure goes unnoticed.
+void EscribirIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
+                 const QString& Valor);
+
+/// The path of the settings file.
+QString RutaConfig();
+
+} // namespace Module1

@@ -1,0 +1,308 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/MDIForm1.h"
+#include "platform/Program.h"
+#include "shell/MenuPrincipal.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHome.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QMimeData>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using documents::frmDocumento;
+using platform::Answer;
+using platform::WindowState;
+
+namespace {
+
+class MDIForm1Test : public testing::Test {
+protected:
+    MDIForm1Test() {
+        platform::ReplaceEndProcess([this] { ++ended; });
+        principal.Show();
+    }
+    ~MDIForm1Test() override { platform::ReplaceEndProcess({}); }
+
+    void Press(const char* entrada) { Entrada(entrada)->trigger(); }
+    QAction* Entrada(const char* nombre) { return principal.Entrada(QString::fromLatin1(nombre)); }
+    QAction* Reciente(int indice) {
+        QList<QAction*> entradas = Entrada("Pr")->menu()->actions();
+        return entradas.at(indice - 1);
+    }
+    frmDocumento* Active() { return dynamic_cast<frmDocumento*>(principal.ActiveForm()); }
+    void Type(const QString& text) {
+        QTest::keyClicks(Active()->findChild<QAbstractScrollArea*>(), text);
+    }
+    frmDocumento* Abrir(const QString& ruta) {
+        dialogs.ExpectName(ruta);
+        Press("mnuarchivoabrir");
+        return Active();
+    }
+    QStringList Captions() {
+        QStringList captions;
+        for (const platform::Form* form : principal.Forms())
+            captions.append(form->Caption());
+        return captions;
+    }
+
+    support::TestHome home;
+    support::ScriptedDialogs dialogs;
+    shared::ValoresCompartidos compartido;
+    shell::MDIForm1 principal{compartido, QString()};
+    int ended = 0;
+};
+
+} // namespace
+
+TEST_F(MDIForm1Test, TwelveEntriesFollowTheNumberOfDocuments) {
+    const auto enabled = [&] {
+        int count = 0;
+        for (const shell::EntradaMenu& entrada : shell::MenuPrincipal()) {
+            const QAction* accion = Entrada(entrada.nombre);
+            EXPECT_TRUE(entrada.conDocumento || accion->isEnabled() || accion->isSeparator() ||
+                        !accion->isVisible())
+                << entrada.nombre;
+            count += entrada.conDocumento && Entrada(entrada.nombre)->isEnabled();
+        }
+        return count;
+    };
+    EXPECT_EQ(enabled(), 0);
+    Press("mnuarchivonuevo");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return enabled() == 12; }, 2000));
+    principal.ActiveForm()->Unload();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return enabled() == 0; }, 2000));
+}
+
+TEST_F(MDIForm1Test, NewDocumentsAreNumberedByTheirCount) {
+    Press("mnuarchivonuevo");
+    frmDocumento* first = principal.FrmDoc;
+    Press("mnuarchivonuevo");
+    EXPECT_EQ(Captions(),
+              QStringList({QStringLiteral("Nuevo script 1"), QStringLiteral("Nuevo script 2")}));
+    EXPECT_EQ(principal.FrmDoc, Active());
+    first->Unload();
+    Press("mnuarchivonuevo");
+    EXPECT_EQ(Captions(),
+              QStringList({QStringLiteral("Nuevo script 2"), QStringLiteral("Nuevo script 2")}));
+    principal.FrmDoc->Unload();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(principal.FrmDoc.isNull());
+}
+
+TEST_F(MDIForm1Test, AbrirShowsTheFileAndRemembersIt) {
+    const QString ruta = home.Put("juegos/mi juego.lua", "print(1)\n");
+    const frmDocumento* documento = Abrir(ruta);
+    ASSERT_NE(documento, nullptr);
+    EXPECT_EQ(documento->Caption(), QStringLiteral("mi juego.lua"));
+    EXPECT_EQ(compartido.numero_documentos, 1);
+    EXPECT_TRUE(principal.FrmDoc.isNull());
+    EXPECT_EQ(Reciente(1)->text(), QStringLiteral("1 mi juego.lua"));
+    Reciente(1)->trigger();
+    EXPECT_EQ(Captions().count(QStringLiteral("mi juego.lua")), 2);
+    EXPECT_EQ(compartido.numero_documentos, 2);
+    Abrir(QString()); // left by cancel
+    EXPECT_EQ(compartido.numero_documentos, 2);
+}
+
+TEST_F(MDIForm1Test, AFileThatCannotBeOpenedLeavesNothingBehind) {
+    Reciente(1)->trigger(); // an empty list
+    compartido.nombre_script = QStringLiteral("publicado");
+    const QString ruta = QStringLiteral("C:\\no está.lua");
+    dialogs.ExpectName(ruta);
+    dialogs.Expect(ruta, Answer::Ok);
+    Press("mnuarchivoabrir");
+    dialogs.Expect(ruta, Answer::Ok);
+    Reciente(1)->trigger();
+    EXPECT_EQ(dialogs.messages[1].icon, platform::Icon::Error);
+    EXPECT_EQ(dialogs.messages[1].title, QStringLiteral("Quillmark"));
+    EXPECT_EQ(compartido.numero_documentos, 0);
+    EXPECT_EQ(compartido.nombre_script, QStringLiteral("publicado"));
+    EXPECT_TRUE(Captions().isEmpty());
+    EXPECT_EQ(Reciente(1)->text(), QStringLiteral("1 no está.lua")); // the list keeps it
+}
+
+TEST_F(MDIForm1Test, DroppedFilesOpenAsAbrirDoes) {
+    home.Put("uno.lua", "1");
+    home.Put("dos.lua", "2");
+    Press("mnuarchivonuevo");
+    QMimeData data;
+    const QString root = QString::fromStdString(home.Root().native());
+    data.setUrls({QUrl::fromLocalFile(root + QStringLiteral("/uno.lua")), QUrl::fromLocalFile(root),
+                  QUrl::fromLocalFile(root + QStringLiteral("/dos.lua"))});
+    QWidget* editor = Active()->findChild<QAbstractScrollArea*>()->viewport();
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(editor, &enter); // which leaves it to the main window
+    dialogs.Expect(QStringLiteral("es una carpeta"), Answer::Ok);
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(editor, &drop);
+    EXPECT_EQ(Captions().mid(1),
+              QStringList({QStringLiteral("uno.lua"), QStringLiteral("dos.lua")}));
+    EXPECT_EQ(compartido.numero_documentos, 3);
+    EXPECT_EQ(Reciente(1)->text(), QStringLiteral("1 dos.lua"));
+}
+
+TEST_F(MDIForm1Test, GuardarWritesWhereTheDocumentCameFrom) {
+    principal.Timer1_Timer();
+    dialogs.Expect(QStringLiteral("No hay documentos para guardar"), Answer::Ok);
+    principal.mnuarchivoguardar_Click();
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Information);
+
+    Abrir(home.Put("lejos/a.lua", "uno"));
+    std::filesystem::current_path("/");
+    Type(QStringLiteral("x"));
+    principal.mnuarchivoguardar_Click();
+    EXPECT_EQ(home.Get("lejos/a.lua"), "xuno");
+    EXPECT_TRUE(Active()->flagGuardar);
+}
+
+TEST_F(MDIForm1Test, GuardarAsksANewScriptForItsName) {
+    Press("mnuarchivonuevo");
+    dialogs.ExpectName(QString());
+    principal.mnuarchivoguardar_Click();
+    EXPECT_EQ(Active()->Caption(), QStringLiteral("Nuevo script 1"));
+    dialogs.ExpectName(QStringLiteral("C:\\no\\hay.qmk"));
+    principal.mnuarchivoguardar_Click(); // fails, and says nothing
+    EXPECT_EQ(Active()->Caption(), QStringLiteral("Nuevo script 1"));
+    dialogs.ExpectName(QStringLiteral("C:\\juego"));
+    principal.mnuarchivoguardar_Click();
+    EXPECT_EQ(Active()->Caption(), QStringLiteral("juego"));
+    EXPECT_TRUE(home.Get("juego").startsWith("while true do\r"));
+    dialogs.ExpectName(QStringLiteral("C:\\otro.lua"));
+    principal.mnuarchivocomo_Click();
+    EXPECT_EQ(Active()->Caption(), QStringLiteral("otro.lua"));
+    Type(QStringLiteral("--"));
+    principal.mnuarchivoguardar_Click();
+    EXPECT_TRUE(home.Get("otro.lua").startsWith("--while"));
+    EXPECT_TRUE(home.Get("juego").startsWith("while"));
+    Active()->flagGuardar = false;
+}
+
+TEST_F(MDIForm1Test, CommandsWithAToolWindowActiveDoNoHarm) {
+    Press("mnuarchivonuevo");
+    const QString text = principal.FrmDoc->txtFile().Text();
+    Press("mnuopcionesconfiguracion");
+    Press("mnuopcionesconfiguracion");
+    EXPECT_EQ(Captions().size(), 2); // brought forward, not opened twice
+    EXPECT_EQ(Active(), nullptr);
+    principal.Timer1_Timer();
+    for (const char* entrada :
+         {"mnuarchivoguardar", "mnuarchivoconfig", "mnuarchivoimprimir", "mnuediciondeshacer",
+          "mnuedicionrehacer", "mnuedicioncopiar", "mnuedicioncortar", "mnuedicionpegar",
+          "mnuedicionseleccionar", "ejecutar_lua", "mnugenerarlua"})
+        Press(entrada);
+    dialogs.ExpectName(QStringLiteral("C:\\x.qmk"));
+    Press("mnuarchivocomo");
+    EXPECT_EQ(home.Get("x.qmk"), "");
+    EXPECT_EQ(principal.FrmDoc->txtFile().Text(), text);
+}
+
+TEST_F(MDIForm1Test, EditCommandsWorkOnTheActiveDocument) {
+    Press("mnuarchivonuevo");
+    principal.Timer1_Timer();
+    Press("mnuedicionseleccionar");
+    Press("mnuedicioncortar");
+    EXPECT_EQ(Active()->txtFile().Text(), QString());
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith(QStringLiteral("while")));
+    Press("mnuediciondeshacer");
+    EXPECT_TRUE(Active()->txtFile().Text().startsWith(QStringLiteral("while")));
+    Press("mnuedicionrehacer");
+    Press("mnuedicionpegar");
+    EXPECT_TRUE(Active()->txtFile().Text().startsWith(QStringLiteral("while")));
+    Active()->flagGuardar = false;
+}
+
+TEST_F(MDIForm1Test, CerrarTodasGoesOnBehindACancel) {
+    for (int i = 0; i < 3; ++i) {
+        Press("mnuarchivonuevo");
+        Active()->flagGuardar = true;
+    }
+    Press("mnuopcionesconfiguracion");
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::No);
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Cancel);
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::No);
+    Press("mnuventanacerrar");
+    EXPECT_EQ(Captions(), QStringList{QStringLiteral("Nuevo script 2")});
+    EXPECT_EQ(compartido.numero_documentos, 1);
+}
+
+TEST_F(MDIForm1Test, WindowCommandsReachAllChildren) {
+    Press("mnuarchivonuevo");
+    Press("mnuarchivonuevo");
+    Press("mnuopcionesconfiguracion");
+    const auto all = [&](WindowState state) {
+        for (const platform::Form* form : principal.Forms())
+            EXPECT_EQ(form->State(), state);
+    };
+    Press("mnuventanaminimizar");
+    all(WindowState::Minimised);
+    Press("mnuventanaorganizar");
+    Press("mnuventanarestaurar");
+    all(WindowState::Normal);
+    Press("mnuventanamosaicov");
+    const auto forms = principal.Forms();
+    EXPECT_EQ(forms[0]->Shell()->y(), forms[1]->Shell()->y());
+    EXPECT_NE(forms[0]->Shell()->x(), forms[1]->Shell()->x());
+    Press("mnuventanamosaicoh");
+    EXPECT_NE(forms[0]->Shell()->y(), forms[1]->Shell()->y());
+    Press("mnuventanacascada");
+    EXPECT_NE(forms[0]->Shell()->pos(), forms[1]->Shell()->pos());
+}
+
+TEST_F(MDIForm1Test, SalirAsksOnceAndEndsWithoutClosing) {
+    home.Put("programa/temp.lua", "x");
+    Press("mnuarchivonuevo");
+    Active()->flagGuardar = true;
+    dialogs.Expect(QStringLiteral("¿Salir del programa?"), Answer::No);
+    Press("mnuarchivosalir");
+    EXPECT_EQ(ended, 0);
+    dialogs.Expect(QStringLiteral("¿Salir del programa?"), Answer::Yes);
+    Press("mnuarchivosalir");
+    EXPECT_EQ(ended, 1);
+    EXPECT_TRUE(principal.FrmDoc.isNull());
+    EXPECT_EQ(home.Get("programa/temp.lua"), "x");
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Question);
+    EXPECT_EQ(dialogs.messages[0].buttons, platform::Buttons::YesNo);
+    Active()->flagGuardar = false;
+}
+
+TEST_F(MDIForm1Test, ClosingTheFrameAsksTheChildrenAndThenTheUser) {
+    Press("mnuarchivonuevo");
+    Active()->flagGuardar = true;
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Cancel);
+    EXPECT_FALSE(principal.close());
+    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::No);
+    dialogs.Expect(QStringLiteral("¿Salir del programa?"), Answer::No);
+    EXPECT_FALSE(principal.close());
+    EXPECT_TRUE(principal.isVisible());
+    EXPECT_TRUE(Captions().isEmpty());
+    dialogs.Expect(QStringLiteral("¿Salir del programa?"), Answer::Yes);
+    EXPECT_TRUE(principal.close());
+}
+
+TEST_F(MDIForm1Test, TheAboutWindowAndTheUpdateNotice) {
+    dialogs.ExpectForm([](platform::Form& form) {
+        EXPECT_EQ(form.Caption(), QStringLiteral("Acerca de Quillmark"));
+        QTest::keyClick(&form, Qt::Key_Escape);
+        EXPECT_FALSE(form.IsLoaded());
+    });
+    Press("mnuayudaacerca");
+    dialogs.Expect(QStringLiteral("Actualizacion OnLine aun no disponible"), Answer::Ok);
+    Press("actualizacion_online");
+    EXPECT_EQ(dialogs.messages[0].title, QStringLiteral("Quillmark v3.0.0"));
+}
+
+TEST_F(MDIForm1Test, TheCountStaysRightOverManyDocuments) {
+    const QString ruta = home.Put("a.lua", "x");
+    for (int i = 0; i < 60; ++i) {
+        Press("mnuarchivonuevo");
+        Abrir(ruta);
+        EXPECT_EQ(compartido.numero_documentos, 2);
+        Press("mnuventanacerrar");
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(compartido.numero_documentos, 0);
+    }
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/MenuPrincipal.h"
+#include "shell/MDIForm1.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHome.h"
+
+#include <QMenuBar>
+#include <QSet>
+#include <gtest/gtest.h>
+
+using shell::EntradaMenu;
+
+namespace {
+
+// The menu as it hangs in the window, in the order and form of the table.
+void Flatten(const QList<QAction*>& actions, int level, QStringList& lines) {
+    for (const QAction* action : actions) {
+        if (action->objectName().isEmpty())
+            continue; // the further entries of the recent list
+        lines.append(QStringLiteral("%1 %2 %3 %4")
+                         .arg(level)
+                         .arg(action->objectName(),
+                              action->isSeparator() ? QStringLiteral("-") : action->text(),
+                              action->shortcut().toString(QKeySequence::PortableText)));
+        if (action->menu())
+            Flatten(action->menu()->actions(), level + 1, lines);
+    }
+}
+
+} // namespace
+
+TEST(MenuPrincipal, TheWindowShowsTheWholeTableInItsOrder) {
+    const support::TestHome home;
+    const support::ScriptedDialogs dialogs;
+    shared::ValoresCompartidos compartido;
+    shell::MDIForm1 principal(compartido, QString());
+    principal.Show();
+    QStringList shown;
+    Flatten(principal.menuBar()->actions(), 0, shown);
+    QStringList table;
+    for (const EntradaMenu& entrada : shell::MenuPrincipal())
+        table.append(QStringLiteral("%1 %2 %3 %4")
+                         .arg(entrada.nivel)
+                         .arg(QString::fromLatin1(entrada.nombre),
+                              QString::fromUtf16(entrada.texto),
+                              QString::fromLatin1(entrada.tecla)));
+    EXPECT_EQ(shown, table);
+    EXPECT_FALSE(principal.Entrada(QStringLiteral("crear_temporal"))->isVisible());
+}
+
+TEST(MenuPrincipal, NamesAndKeysAreUnique) {
+    QSet<QString> names;
+    QSet<QString> keys;
+    int withDocument = 0;
+    for (const EntradaMenu& entrada : shell::MenuPrincipal()) {
+        const QString name = QString::fromLatin1(entrada.nombre);
+        const QString key = QString::fromLatin1(entrada.tecla);
+        EXPECT_FALSE(names.contains(name)) << entrada.nombre;
+        EXPECT_TRUE(key.isEmpty() || !keys.contains(key)) << entrada.tecla;
+        EXPECT_TRUE(key.isEmpty() || !QKeySequence(key).isEmpty()) << entrada.tecla;
+        names.insert(name);
+        keys.insert(key);
+        withDocument += entrada.conDocumento;
+    }
+    EXPECT_EQ(withDocument, 12);
+}
