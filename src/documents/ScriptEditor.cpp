@@ -211,10 +211,11 @@ void ScriptEditor::SetFontPoints(int points) {
 }
 
 void ScriptEditor::SetLuaColors(bool on) {
-    SendScintilla(SCI_CLEARDOCUMENTSTYLE);
     SendScintilla(SCI_SETLEXERLANGUAGE, 0UL, on ? "lua" : "null");
     SendScintilla(SCI_SETKEYWORDS, 0UL, kKeywords);
     SendScintilla(SCI_SETKEYWORDS, 1UL, kScopeKeywords);
+    SendScintilla(SCI_CLEARDOCUMENTSTYLE);
+    SendScintilla(SCI_STARTSTYLING, 0UL, 0L); // anew, as far as it is seen
 }
 
 void ScriptEditor::ShowLeftMargin(bool on) {

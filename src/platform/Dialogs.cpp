@@ -18,6 +18,8 @@
 namespace platform {
 namespace {
 
+constexpr QSize kFileDialogSize(760, 480);
+
 QMessageBox::Icon ToolkitIcon(Icon icon) {
     switch (icon) {
     case Icon::Information:
@@ -98,6 +100,7 @@ private:
         QFileDialog dialog(question.owner, question.title);
         dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
                           QFileDialog::HideNameFilterDetails);
+        dialog.resize(kFileDialogSize);
         dialog.setAcceptMode(mode);
         dialog.setFileMode(QFileDialog::AnyFile);
         if (!question.folder.isEmpty())

@@ -12,6 +12,7 @@
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QScreen>
+#include <QShortcut>
 #include <QUrl>
 #include <algorithm>
 
@@ -60,7 +61,24 @@ MDIFrame::MDIFrame() : m_area(new QMdiArea(this)) {
     m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     setCentralWidget(m_area);
     setAcceptDrops(true);
+    AddKeys();
     resize(kDesignedSize.boundedTo(screen()->availableSize()));
+}
+
+// The keys that people know from frames with children.
+void MDIFrame::AddKeys() {
+    const auto add = [this](QKeyCombination key, auto action) {
+        auto* shortcut = new QShortcut(key, this);
+        connect(shortcut, &QShortcut::activated, m_area, action);
+    };
+    for (const Qt::Key key : {Qt::Key_F6, Qt::Key_Tab})
+        add(Qt::CTRL | key, &QMdiArea::activateNextSubWindow);
+    for (const Qt::Key key : {Qt::Key_F6, Qt::Key_Backtab})
+        add(Qt::CTRL | Qt::SHIFT | key, &QMdiArea::activatePreviousSubWindow);
+    add(Qt::CTRL | Qt::Key_F4, [this] {
+        if (Form* form = ActiveForm())
+            form->Unload();
+    });
 }
 
 MDIFrame::~MDIFrame() {

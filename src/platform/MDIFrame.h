@@ -58,6 +58,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void AddKeys();
     std::vector<QMdiSubWindow*> Shells(bool minimised) const;
 
     QMdiArea* m_area;
