@@ -63,10 +63,8 @@ QString CodeMax::Text() const {
 }
 
 void CodeMax::Begin(const QByteArray& utf8) {
-    const QScopedValueRollback quiet(m_quiet, true);
-    m_editor->SetLuaColors(false); // not while the text arrives
+    ChooseHelpers(utf8.size());
     m_editor->Load(utf8);
-    ChooseHelpers();
     m_begun = true;
 }
 
@@ -133,12 +131,12 @@ void CodeMax::SetOption(int option, int value) {
     switch (option) {
     case kBraceMatchOption:
         m_wantsBraces = on;
-        return ChooseHelpers();
+        return ChooseHelpers(m_editor->length());
     case kKeepTabsOption:
         return m_editor->setIndentationsUseTabs(on);
     case kSyntaxColorOption:
         m_wantsColors = on;
-        return ChooseHelpers();
+        return ChooseHelpers(m_editor->length());
     case kLeftMarginOption:
         return m_editor->ShowLeftMargin(on);
     case kLineNumberOption:
@@ -150,8 +148,8 @@ void CodeMax::SetOption(int option, int value) {
     }
 }
 
-void CodeMax::ChooseHelpers() {
-    const bool large = m_editor->length() > kLargeText;
+void CodeMax::ChooseHelpers(qsizetype bytes) {
+    const bool large = bytes > kLargeText;
     m_editor->SetLuaColors(m_wantsColors && !large);
     m_editor->setBraceMatching(m_wantsBraces && !large ? QsciScintilla::SloppyBraceMatch
                                                        : QsciScintilla::NoBraceMatch);

@@ -63,7 +63,8 @@ Q_SIGNALS:
 private:
     QByteArray Bytes() const;
     void Begin(const QByteArray& utf8);
-    void ChooseHelpers();
+    /// Turns on what is wanted and not too costly for a text of that many bytes.
+    void ChooseHelpers(qsizetype bytes);
 
     ScriptEditor* m_editor;
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;

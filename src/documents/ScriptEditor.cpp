@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <Qsci/qscicommandset.h>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace documents {
@@ -137,12 +138,17 @@ QByteArray ScriptEditor::Bytes() const {
 }
 
 void ScriptEditor::Load(const QByteArray& utf8) {
+    // Nobody is told of each piece; the copy that the telling makes costs as much as the loading.
+    const long events = SendScintilla(SCI_GETMODEVENTMASK);
+    SendScintilla(SCI_SETMODEVENTMASK, 0);
     SendScintilla(SCI_SETUNDOCOLLECTION, 0);
     SendScintilla(SCI_CLEARALL);
-    SendScintilla(SCI_ALLOCATE, static_cast<unsigned long>(utf8.size()));
-    SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(utf8.size()), utf8.constData());
+    SendScintilla(SCI_ADDTEXT, static_cast<unsigned long>(utf8.size()), utf8.constData());
+    SendScintilla(SCI_GOTOPOS, 0UL);
     SendScintilla(SCI_EMPTYUNDOBUFFER);
     SendScintilla(SCI_SETUNDOCOLLECTION, 1);
+    SendScintilla(SCI_SETMODEVENTMASK, static_cast<unsigned long>(events));
+    FitLineNumbers();
     setEolMode(LineEndOf(utf8));
 }
 
@@ -211,6 +217,8 @@ void ScriptEditor::SetFontPoints(int points) {
 }
 
 void ScriptEditor::SetLuaColors(bool on) {
+    if (std::exchange(m_luaColors, on) == on)
+        return;
     SendScintilla(SCI_SETLEXERLANGUAGE, 0UL, on ? "lua" : "null");
     SendScintilla(SCI_SETKEYWORDS, 0UL, kKeywords);
     SendScintilla(SCI_SETKEYWORDS, 1UL, kScopeKeywords);

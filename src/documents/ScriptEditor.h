@@ -15,7 +15,8 @@ public:
     explicit ScriptEditor(QWidget* parent);
 
     QByteArray Bytes() const;
-    /// Replaces everything and forgets the history. Later line ends follow those of the text.
+    /// Replaces everything and forgets the history; signals nothing. Later line ends follow those of
+    /// the text.
     void Load(const QByteArray& utf8);
     /// Replaces everything in one step of undo.
     void ReplaceAll(const QByteArray& utf8);
@@ -41,6 +42,7 @@ private:
 
     std::array<int, 31> m_colors;
     bool m_lineNumbers = false;
+    bool m_luaColors = false;
 };
 
 } // namespace documents

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/CodePage.h"
 
+#include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace platform {
 namespace {
@@ -27,6 +29,25 @@ int ByteFor(char16_t character) {
     return -1;
 }
 
+constexpr size_t kSequenceRoom = 4;
+
+// A byte's character in UTF-8.
+struct Sequence {
+    char bytes[kSequenceRoom];
+    qsizetype length;
+};
+
+std::array<Sequence, 256> Utf8Sequences() {
+    std::array<Sequence, 256> table{};
+    for (size_t i = 0; i < table.size(); ++i) {
+        const char byte = static_cast<char>(i);
+        const QByteArray utf8 = FromCodePage(QByteArrayView(&byte, 1)).toUtf8();
+        std::copy(utf8.begin(), utf8.end(), table[i].bytes);
+        table[i].length = utf8.size();
+    }
+    return table;
+}
+
 } // namespace
 
 QString FromCodePage(QByteArrayView bytes) {
@@ -36,6 +57,21 @@ QString FromCodePage(QByteArrayView bytes) {
             c = QChar(kUpperControls[c.unicode() - 0x80U]);
     }
     return text;
+}
+
+QByteArray CodePageToUtf8(QByteArrayView bytes) {
+    static const std::array<Sequence, 256> table = Utf8Sequences();
+    const auto isUpper = [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; };
+    const qsizetype upper = std::count_if(bytes.begin(), bytes.end(), isUpper);
+    QByteArray utf8(bytes.size() + 2 * upper + kSequenceRoom, Qt::Uninitialized);
+    char* out = utf8.data();
+    for (const char c : bytes) {
+        const Sequence& sequence = table[static_cast<unsigned char>(c)];
+        std::memcpy(out, sequence.bytes, kSequenceRoom); // a fixed size is one move
+        out += sequence.length;
+    }
+    utf8.truncate(out - utf8.data());
+    return utf8;
 }
 
 std::optional<QByteArray> ToCodePage(QStringView text) {

@@ -12,6 +12,9 @@ namespace platform {
 /// same value, both ways.
 QString FromCodePage(QByteArrayView bytes);
 
+/// The same as UTF-8, without the way round.
+QByteArray CodePageToUtf8(QByteArrayView bytes);
+
 /// Empty if a character has no place in the code page.
 std::optional<QByteArray> ToCodePage(QStringView text);
 

@@ -59,23 +59,23 @@ DecodedText DecodeUtf16(const QByteArray& bytes, TextEncoding encoding) {
     return result;
 }
 
-TextEncoding Detect(const QByteArray& bytes) {
+TextEncoding Detect(const QByteArray& bytes, bool ascii) {
     for (const Mark& mark : kMarks) {
         if (!bytes.startsWith(mark.bytes))
             continue;
         if (IsUtf16(mark.encoding) || bytes.isValidUtf8())
             return mark.encoding;
     }
-    const bool unicode = !IsAscii(bytes) && bytes.isValidUtf8();
-    return unicode ? TextEncoding::Utf8 : TextEncoding::CodePage;
+    return !ascii && bytes.isValidUtf8() ? TextEncoding::Utf8 : TextEncoding::CodePage;
 }
 
 DecodedText DecodeAny(const QByteArray& bytes) {
-    const TextEncoding encoding = Detect(bytes);
+    const bool ascii = IsAscii(bytes);
+    const TextEncoding encoding = Detect(bytes, ascii);
     if (IsUtf16(encoding))
         return DecodeUtf16(bytes, encoding);
-    if (encoding == TextEncoding::CodePage && !IsAscii(bytes))
-        return {encoding, FromCodePage(bytes).toUtf8()};
+    if (encoding == TextEncoding::CodePage && !ascii)
+        return {encoding, CodePageToUtf8(bytes)};
     return {encoding, bytes.sliced(MarkOf(encoding).size())};
 }
 
@@ -99,7 +99,7 @@ EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted) {
         if (IsAscii(utf8))
             return {wanted, utf8};
         const auto bytes = ToCodePage(QString::fromUtf8(utf8));
-        if (bytes && Detect(*bytes) == TextEncoding::CodePage)
+        if (bytes && Detect(*bytes, false) == TextEncoding::CodePage)
             return {wanted, *bytes};
     }
     return {TextEncoding::Utf8, utf8};

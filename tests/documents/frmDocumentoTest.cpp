@@ -64,7 +64,8 @@ TEST_F(frmDocumentoTest, LoadsWithTheSkeletonAndUnchanged) {
     EXPECT_NEAR(documento->Height(), 11000 - 900, 15);
     documento->txtFile().Undo();
     EXPECT_EQ(documento->txtFile().Text(), esqueleto);
-    const QImage image = documento->txtFile().grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage image =
+        documento->txtFile().grab().toImage().convertToFormat(QImage::Format_RGB32);
     const auto* pixels = reinterpret_cast<const QRgb*>(image.constBits());
     const auto isBlue = [](QRgb p) { return qBlue(p) > 200 && qRed(p) < 140 && qGreen(p) < 140; };
     EXPECT_GT(std::count_if(pixels, pixels + image.width() * image.height(), isBlue), 10);
