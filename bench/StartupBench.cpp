@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kRuns = 21;
+constexpr int kRuns = 31;
 
 double Start(const QString& program) {
     QProcess process;

@@ -48,9 +48,11 @@ int main(int argc, char** argv) {
     platform::SpeakSpanish(application);
     platform::PrepareProgramFolder(std::filesystem::read_symlink("/proc/self/exe"));
 
+    const QString lineaDeComandos = platform::CommandLinePath(arguments);
     shared::ValoresCompartidos compartido;
-    shell::MDIForm1 principal(compartido, platform::CommandLinePath(arguments));
-    auto* portada = new shell::Form0(principal); // goes by itself after the hand-over
+    auto* portada = new shell::Form0; // goes by itself after the hand-over
     portada->Show();
+    shell::MDIForm1 principal(compartido, lineaDeComandos); // made while the splash stands
+    portada->EntregarA(principal);
     return QApplication::exec();
 }

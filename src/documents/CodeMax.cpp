@@ -59,12 +59,15 @@ QByteArray CodeMax::Bytes() const {
 }
 
 QString CodeMax::Text() const {
-    return QString::fromUtf8(m_editor->Bytes());
+    return platform::FromUtf8(m_editor->Bytes());
 }
 
 void CodeMax::Begin(const QByteArray& utf8) {
     ChooseHelpers(utf8.size());
     m_editor->Load(utf8);
+    if (m_editor->length() != utf8.size())
+        throw Failure(FailureCode::InvalidText, QStringLiteral("CodeMax"),
+                      QStringLiteral("El texto es demasiado grande para el editor."));
     m_begun = true;
 }
 

@@ -15,8 +15,8 @@ public:
     explicit ScriptEditor(QWidget* parent);
 
     QByteArray Bytes() const;
-    /// Replaces everything and forgets the history; signals nothing. Later line ends follow those of
-    /// the text.
+    /// Replaces everything and forgets the history; signals nothing. Later line ends follow those
+    /// of the text.
     void Load(const QByteArray& utf8);
     /// Replaces everything in one step of undo.
     void ReplaceAll(const QByteArray& utf8);

@@ -66,7 +66,11 @@ void PrintScript(ScriptEditor& editor, const QString& title) {
     ScriptPrinter printer(title);
     if (!CurrentDialogs().SetUpPrint(printer, editor.window()))
         return;
-    if (printer.printRange(&editor) == 0)
+    QPainter painter;
+    const bool begun = painter.begin(&printer);
+    if (begun && editor.length() > 0)
+        printer.printRange(&editor, painter);
+    if (!begun || !painter.end() || printer.printerState() == QPrinter::Error)
         throw platform::Failure(platform::FailureCode::PathFileAccess, QStringLiteral("CodeMax"),
                                 QStringLiteral("No se puede imprimir \"%1\".").arg(title));
 }

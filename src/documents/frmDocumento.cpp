@@ -4,6 +4,7 @@
 #include "documents/CodeMaxConstants.h"
 #include "platform/Dialogs.h"
 #include "platform/Failure.h"
+#include "platform/Handler.h"
 #include "platform/Log.h"
 #include "platform/Program.h"
 #include "ui_frmDocumento.h"
@@ -49,32 +50,45 @@ QString Esqueleto() {
 } // namespace
 
 frmDocumento::frmDocumento(MarcoDocumentos& marco, shared::ValoresCompartidos& compartido)
-    : m_ui(std::make_unique<Ui::frmDocumento>()),
+    : CommonDialog1(this),
+      m_ui(std::make_unique<Ui::frmDocumento>()),
       m_marco(marco),
-      m_compartido(compartido),
-      CommonDialog1(this) {
+      m_compartido(compartido) {
     m_ui->setupUi(this);
     m_txtFile = m_ui->txtFile;
     setFocusProxy(m_txtFile);
     connect(m_txtFile, &CodeMax::Change, this, &frmDocumento::txtFile_Change);
 }
 
-frmDocumento::~frmDocumento() = default;
+frmDocumento::~frmDocumento() {
+    m_compartido.texto_script.Soltar(this);
+}
+
+void frmDocumento::PonerAspecto(CodeMax& editor) {
+    for (const Option option :
+         {kLineNumberOption, kLeftMarginOption, kSyntaxColorOption, kKeepTabsOption})
+        editor.SetOption(option, true);
+    editor.SetOption(kAutoIndentOption, 1);
+    editor.FontName(QStringLiteral("Courier New"));
+    editor.FontSize(10);
+    for (const ColorDeEditor& color : kColores)
+        editor.SetColor(color.item, color.color);
+    editor.SetOption(kBraceMatchOption, true);
+}
+
+void frmDocumento::Preparar() {
+    CodeMax editor;
+    editor.Text(Esqueleto());
+    PonerAspecto(editor);
+    editor.grab(); // the fonts are loaded by painting
+}
 
 void frmDocumento::Form_Load() {
     m_txtFile->Text(Esqueleto());
     m_marco.crear_temporal_click();
     m_compartido.nombre_script = Caption();
     Move(0, 0, kAncho, m_marco.Alto() - kMenosQueElMarco);
-    for (const Option option :
-         {kLineNumberOption, kLeftMarginOption, kSyntaxColorOption, kKeepTabsOption})
-        m_txtFile->SetOption(option, true);
-    m_txtFile->SetOption(kAutoIndentOption, 1);
-    m_txtFile->FontName(QStringLiteral("Courier New"));
-    m_txtFile->FontSize(10);
-    for (const ColorDeEditor& color : kColores)
-        m_txtFile->SetColor(color.item, color.color);
-    m_txtFile->SetOption(kBraceMatchOption, true);
+    PonerAspecto(*m_txtFile);
 }
 
 void frmDocumento::Form_Resize() {
@@ -130,34 +144,37 @@ void frmDocumento::GuardarAlCerrar() {
     GuardarEn(CommonDialog1.FileName());
 }
 
+void frmDocumento::PreguntarPorCambios(bool& cancel) {
+    if (!flagGuardar)
+        return;
+    const Answer answer =
+        platform::MsgBox(QStringLiteral("¿Guardar cambios?"), platform::Buttons::YesNoCancel,
+                         platform::Icon::Question, Caption());
+    cancel = answer == Answer::Cancel;
+    if (answer == Answer::Yes)
+        GuardarAlCerrar();
+}
+
 // A save that fails here does not stop the closing: the text is gone.
 void frmDocumento::Form_QueryUnload(bool& cancel) {
     try {
-        const Answer answer = flagGuardar ? platform::MsgBox(QStringLiteral("¿Guardar cambios?"),
-                                                             platform::Buttons::YesNoCancel,
-                                                             platform::Icon::Question, Caption())
-                                          : Answer::No;
-        cancel = answer == Answer::Cancel;
-        if (answer == Answer::Yes)
-            GuardarAlCerrar();
-    } catch (const Failure& failure) {
-        qCWarning(platform::lcQuillmark) << "not saved while closing:" << failure.Text();
-        if (!failure.IsFileAccess())
+        PreguntarPorCambios(cancel);
+    } catch (const std::exception& error) {
+        qCWarning(platform::lcQuillmark) << "not saved while closing:" << error.what();
+        const auto* failure = dynamic_cast<const Failure*>(&error);
+        if (!failure || !failure->IsFileAccess())
             return;
     }
     m_compartido.documento_explorador = nullptr;
 }
 
 void frmDocumento::Form_Unload() {
-    m_compartido.texto_script.Soltar(this);
+    --m_compartido.numero_documentos;
     const QString temporal = platform::ProgramFolder() + QStringLiteral("\\temp.lua");
-    try {
+    platform::RunSilently([&] {
         if (fso.FileExists(temporal))
             fso.DeleteFile(temporal, true);
-    } catch (const Failure& failure) {
-        qCWarning(platform::lcQuillmark) << failure.Text();
-    }
-    --m_compartido.numero_documentos;
+    });
 }
 
 } // namespace documents

@@ -25,8 +25,13 @@ public:
     frmDocumento(MarcoDocumentos& marco, shared::ValoresCompartidos& compartido);
     ~frmDocumento() override;
 
+    /// Loads the fonts and the engine that the first document needs, while there is time for it.
+    static void Preparar();
+
     /// Set by the first change of the text, and never cleared again.
     bool flagGuardar = false;
+    platform::FileSystemObject fso;
+    platform::CommonDialog CommonDialog1;
 
     CodeMax& txtFile() { return *m_txtFile; }
 
@@ -49,14 +54,13 @@ protected:
 private:
     void txtFile_Change();
     void PublicarTexto();
-    void PonerColores();
+    static void PonerAspecto(CodeMax& editor);
+    void PreguntarPorCambios(bool& cancel);
     void GuardarAlCerrar();
 
     std::unique_ptr<Ui::frmDocumento> m_ui;
     MarcoDocumentos& m_marco;
     shared::ValoresCompartidos& m_compartido;
-    platform::FileSystemObject fso;
-    platform::CommonDialog CommonDialog1;
     CodeMax* m_txtFile;
     QString m_ruta; // program path; empty before the first saving
 };

@@ -7,6 +7,7 @@
 #include "platform/Program.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -103,8 +104,10 @@ private:
         dialog.resize(kFileDialogSize);
         dialog.setAcceptMode(mode);
         dialog.setFileMode(QFileDialog::AnyFile);
-        if (!question.folder.isEmpty())
-            dialog.setDirectory(QString::fromStdString(ToNative(question.folder).native()));
+        // Always told: the toolkit remembers the folder of its last dialog.
+        dialog.setDirectory(question.folder.isEmpty()
+                                ? QDir::currentPath()
+                                : QString::fromStdString(ToNative(question.folder).native()));
         QStringList filters;
         for (const FileFilter& filter : question.filters)
             filters.append(QStringLiteral("%1 (%2)").arg(filter.name, filter.pattern));

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 bool FileSystemObject::FileExists(const QString& path) const {
     try {
         std::error_code error;
-        const fs::file_status status = fs::status(ToNative(path), error);
+        const fs::file_status status = fs::status(ToNative(path, LastName::AsWritten), error);
         return fs::exists(status) && !fs::is_directory(status);
     } catch (const Failure&) {
         return false;
@@ -24,7 +24,7 @@ bool FileSystemObject::FileExists(const QString& path) const {
 }
 
 void FileSystemObject::DeleteFile(const QString& path, bool force) const {
-    const fs::path native = ToNative(path);
+    const fs::path native = ToNative(path, LastName::AsWritten);
     const bool refused = !force && ::access(native.c_str(), W_OK) != 0;
     if (refused || ::unlink(native.c_str()) != 0)
         throw Failure(errno == ENOENT ? FailureCode::FileNotFound : FailureCode::PermissionDenied,

@@ -144,9 +144,11 @@ void SyncFolder(const fs::path& folder) {
 // A second file beside the target, gone again unless it takes the target's place.
 class FileBeside {
 public:
-    FileBeside(const fs::path& target, const QByteArray& bytes, const struct stat* like)
+    // Owner and permissions are those of `like`, or the mode less the umask without one.
+    FileBeside(const fs::path& target, const QByteArray& bytes, const struct stat* like,
+               mode_t mode = 0600)
         : m_path(FreeName(target)) {
-        FileHandle handle(m_path, O_WRONLY | O_CREAT | O_EXCL, 0666);
+        FileHandle handle(m_path, O_WRONLY | O_CREAT | O_EXCL, mode);
         m_exists = true;
         try {
             if (like && (::fchown(handle.Descriptor(), like->st_uid, like->st_gid) != 0 ||
@@ -251,19 +253,21 @@ void WriteInPlace(const fs::path& target, const QByteArray& bytes) {
 }
 
 bool FolderRefuses(SystemError error) {
-    return error.number == EACCES || error.number == EPERM || error.number == EROFS;
+    constexpr std::array kRefusals = {EACCES, EPERM, EROFS, ENOSYS, EOPNOTSUPP};
+    return std::find(kRefusals.begin(), kRefusals.end(), error.number) != kRefusals.end();
 }
 
 void WriteNative(const fs::path& path, const QByteArray& bytes) {
     const fs::path target = EndOfLinks(path);
     const auto status = WritableTarget(target);
     if (!status) {
-        FileBeside(target, bytes, nullptr).TakePlaceOf(target);
+        FileBeside(target, bytes, nullptr, 0666).TakePlaceOf(target);
         return;
     }
     try {
-        FileBeside beside(target, bytes, &*status);
-        if (ReplacementWouldLose(target, *status))
+        const bool inPlace = ReplacementWouldLose(target, *status);
+        FileBeside beside(target, bytes, inPlace ? nullptr : &*status);
+        if (inPlace)
             WriteInPlace(target, bytes); // the whole text stands beside it meanwhile
         else
             beside.TakePlaceOf(target);
@@ -306,7 +310,7 @@ QByteArray ReadFile(const QString& path) {
 
 void WriteFile(const QString& path, const QByteArray& bytes) {
     try {
-        WriteNative(ToNative(path), bytes);
+        WriteNative(ToNative(path, LastName::AsWritten), bytes);
     } catch (const SystemError& error) {
         // A file that isn't there yet is no failure, so it is its folder that is missing.
         const SystemError told{error.number == ENOENT ? ENOTDIR : error.number};

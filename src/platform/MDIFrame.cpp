@@ -10,6 +10,7 @@
 #include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
@@ -28,6 +29,8 @@ class ChildWindow : public QMdiSubWindow {
 public:
     explicit ChildWindow(Form* form) : m_form(form) {
         setWidget(form);
+        for (QAction* action : systemMenu()->actions())
+            action->setShortcuts(QList<QKeySequence>()); // the keys are the frame's
         connect(this, &QMdiSubWindow::windowStateChanged, form,
                 [form](Qt::WindowStates, Qt::WindowStates) { form->ShellStateChanged(); });
     }
@@ -75,10 +78,12 @@ void MDIFrame::AddKeys() {
         add(Qt::CTRL | key, &QMdiArea::activateNextSubWindow);
     for (const Qt::Key key : {Qt::Key_F6, Qt::Key_Backtab})
         add(Qt::CTRL | Qt::SHIFT | key, &QMdiArea::activatePreviousSubWindow);
-    add(Qt::CTRL | Qt::Key_F4, [this] {
-        if (Form* form = ActiveForm())
-            form->Unload();
-    });
+    for (const Qt::Key key : {Qt::Key_F4, Qt::Key_W}) {
+        add(Qt::CTRL | key, [this] {
+            if (Form* form = ActiveForm())
+                form->Unload();
+        });
+    }
 }
 
 MDIFrame::~MDIFrame() {
@@ -103,11 +108,16 @@ void MDIFrame::Show() {
     if (!m_initialised) {
         m_initialised = true;
         MDIForm_Initialize();
-        layout()->activate(); // children may ask for the height before the frame is seen
+        Prepare(); // children may ask for the height before the frame is seen
         RunHandler([this] { MDIForm_Load(); });
     }
     show();
     activateWindow();
+}
+
+void MDIFrame::Prepare() {
+    winId(); // makes the native window
+    layout()->activate();
 }
 
 void MDIFrame::Adopt(Form* form) {
@@ -202,12 +212,16 @@ void MDIFrame::closeEvent(QCloseEvent* event) {
 }
 
 void MDIFrame::dragEnterEvent(QDragEnterEvent* event) {
-    if (!LocalFiles(event->mimeData()).empty())
-        event->acceptProposedAction();
+    // A copy whatever the source proposes: after a move it would delete the file.
+    if (LocalFiles(event->mimeData()).empty() || !(event->possibleActions() & Qt::CopyAction))
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void MDIFrame::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     for (const QUrl& url : LocalFiles(event->mimeData())) {
         // The bytes of the name, which need not be UTF-8.
         const QByteArray native =

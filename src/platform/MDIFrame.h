@@ -42,6 +42,8 @@ public:
     int Height() const;
 
 protected:
+    /// Does what can be done before the first showing, so that this is quick.
+    void Prepare();
     /// Takes all children away at once. A frame whose children call it back does so in its
     /// destructor.
     void DeleteChildren();

@@ -3,6 +3,7 @@
 
 #include "platform/Drives.h"
 #include "platform/Failure.h"
+#include "platform/TextEncoding.h"
 
 #include <QStringList>
 #include <algorithm>
@@ -46,8 +47,8 @@ QString FromNativeName(QByteArrayView name) {
     while (!name.isEmpty()) {
         const qsizetype length = std::max<qsizetype>(1, CharacterLength(name));
         const QByteArrayView bytes = name.first(length);
-        const QString character = QString::fromUtf8(bytes);
-        const bool plain = bytes.isValidUtf8() && TravelCode(character.at(0)) == 0 &&
+        const QString character = FromUtf8(bytes);
+        const bool plain = bytes.isValidUtf8() && TravelCode(character.front()) == 0 &&
                            (length > 1 || !Travels(static_cast<unsigned char>(bytes.front())));
         if (plain)
             text += character;
@@ -92,6 +93,13 @@ fs::path FindEntry(const fs::path& folder, const std::string& name) {
     return best.empty() ? fs::path(name) : best;
 }
 
+// "/" if the current directory is gone: what is looked for there isn't found.
+fs::path CurrentFolder() {
+    std::error_code error;
+    fs::path current = fs::current_path(error);
+    return error ? fs::path("/") : current;
+}
+
 struct Start {
     fs::path root;   // what ".." can't leave
     fs::path folder; // where the rest begins
@@ -106,31 +114,40 @@ Start StartOf(const QString& path) {
                           QStringLiteral("No existe la unidad %1").arg(path.left(2).toUpper()));
         return {*root, *root, path.mid(2)};
     }
-    const fs::path current = fs::current_path();
+    const fs::path current = CurrentFolder();
     const fs::path root = CurrentDrives().Holding(current).root;
     return {root, path.startsWith(u'\\') ? root : current, path};
 }
 
 } // namespace
 
-fs::path ToNative(const QString& path) {
+fs::path ToNative(const QString& path, LastName lastName) {
     if (path.isEmpty() || path.contains(QChar(u'\0')))
         throw Failure(FailureCode::PathNotFound, QStringLiteral("Rutas"),
                       QStringLiteral("El nombre de archivo no es válido"));
     Start start = StartOf(path);
     fs::path native = start.folder;
     start.rest.replace(u'/', u'\\');
-    for (const QString& part : start.rest.split(u'\\', Qt::SkipEmptyParts)) {
+    const QStringList parts = start.rest.split(u'\\', Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        const QString& part = parts.at(i);
+        const bool asWritten = lastName == LastName::AsWritten && i + 1 == parts.size();
         if (part == u"..")
             native = native == start.root ? native : native.parent_path();
         else if (part != u".")
-            native /= FindEntry(native, ToNativeName(part));
+            native /=
+                asWritten ? fs::path(ToNativeName(part)) : FindEntry(native, ToNativeName(part));
     }
     return native;
 }
 
 QString FromNative(const fs::path& native) {
-    const fs::path absolute = fs::absolute(native).lexically_normal();
+    fs::path absolute = CurrentFolder() / native;
+    std::error_code error;
+    // Behind a link to a folder, ".." is not what the text says.
+    if (std::find(absolute.begin(), absolute.end(), "..") != absolute.end())
+        absolute = fs::weakly_canonical(absolute.parent_path(), error) / absolute.filename();
+    absolute = absolute.lexically_normal();
     const Drive drive = CurrentDrives().Holding(absolute);
     auto part = absolute.begin();
     std::advance(part, std::distance(drive.root.begin(), drive.root.end()));

@@ -10,11 +10,15 @@ namespace platform {
 /// desktop's, as bytes. A character of a native name that a program path can't hold (\ : * ? " < >
 /// | and controls), and each byte that isn't UTF-8, travels as U+F000 + code, both ways.
 
+/// How the last name of a path is looked for. Whoever writes or deletes takes it as written, so
+/// that no other file is hit that differs in case.
+enum class LastName { AnyCase, AsWritten };
+
 /// The native path of a program path. A relative one starts at the current directory; "/" separates
 /// like the backslash. Each name is looked for as written, then without regard to case; a name that
 /// is not there stays as written. Fails (PathNotFound) if the drive isn't there or the path can't
 /// be one.
-std::filesystem::path ToNative(const QString& path);
+std::filesystem::path ToNative(const QString& path, LastName lastName = LastName::AnyCase);
 
 /// The program path of a native path; a relative one starts at the current directory.
 QString FromNative(const std::filesystem::path& native);

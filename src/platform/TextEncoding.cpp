@@ -46,7 +46,7 @@ QStringConverter::Encoding Utf16Converter(TextEncoding encoding) {
 
 QByteArray EncodeUtf16(const QByteArray& utf8, TextEncoding encoding) {
     QStringEncoder encoder(Utf16Converter(encoding));
-    return MarkOf(encoding).toByteArray() + QByteArray(encoder(QString::fromUtf8(utf8)));
+    return MarkOf(encoding).toByteArray() + QByteArray(encoder(FromUtf8(utf8)));
 }
 
 DecodedText DecodeUtf16(const QByteArray& bytes, TextEncoding encoding) {
@@ -81,6 +81,11 @@ DecodedText DecodeAny(const QByteArray& bytes) {
 
 } // namespace
 
+QString FromUtf8(QByteArrayView utf8) {
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return decoder(utf8);
+}
+
 DecodedText DecodeText(const QByteArray& bytes) {
     DecodedText result = DecodeAny(bytes);
     if (result.utf8.contains('\0'))
@@ -98,7 +103,7 @@ EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted) {
     if (wanted == TextEncoding::CodePage) {
         if (IsAscii(utf8))
             return {wanted, utf8};
-        const auto bytes = ToCodePage(QString::fromUtf8(utf8));
+        const auto bytes = ToCodePage(FromUtf8(utf8));
         if (bytes && Detect(*bytes, false) == TextEncoding::CodePage)
             return {wanted, *bytes};
     }

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 namespace platform {
 
 /// How the text of a file is held on the disk. The marks are the byte order marks of Unicode.
 enum class TextEncoding { CodePage, Utf8, Utf8WithMark, Utf16LEWithMark, Utf16BEWithMark };
+
+/// Valid UTF-8 as text; a U+FEFF at the start stays, which QString::fromUtf8 would take for a mark.
+QString FromUtf8(QByteArrayView utf8);
 
 struct DecodedText {
     TextEncoding encoding = TextEncoding::CodePage;

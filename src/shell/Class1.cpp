@@ -5,6 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/Paths.h"
 #include "platform/UserSettings.h"
+#include "shell/Module1.h"
 
 namespace shell {
 namespace {
@@ -66,7 +67,8 @@ QString Class1::CommonDialog_Abrir(QWidget* Hwnd_form, const QString& Filtro,
     const platform::FileQuestion question{
         Hwnd_form, Dialog_title.isEmpty() ? kTitulo : Dialog_title, path_Inicial,
         platform::FilterPairs(Filtro.isEmpty() ? kFiltro : Filtro, QChar(u'\0'))};
-    return platform::CurrentDialogs().AskOpenName(question).remove(QChar(u'\0')).trimmed();
+    return Module1::SinBlancos(
+        platform::CurrentDialogs().AskOpenName(question).remove(QChar(u'\0')));
 }
 
 QString Class1::NombreArchivo(const QString& ruta) {

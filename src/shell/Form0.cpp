@@ -19,10 +19,7 @@ constexpr int kPaso = 10; // milliseconds
 
 } // namespace
 
-Form0::Form0(MDIForm1& principal)
-    : m_ui(std::make_unique<Ui::Form0>()),
-      m_principal(principal),
-      Timer1(this, &Form0::Timer1_Timer) {
+Form0::Form0() : m_ui(std::make_unique<Ui::Form0>()), Timer1(this, &Form0::Timer1_Timer) {
     m_ui->setupUi(this);
     setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
     m_ui->Image1->setPixmap(DibujoPortada(m_ui->Image1->size(), devicePixelRatioF()));
@@ -67,20 +64,20 @@ void Form0::Timer1_Timer() {
 }
 
 void Form0::Entregar() {
-    m_principal.Show();
+    m_principal->Show();
     // A text that is no number counts as 0.
     if (m_ejecuciones.toDouble() == 0) {
-        m_principal.mnuopcionesconfiguracion_Click();
+        m_principal->mnuopcionesconfiguracion_Click();
         Module1::EscribirIni(ArchivoConfig, QStringLiteral("inicio"), QStringLiteral("ejecuciones"),
                              QStringLiteral("1"));
     } else if (m_nuevo == u"si") {
-        m_documento = m_principal.NuevoScript();
+        m_documento = m_principal->NuevoScript();
     }
 }
 
 // Nothing but the hand-over ends the splash.
 void Form0::Form_QueryUnload(bool& cancel) {
-    cancel = !m_principal.isVisible();
+    cancel = !m_principal || !m_principal->isVisible();
 }
 
 } // namespace shell

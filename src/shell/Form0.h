@@ -24,8 +24,12 @@ class Form0 : public platform::Form {
     Q_OBJECT
 
 public:
-    explicit Form0(MDIForm1& principal);
+    Form0();
     ~Form0() override;
+
+    /// Names the main window, which can be made while the splash already stands. Call it before the
+    /// first event is handled.
+    void EntregarA(MDIForm1& principal) { m_principal = &principal; }
 
     /// `alphaAmount`: 0 clear to 255 solid.
     static void MakeWindowTransparent(QWidget* hwnd, quint8 alphaAmount);
@@ -40,7 +44,7 @@ private:
     void Entregar();
 
     std::unique_ptr<Ui::Form0> m_ui;
-    MDIForm1& m_principal;
+    MDIForm1* m_principal = nullptr;
     platform::Timer Timer1;
     QString ArchivoConfig;
     QString m_ejecuciones;

@@ -3,9 +3,7 @@
 
 #include "documents/CodeMaxConstants.h"
 #include "platform/Dialogs.h"
-#include "platform/Failure.h"
 #include "platform/Handler.h"
-#include "platform/Log.h"
 #include "platform/Program.h"
 #include "shell/Form2.h"
 #include "shell/Form3.h"
@@ -22,9 +20,9 @@ using documents::CodeMax;
 using documents::frmDocumento;
 using platform::Answer;
 using platform::Buttons;
-using platform::Failure;
 using platform::Icon;
 using platform::MsgBox;
+using platform::RunSilently;
 
 constexpr int kIntervalo = 500; // milliseconds
 constexpr quint8 kRecientes = 6;
@@ -35,16 +33,6 @@ constexpr int kAltoAbierto = 10350;
 const QString kProducto = QStringLiteral("Quillmark");
 const QString kProductoVersion = QStringLiteral("Quillmark v3.0.0");
 
-// Runs a command that says nothing of its failures.
-template<class Orden>
-void SinAviso(Orden orden) {
-    try {
-        orden();
-    } catch (const Failure& failure) {
-        qCWarning(platform::lcQuillmark) << failure.Text();
-    }
-}
-
 } // namespace
 
 MDIForm1::MDIForm1(shared::ValoresCompartidos& compartido, QString lineaDeComandos)
@@ -54,6 +42,8 @@ MDIForm1::MDIForm1(shared::ValoresCompartidos& compartido, QString lineaDeComand
       Timer1(this, &MDIForm1::Timer1_Timer) {
     Caption(kProductoVersion);
     HacerMenu();
+    Prepare();
+    frmDocumento::Preparar();
 }
 
 MDIForm1::~MDIForm1() {
@@ -100,7 +90,7 @@ void MDIForm1::MDIForm_Load() {
     Timer1.Enabled(true);
     Timer1_Timer();
     const QString carpeta = platform::ProgramFolder();
-    SinAviso([&] { platform::ChangeDirectory(carpeta); });
+    RunSilently([&] { platform::ChangeDirectory(carpeta); });
     ruta_programa = carpeta.size() > 3 ? carpeta + u'\\' : carpeta;
     if (!m_lineaDeComandos.isEmpty())
         platform::RunHandler([this] { AbrirLineaDeComandos(); });
@@ -146,7 +136,12 @@ void MDIForm1::ConDocumento(void (CodeMax::*operacion)()) {
 frmDocumento* MDIForm1::CrearDocumento() {
     auto* documento = new frmDocumento(*this, m_compartido);
     Adopt(documento);
-    documento->Load();
+    try {
+        documento->Load();
+    } catch (...) {
+        documento->Discard();
+        throw;
+    }
     return documento;
 }
 
@@ -221,7 +216,7 @@ bool MDIForm1::HayVentanas() {
 void MDIForm1::mnuarchivoguardar_Click() {
     if (!HayVentanas())
         return;
-    SinAviso([this] {
+    RunSilently([this] {
         frmDocumento* documento = DocumentoActivo();
         if (documento && documento->SinGuardar())
             GuardarConNombre();
@@ -232,7 +227,7 @@ void MDIForm1::mnuarchivoguardar_Click() {
 
 void MDIForm1::mnuarchivocomo_Click() {
     if (HayVentanas())
-        SinAviso([this] { GuardarConNombre(); });
+        RunSilently([this] { GuardarConNombre(); });
 }
 
 void MDIForm1::GuardarConNombre() {
@@ -281,8 +276,10 @@ void MDIForm1::mnuedicionpegar_Click() {
 }
 
 void MDIForm1::mnuedicionseleccionar_Click() {
-    if (frmDocumento* documento = DocumentoActivo())
-        documento->txtFile().ExecuteCmd(documents::kSelectAllCommand);
+    RunSilently([this] {
+        if (frmDocumento* documento = DocumentoActivo())
+            documento->txtFile().ExecuteCmd(documents::kSelectAllCommand);
+    });
 }
 
 void MDIForm1::mnuherramientasExplorador_Click() {}

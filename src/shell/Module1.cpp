@@ -14,17 +14,6 @@ namespace {
 
 constexpr size_t kTamanoBuffer = 256;
 
-// Blanks alone, as the format knows them; a tab is part of the value.
-QString SinBlancos(const QString& texto) {
-    qsizetype inicio = 0;
-    qsizetype fin = texto.size();
-    while (inicio < fin && texto.at(inicio) == u' ')
-        ++inicio;
-    while (fin > inicio && texto.at(fin - 1) == u' ')
-        --fin;
-    return texto.sliced(inicio, fin - inicio);
-}
-
 } // namespace
 
 QString LeerIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
@@ -49,6 +38,16 @@ void EscribirIni(const QString& Archivo, const QString& Seccion, const QString& 
     } catch (const platform::Failure& failure) {
         qCWarning(platform::lcQuillmark) << "setting not written:" << failure.Text();
     }
+}
+
+QString SinBlancos(const QString& texto) {
+    qsizetype inicio = 0;
+    qsizetype fin = texto.size();
+    while (inicio < fin && texto.at(inicio) == u' ')
+        ++inicio;
+    while (fin > inicio && texto.at(fin - 1) == u' ')
+        --fin;
+    return texto.sliced(inicio, fin - inicio);
 }
 
 QString RutaConfig() {

@@ -14,6 +14,9 @@ QString LeerIni(const QString& Archivo, const QString& Seccion, const QString& C
 void EscribirIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
                  const QString& Valor);
 
+/// The text without blanks around it; tabs and the like are part of it.
+QString SinBlancos(const QString& texto);
+
 /// The path of the settings file.
 QString RutaConfig();
 

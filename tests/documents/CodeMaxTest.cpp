@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QPainter>
 #include <QPrinter>
+#include <QProcess>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -45,6 +46,13 @@ protected:
 };
 
 void Nothing(CodeMax&) {}
+
+QString PdfText(const QString& file) {
+    QProcess process;
+    process.start(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), file, QStringLiteral("-")});
+    EXPECT_TRUE(process.waitForFinished());
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
 
 } // namespace
 
@@ -189,7 +197,11 @@ TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
 TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
     support::ScriptedDialogs dialogs;
     const QString pdf = QString::fromStdString((home.Root() / "salida.pdf").native());
-    control.Text(QStringLiteral("print('línea')\r\n").repeated(300));
+    window.setWindowTitle(QStringLiteral("un título"));
+    QString text;
+    for (int i = 0; i < 300; ++i)
+        text += QStringLiteral("print('línea %1.')\r\n").arg(i);
+    control.Text(text);
     dialogs.ExpectPrinter([](QPrinter& printer) {
         printer.setPageSize(QPageSize(QPageSize::A5));
         return true;
@@ -202,9 +214,25 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
         return true;
     });
     control.PrintDoc(0, documents::kPrintFlags);
-    const QByteArray bytes = home.Get("salida.pdf");
-    EXPECT_TRUE(bytes.startsWith("%PDF"));
-    EXPECT_GE(bytes.count("/Type /Page\n"), 4);
+    const QStringList pages = PdfText(pdf).split(u'\f', Qt::SkipEmptyParts);
+    ASSERT_GE(pages.size(), 4);
+    for (qsizetype i = 0; i < pages.size(); ++i) {
+        EXPECT_TRUE(pages[i].contains(QStringLiteral("Página %1\n").arg(i + 1)));
+        EXPECT_TRUE(pages[i].contains(QStringLiteral("un título")));
+    }
+    for (int i = 0; i < 300; ++i)
+        EXPECT_EQ(pages.join(QString()).count(QStringLiteral("línea %1.").arg(i)), 1) << i;
+
     dialogs.ExpectPrinter([](QPrinter&) { return false; });
     control.PrintDoc(0, documents::kPrintFlags);
+    const auto print = [&](const QString& file) {
+        dialogs.ExpectPrinter([file](QPrinter& printer) {
+            printer.setOutputFileName(file);
+            return true;
+        });
+        control.PrintDoc(0, documents::kPrintFlags);
+    };
+    EXPECT_THROW(print(QStringLiteral("/no/hay/x.pdf")), Failure);
+    control.Text(QString());
+    print(pdf); // nothing to print is no failure
 }

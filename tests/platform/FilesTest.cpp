@@ -65,6 +65,16 @@ TEST_F(FilesTest, AWrittenFileIsReadBackAndKeepsItsPermissions) {
     EXPECT_EQ(EntriesAtHome(), 2); // the file and the program's folder
 }
 
+TEST_F(FilesTest, AFileThatDiffersInCaseIsAnother) {
+    home.Put("juego.lua", "ajeno");
+    const QString path = QStringLiteral("C:\\Juego.lua");
+    EXPECT_EQ(ReadFile(path), "ajeno"); // found whatever its case
+    EXPECT_FALSE(FileSystemObject().FileExists(path));
+    WriteFile(path, "mío");
+    EXPECT_EQ(home.Get("juego.lua"), "ajeno");
+    EXPECT_EQ(ReadFile(path), "mío");
+}
+
 TEST_F(FilesTest, LinksStayLinks) {
     home.Put("real.lua", "viejo");
     fs::create_symlink("real.lua", home.Root() / "enlace.lua");
@@ -132,7 +142,11 @@ TEST_F(FilesTest, WithoutPermission) {
     // Root may write everything: the rest of the test is an ordinary user's.
     const uid_t user = ::geteuid() == 0 ? 65534 : ::geteuid();
     ASSERT_EQ(::chown(home.Root().c_str(), user, static_cast<gid_t>(-1)), 0);
-    ASSERT_EQ(::chown((home.Root() / "cerrada/a.lua").c_str(), user, static_cast<gid_t>(-1)), 0);
+    home.Put("cerrada/corto.lua", "corto");
+    home.Put("cerrada/largo.lua", QByteArray(8192, 'v'));
+    for (const char* name : {"a.lua", "corto.lua", "largo.lua"})
+        ASSERT_EQ(::chown((home.Root() / "cerrada" / name).c_str(), user, static_cast<gid_t>(-1)),
+                  0);
     const pid_t child = ::fork();
     if (child == 0) {
         const bool changed = ::geteuid() != 0 || ::setresuid(user, user, user) == 0;
@@ -142,7 +156,14 @@ TEST_F(FilesTest, WithoutPermission) {
             FailureOf([] { WriteFile(QStringLiteral("C:\\cerrada\\nuevo.lua"), "y"); });
         // An old file in such a folder is written in place.
         const QString old = FailureOf([] { WriteFile(QStringLiteral("C:\\cerrada\\a.lua"), "y"); });
-        const bool told = readOnly.contains(u"no tienes permiso") &&
+        // It comes back whole if it can't: no room for more, or a write that breaks off.
+        const SizeLimit limit(4096);
+        const QString noRoom = FailureOf(
+            [] { WriteFile(QStringLiteral("C:\\cerrada\\corto.lua"), QByteArray(5000, 'n')); });
+        const QString brokenOff = FailureOf(
+            [] { WriteFile(QStringLiteral("C:\\cerrada\\largo.lua"), QByteArray(6000, 'n')); });
+        const bool told = !noRoom.isEmpty() && !brokenOff.isEmpty() &&
+                          readOnly.contains(u"no tienes permiso") &&
                           closed.contains(u"no tienes permiso") && old.isEmpty();
         ::_exit(changed && told ? 0 : 1);
     }
@@ -151,6 +172,8 @@ TEST_F(FilesTest, WithoutPermission) {
     EXPECT_EQ(status, 0);
     EXPECT_EQ(home.Get("solo lectura.lua"), "x");
     EXPECT_EQ(home.Get("cerrada/a.lua"), "y");
+    EXPECT_EQ(home.Get("cerrada/corto.lua"), "corto");
+    EXPECT_EQ(home.Get("cerrada/largo.lua"), QByteArray(8192, 'v'));
     fs::permissions(home.Root() / "cerrada", fs::perms(0755));
 }
 

@@ -19,6 +19,7 @@ TEST(Paths, GoThereAndBack) {
                                  "latin1 \xF1 roto",
                                  "\xEF\x80\xBA privado", // U+F03A, which stands for a colon
                                  "😀",
+                                 "\xEF\xBB\xBFmarca",
                                  " blancos alrededor "};
     for (const std::string& name : names) {
         home.Put("carpeta/" + name, "x");
@@ -30,6 +31,10 @@ TEST(Paths, GoThereAndBack) {
     }
     EXPECT_EQ(FromNative(home.Root()), QStringLiteral("C:\\"));
     EXPECT_EQ(FromNative("/etc/../usr//lib/"), QStringLiteral("Z:\\usr\\lib"));
+    fs::create_directories(home.Root() / "lejos/dentro");
+    fs::create_directory_symlink(home.Root() / "lejos/dentro", home.Root() / "enlace");
+    EXPECT_EQ(FromNative("enlace/../x.lua"), QStringLiteral("C:\\lejos\\x.lua"));
+    EXPECT_EQ(FromNative("enlace/x.lua"), QStringLiteral("C:\\enlace\\x.lua"));
     EXPECT_EQ(DisplayText(FromNative("/a:b\xFF")), QStringLiteral("Z:\\a:b\uFFFD"));
 }
 
@@ -43,6 +48,8 @@ TEST(Paths, NamesAreFoundWhateverTheirCase) {
               home.Root() / "PSP/Game/EBOOT.PBP");
     EXPECT_EQ(ToNative(QStringLiteral("C:\\Doble")), home.Root() / "Doble");
     EXPECT_EQ(ToNative(QStringLiteral("C:\\dOBLE")), home.Root() / "DOBLE");
+    EXPECT_EQ(ToNative(QStringLiteral("c:\\psp\\GAME\\eboot.pbp"), LastName::AsWritten),
+              home.Root() / "PSP/Game/eboot.pbp");
     EXPECT_EQ(ToNative(QStringLiteral("C:/psp/Nueva/Carpeta")), home.Root() / "PSP/Nueva/Carpeta");
 }
 
@@ -56,6 +63,15 @@ TEST(Paths, RelativeOnesStartAtTheCurrentDirectory) {
     EXPECT_EQ(ToNative(QStringLiteral("\\x")), home.Root() / "x");
     for (const QString& bad : {QString(), QStringLiteral("Q:\\x"), QString(u'a') + QChar(u'\0')})
         EXPECT_THROW(ToNative(bad), Failure);
+}
+
+TEST(Paths, OutliveTheCurrentDirectory) {
+    const support::TestHome home;
+    fs::create_directory(home.Root() / "fugaz");
+    fs::current_path(home.Root() / "fugaz");
+    fs::remove(home.Root() / "fugaz");
+    EXPECT_EQ(FromNative("x.lua"), QStringLiteral("Z:\\x.lua"));
+    EXPECT_EQ(ToNative(QStringLiteral("x.lua")), fs::path("/x.lua"));
 }
 
 TEST(Drives, OverridesAddAndReplaceLetters) {

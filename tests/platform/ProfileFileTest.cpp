@@ -50,7 +50,7 @@ TEST(ProfileFile, WhatIsWrittenIsReadBackFromAnyGarbage) {
     unsigned state = 12345;
     for (int i = 0; i < 4000; ++i) {
         state = state * 1103515245U + 12345U;
-        garbage.append("[]=;\"\r\n a\xF1\0k"[state >> 16 & 0xF % 13]);
+        garbage.append("[]=;\"\r\n a\xF1\0k"[(state >> 16) % 13]);
         const QByteArray written = WithProfileValue(garbage, "secci\xF3n", "clave", "valor");
         if (i % 97 == 0) {
             EXPECT_EQ(ProfileValue(written, "SECCI\xD3N", "clave"), "valor") << i;

@@ -44,6 +44,8 @@ TEST(TextEncoding, UnchangedTextIsTheSameBytes) {
         {"\xEF\xBB\xBF", TextEncoding::Utf8WithMark},
         {Utf16(spanish, false), TextEncoding::Utf16LEWithMark},
         {Utf16(spanish, true), TextEncoding::Utf16BEWithMark},
+        {Utf16(QStringLiteral("\uFEFFx"), true), TextEncoding::Utf16BEWithMark}, // two marks
+        {"\xEF\xBB\xBF\xEF\xBB\xBFx", TextEncoding::Utf8WithMark},
     };
     for (const auto& file : files) {
         const DecodedText decoded = DecodeText(file.bytes);
@@ -67,6 +69,8 @@ TEST(TextEncoding, NothingIsLostThatDoesNotFitTheCodePage) {
     const QByteArray arrow = QStringLiteral("ñ → x").toUtf8();
     EXPECT_EQ(EncodeText(arrow, TextEncoding::CodePage).bytes, arrow);
     EXPECT_EQ(EncodeText(arrow, TextEncoding::CodePage).encoding, TextEncoding::Utf8);
+    const QByteArray mark = QStringLiteral("\uFEFFabc").toUtf8();
+    EXPECT_EQ(EncodeText(mark, TextEncoding::CodePage).bytes, mark);
     // Its bytes in the code page would read back as another text.
     const QByteArray tricky = QStringLiteral("Ã±").toUtf8();
     const EncodedText encoded = EncodeText(tricky, TextEncoding::CodePage);

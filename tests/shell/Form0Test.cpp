@@ -27,7 +27,8 @@ protected:
     QStringList Start(const QByteArray& config, const QString& lineaDeComandos = {}) {
         home.Put("programa/config.ini", config);
         principal = std::make_unique<shell::MDIForm1>(compartido, lineaDeComandos);
-        portada = new shell::Form0(*principal);
+        portada = new shell::Form0;
+        portada->EntregarA(*principal);
         portada->Show();
         EXPECT_TRUE(QTest::qWaitFor([&] { return portada.isNull(); }, 20000));
         EXPECT_TRUE(principal->isVisible());

@@ -189,10 +189,9 @@ TEST_F(MDIForm1Test, CommandsWithAToolWindowActiveDoNoHarm) {
     EXPECT_EQ(Captions().size(), 2); // brought forward, not opened twice
     EXPECT_EQ(Active(), nullptr);
     principal.Timer1_Timer();
-    for (const char* entrada :
-         {"mnuarchivoguardar", "mnuarchivoconfig", "mnuarchivoimprimir", "mnuediciondeshacer",
-          "mnuedicionrehacer", "mnuedicioncopiar", "mnuedicioncortar", "mnuedicionpegar",
-          "mnuedicionseleccionar", "ejecutar_lua", "mnugenerarlua"})
+    for (const char* entrada : {"mnuarchivoguardar", "mnuarchivoconfig", "mnuarchivoimprimir",
+                                "mnuediciondeshacer", "mnuedicionrehacer", "mnuedicioncopiar",
+                                "mnuedicioncortar", "mnuedicionpegar", "mnuedicionseleccionar"})
         Press(entrada);
     dialogs.ExpectName(QStringLiteral("C:\\x.qmk"));
     Press("mnuarchivocomo");
@@ -213,6 +212,32 @@ TEST_F(MDIForm1Test, EditCommandsWorkOnTheActiveDocument) {
     Press("mnuedicionpegar");
     EXPECT_TRUE(Active()->txtFile().Text().startsWith(QStringLiteral("while")));
     Active()->flagGuardar = false;
+}
+
+TEST_F(MDIForm1Test, TheMenuHasItsKeysWhileTheEditorHasTheFocus) {
+    Press("mnuarchivonuevo");
+    principal.Timer1_Timer();
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(principal.windowHandle(), key, modifiers);
+    };
+    principal.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&principal));
+    press(Qt::Key_E, Qt::ControlModifier);
+    press(Qt::Key_X, Qt::NoModifier);
+    EXPECT_EQ(Active()->txtFile().Text(), QStringLiteral("x"));
+    dialogs.ExpectName(home.Put("a.lua", "abierto"));
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(Active()->Caption(), QStringLiteral("a.lua"));
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(Active()->Caption(), QStringLiteral("Nuevo script 1"));
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(Active()->Caption(), QStringLiteral("a.lua"));
+    press(Qt::Key_F4, Qt::ControlModifier);
+    EXPECT_EQ(Captions(), QStringList{QStringLiteral("Nuevo script 1")});
+    press(Qt::Key_F4, Qt::NoModifier);
+    EXPECT_EQ(Captions().size(), 2);
+    Press("mnuventanaminimizar");
+    principal.FrmDoc->flagGuardar = false;
 }
 
 TEST_F(MDIForm1Test, CerrarTodasGoesOnBehindACancel) {

@@ -23,16 +23,18 @@ protected:
 
 TEST_F(Module1Test, ReadsTrimmedValuesAndFallsBackToTheDefault) {
     EXPECT_EQ(Leer("nuevo"), QStringLiteral("def"));
+    const char tail[] = "\r\nacento=a\xF1o\r\nnul=ab\0\r\nblanconul=ab \0\r\n";
     home.Put("programa/config.ini", "[general]\r\nnuevo=  Si \r\nvacia=\r\nblancos=\"  x  \"\r\n"
                                     "solo=\"   \"\r\nlarga=" +
-                                        QByteArray(300, 'z') +
-                                        "\r\nacento=a\xF1o\r\nnul=ab\0 \r\n");
+                                        QByteArray(300, 'z') + QByteArray(tail, sizeof tail - 1));
     EXPECT_EQ(Leer("nuevo"), QStringLiteral("Si"));
     EXPECT_EQ(Leer("vacia"), QStringLiteral("def"));
     EXPECT_EQ(Leer("blancos"), QStringLiteral("x"));
     EXPECT_EQ(Leer("solo"), QString());
     EXPECT_EQ(Leer("larga"), QString(255, u'z'));
     EXPECT_EQ(Leer("acento"), QStringLiteral("año"));
+    EXPECT_EQ(Leer("nul"), QStringLiteral("ab"));
+    EXPECT_EQ(Leer("blanconul"), QStringLiteral("ab"));
     EXPECT_EQ(Leer("ninguna"), QStringLiteral("def"));
 }
 
