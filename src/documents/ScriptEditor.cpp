@@ -99,7 +99,7 @@ bool IsEditingKey(int key) {
 }
 
 bool BelongsToTheMenu(int key) {
-    const int letter = key & ~Qt::KeyboardModifierMask;
+    const int letter = key & ~static_cast<int>(Qt::KeyboardModifierMask);
     const bool control = (key & Qt::CTRL) != 0 && (key & Qt::ALT) == 0;
     return control && letter >= Qt::Key_A && letter <= Qt::Key_Z && !IsEditingKey(key);
 }

@@ -40,7 +40,7 @@ private:
     void ApplyColors();
     void FitLineNumbers();
 
-    std::array<int, 31> m_colors;
+    std::array<int, 31> m_colors{};
     bool m_lineNumbers = false;
     bool m_luaColors = false;
 };

@@ -29,7 +29,7 @@ int ByteFor(char16_t character) {
     return -1;
 }
 
-constexpr size_t kSequenceRoom = 4;
+constexpr int kSequenceRoom = 4;
 
 // A byte's character in UTF-8.
 struct Sequence {

@@ -11,6 +11,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
@@ -70,7 +71,7 @@ MDIFrame::MDIFrame() : m_area(new QMdiArea(this)) {
 
 // The keys that people know from frames with children.
 void MDIFrame::AddKeys() {
-    const auto add = [this](QKeyCombination key, auto action) {
+    const auto add = [this](const QKeySequence& key, auto action) {
         auto* shortcut = new QShortcut(key, this);
         connect(shortcut, &QShortcut::activated, m_area, action);
     };
@@ -78,6 +79,10 @@ void MDIFrame::AddKeys() {
         add(Qt::CTRL | key, &QMdiArea::activateNextSubWindow);
     for (const Qt::Key key : {Qt::Key_F6, Qt::Key_Backtab})
         add(Qt::CTRL | Qt::SHIFT | key, &QMdiArea::activatePreviousSubWindow);
+    add(Qt::Key_F10, [this] {
+        if (!menuBar()->actions().isEmpty())
+            menuBar()->setActiveAction(menuBar()->actions().constFirst());
+    });
     for (const Qt::Key key : {Qt::Key_F4, Qt::Key_W}) {
         add(Qt::CTRL | key, [this] {
             if (Form* form = ActiveForm())

@@ -57,6 +57,8 @@ void Form0::Fundido() {
 }
 
 void Form0::Timer1_Timer() {
+    if (!m_principal)
+        return; // showing a splash window handles events already
     Fundido();
     Timer1.Enabled(false);
     Entregar();

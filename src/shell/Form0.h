@@ -27,8 +27,8 @@ public:
     Form0();
     ~Form0() override;
 
-    /// Names the main window, which can be made while the splash already stands. Call it before the
-    /// first event is handled.
+    /// Names the main window, which can be made while the splash already stands: the fade waits for
+    /// it.
     void EntregarA(MDIForm1& principal) { m_principal = &principal; }
 
     /// `alphaAmount`: 0 clear to 255 solid.

@@ -9,9 +9,9 @@ class MDIForm1;
 
 /// One entry of the main window's menu. A caption of "-" is a separator; "&" marks the access key.
 struct EntradaMenu {
-    int nivel; ///< 0: in the menu bar; n: child of the last entry of level n - 1
-    const char* nombre;
-    const char16_t* texto;
+    int nivel = 0; ///< 0: in the menu bar; n: child of the last entry of level n - 1
+    const char* nombre = "";
+    const char16_t* texto = u"";
     const char* tecla = "";
     void (MDIForm1::*accion)() = nullptr;
     /// Enabled only while a document is open.

@@ -20,7 +20,7 @@ QString LeerIni(const QString& Archivo, const QString& Seccion, const QString& C
                 const QString& Defecto) {
     if (!platform::PathFileExistsA(Archivo))
         return Defecto;
-    std::array<char, kTamanoBuffer> buffer;
+    std::array<char, kTamanoBuffer> buffer{};
     buffer.fill(' ');
     const int cuenta = platform::GetPrivateProfileStringA(Seccion, Clave, Defecto, buffer, Archivo);
     if (cuenta < 1)

@@ -1,0 +1,118 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Drives the program given as a user would: keys in a real window, real files. Each step waits for
+# what it expects to see and fails if that doesn't come.
+set -uo pipefail
+. "$(dirname "$0")/../../scripts/setup.sh"
+
+program=$(realpath "$1")
+home=$(mktemp -d)
+export HOME=$home QUILLMARK_HOME=$home/programa XDG_CONFIG_HOME=$home/.config XDG_RUNTIME_DIR=$home/run
+export LC_ALL=C.UTF-8
+mkdir -p "$home/juegos" "$home/programa" && mkdir -m 700 "$home/run"
+start_display 1366x850
+trap 'kill ${pid:-} $display_pids 2>/dev/null; rm -rf "$home"' EXIT
+
+fail() {
+    echo "FAILED: $*" >&2
+    import -window root "${TMPDIR:-/tmp}/quillmark-e2e.png"
+    exit 1
+}
+wait_for() { # WHAT COMMAND...
+    local what=$1
+    shift
+    for _ in $(seq 200); do
+        "$@" >/dev/null 2>&1 && return
+        kill -0 "$pid" 2>/dev/null || [ "$what" = "end of the program" ] || fail "$what: the program ended"
+        sleep 0.1
+    done
+    fail "$what"
+}
+ended() { ! kill -0 "$pid" 2>/dev/null; }
+on_top() { xdotool getactivewindow getwindowname | grep -q "$1"; }
+nothing_on_top() { ! on_top .; }
+content() { printf "$2" | cmp -s - "$1"; } # FILE, the bytes as printf writes them
+begins() { printf "$2" | cmp -s -n "$(printf "$2" | wc -c)" - "$1"; }
+start() {
+    "$program" "$@" &
+    pid=$!
+    wait_for "main window" on_top '^Quillmark v'
+    sleep 0.5
+}
+press() { xdotool key --delay 60 "$@"; }
+type_text() { xdotool type --delay 15 "$1"; }
+leave() {
+    press ctrl+q
+    wait_for "question before the end" on_top '^Quillmark$'
+    sleep 0.3
+    press Return
+    wait_for "end of the program" ended
+    wait_for "end of the program" nothing_on_top
+}
+
+# The first run opens the configuration and no script.
+printf '[inicio]\r\nejecuciones=0\r\n[general]\r\nnuevo=si\r\n' >"$QUILLMARK_HOME/config.ini"
+start
+wait_for "mark of the first run" grep -q 'ejecuciones=1' "$QUILLMARK_HOME/config.ini"
+leave
+
+# The second one begins with a blank script; it is typed in and saved under a name.
+start
+type_text 'print(1)'
+press Return ctrl+s
+wait_for "save dialog" on_top '^Guardar como'
+type_text "$home/juegos/nuevo.qmk"
+press Return
+wait_for "saved script" begins "$home/juegos/nuevo.qmk" 'print(1)\r\nwhile true do\rscreen:clear()\r\n'
+
+# A file of another encoding and mixed line ends is opened, changed at its head and saved.
+printf 'a\xf1o\n\rfin' >"$home/juegos/viejo.lua"
+press ctrl+a
+wait_for "open dialog" on_top 'Abrir archivo'
+type_text "$home/juegos/viejo.lua"
+press Return
+sleep 1
+type_text 'x'
+press ctrl+z ctrl+y ctrl+s
+wait_for "changed file" content "$home/juegos/viejo.lua" 'xa\xf1o\n\rfin'
+
+# Closing asks; the answer is no.
+type_text 'basura'
+press ctrl+F4
+wait_for "question about changes" on_top '^viejo.lua$'
+press Right Return
+wait_for "main window again" on_top '^Quillmark v'
+content "$home/juegos/viejo.lua" 'xa\xf1o\n\rfin' || fail "the file changed although it wasn't saved"
+
+# The recent list lives on, and its entry opens the file.
+leave
+start
+grep -q 'viejo.lua' "$XDG_CONFIG_HOME/Quillmark/Accesos Recientes.conf" || fail "recent list"
+press F10
+sleep 0.5
+press Up Up Right Return
+sleep 1
+type_text 'y'
+press ctrl+s
+wait_for "file from the recent list" content "$home/juegos/viejo.lua" 'yxa\xf1o\n\rfin'
+leave
+
+# A file on the command line, its name with a blank, relative to where the program was started.
+printf 'z' >"$home/juegos/dos palabras.lua"
+sed -i 's/nuevo=si/nuevo=no/' "$QUILLMARK_HOME/config.ini"
+cd "$home/juegos"
+start dos palabras.lua
+type_text 'hola '
+press ctrl+s
+wait_for "file of the command line" content "dos palabras.lua" 'hola z'
+leave
+
+# One that isn't there is told, and the program stands.
+"$program" "no hay.lua" 2>"$home/errores" &
+pid=$!
+wait_for "error" grep -q 'no hay.lua' "$home/errores"
+sleep 1
+press Return
+wait_for "main window" on_top '^Quillmark v'
+leave
+echo "e2e: all steps passed"
