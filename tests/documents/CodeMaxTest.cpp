@@ -14,6 +14,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using documents::CodeMax;
 using platform::Failure;
 
@@ -34,7 +35,7 @@ protected:
         CodeMax editor;
         editor.OpenFile(home.Put("dentro.lua", bytes));
         edit(editor);
-        editor.SaveFile(QStringLiteral("C:\\fuera.lua"), false);
+        editor.SaveFile(u"C:\\fuera.lua"_s, false);
         return home.Get("fuera.lua");
     }
     QWidget* Engine() { return control.findChild<QAbstractScrollArea*>(); }
@@ -49,7 +50,7 @@ void Nothing(CodeMax&) {}
 
 QString PdfText(const QString& file) {
     QProcess process;
-    process.start(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), file, QStringLiteral("-")});
+    process.start(u"pdftotext"_s, {u"-raw"_s, file, u"-"_s});
     EXPECT_TRUE(process.waitForFinished());
     return QString::fromUtf8(process.readAllStandardOutput());
 }
@@ -74,11 +75,11 @@ TEST_F(CodeMaxTest, OpenedAndSavedIsTheSameBytes) {
 }
 
 TEST_F(CodeMaxTest, AnEditKeepsEncodingAndLineEnds) {
-    const auto insert = [](CodeMax& editor) { editor.SelText(QStringLiteral("ñ\n")); };
+    const auto insert = [](CodeMax& editor) { editor.SelText(u"ñ\n"_s); };
     EXPECT_EQ(Through("\xF1\r\nb", insert), "\xF1\n\xF1\r\nb");
     EXPECT_EQ(Through("\xC3\xB1\r", insert), "\xC3\xB1\n\xC3\xB1\r");
-    const auto arrow = [](CodeMax& editor) { editor.SelText(QStringLiteral("→")); };
-    EXPECT_EQ(Through("\xF1", arrow), QStringLiteral("→ñ").toUtf8());
+    const auto arrow = [](CodeMax& editor) { editor.SelText(u"→"_s); };
+    EXPECT_EQ(Through("\xF1", arrow), u"→ñ"_s.toUtf8());
 }
 
 TEST_F(CodeMaxTest, TypedLinesEndAsTheFileDoes) {
@@ -86,42 +87,42 @@ TEST_F(CodeMaxTest, TypedLinesEndAsTheFileDoes) {
         control.OpenFile(home.Put("a.lua", QByteArray("  x") + end + "y" + end));
         QTest::keyClick(Engine(), Qt::Key_End);
         QTest::keyClick(Engine(), Qt::Key_Return);
-        EXPECT_TRUE(control.Text().startsWith(QStringLiteral("  x") + QLatin1String(end)));
+        EXPECT_TRUE(control.Text().startsWith(u"  x"_s + QLatin1String(end)));
         EXPECT_EQ(control.Text().count(QLatin1String(end)), 3);
     }
 }
 
 TEST_F(CodeMaxTest, HistoryBeginsWithTheFirstContent) {
-    control.Text(QStringLiteral("inicio"));
+    control.Text(u"inicio"_s);
     EXPECT_EQ(changes, 0);
     control.Undo();
-    EXPECT_EQ(control.Text(), QStringLiteral("inicio"));
-    control.Text(QStringLiteral("otro"));
+    EXPECT_EQ(control.Text(), u"inicio"_s);
+    control.Text(u"otro"_s);
     EXPECT_EQ(changes, 1);
-    control.SelText(QStringLiteral("un\r\ntexto "));
+    control.SelText(u"un\r\ntexto "_s);
     EXPECT_GT(changes, 1);
     control.Undo();
-    EXPECT_EQ(control.Text(), QStringLiteral("otro"));
-    control.SaveFile(QStringLiteral("C:\\x.lua"), false); // a save doesn't empty it
+    EXPECT_EQ(control.Text(), u"otro"_s);
+    control.SaveFile(u"C:\\x.lua"_s, false); // a save doesn't empty it
     control.Undo();
-    EXPECT_EQ(control.Text(), QStringLiteral("inicio"));
+    EXPECT_EQ(control.Text(), u"inicio"_s);
     control.Redo();
-    EXPECT_EQ(control.Text(), QStringLiteral("otro"));
+    EXPECT_EQ(control.Text(), u"otro"_s);
 
     changes = 0;
     control.OpenFile(home.Put("a.lua", "abierto"));
     control.Undo();
-    EXPECT_EQ(control.Text(), QStringLiteral("abierto"));
+    EXPECT_EQ(control.Text(), u"abierto"_s);
     EXPECT_EQ(changes, 0);
     control.OpenFile(home.Put("vacio.lua", ""));
-    control.Text(QStringLiteral("x")); // an empty file is a content too
+    control.Text(u"x"_s); // an empty file is a content too
     EXPECT_EQ(changes, 1);
 }
 
 TEST_F(CodeMaxTest, WhatCannotBeOpenedChangesNothing) {
-    control.Text(QStringLiteral("mío"));
+    control.Text(u"mío"_s);
     const QString nul = home.Put("binario.lua", QByteArray("a\0b", 3));
-    for (const QString& path : {nul, QStringLiteral("C:\\no.lua"), QStringLiteral("C:\\")}) {
+    for (const QString& path : {nul, u"C:\\no.lua"_s, u"C:\\"_s}) {
         try {
             control.OpenFile(path);
             ADD_FAILURE() << path.toStdString();
@@ -129,18 +130,18 @@ TEST_F(CodeMaxTest, WhatCannotBeOpenedChangesNothing) {
             EXPECT_TRUE(failure.Text().contains(path)) << failure.Text().toStdString();
         }
     }
-    EXPECT_EQ(control.Text(), QStringLiteral("mío"));
+    EXPECT_EQ(control.Text(), u"mío"_s);
     EXPECT_THROW(control.SaveFile(QString(), false), Failure);
 }
 
 TEST_F(CodeMaxTest, ClipboardAndCommands) {
-    control.Text(QStringLiteral("hola año"));
+    control.Text(u"hola año"_s);
     control.ExecuteCmd(137);
     control.Copy();
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("hola año"));
+    EXPECT_EQ(QApplication::clipboard()->text(), u"hola año"_s);
     control.Cut();
     EXPECT_EQ(control.Text(), QString());
-    QApplication::clipboard()->setText(QStringLiteral("a\r\nb\0c").left(6));
+    QApplication::clipboard()->setText(u"a\r\nb\0c"_s.left(6));
     control.Paste();
     EXPECT_FALSE(control.Text().contains(QChar(u'\0')));
     EXPECT_TRUE(control.Text().endsWith(u'c'));
@@ -152,7 +153,7 @@ TEST_F(CodeMaxTest, ClipboardAndCommands) {
 }
 
 TEST_F(CodeMaxTest, LeavesTheMenuItsKeys) {
-    control.Text(QStringLiteral("uno\r\ndos"));
+    control.Text(u"uno\r\ndos"_s);
     for (int key = Qt::Key_A; key <= Qt::Key_Z; ++key) {
         const bool editing = QByteArrayView("CVXYZ").contains(static_cast<char>(key));
         QKeyEvent event(QEvent::ShortcutOverride, key, Qt::ControlModifier);
@@ -162,18 +163,18 @@ TEST_F(CodeMaxTest, LeavesTheMenuItsKeys) {
         if (!editing)
             QTest::keyClick(Engine(), static_cast<Qt::Key>(key), Qt::ControlModifier);
     }
-    EXPECT_EQ(control.Text(), QStringLiteral("uno\r\ndos"));
-    QTest::keyClicks(Engine(), QStringLiteral("a"));
+    EXPECT_EQ(control.Text(), u"uno\r\ndos"_s);
+    QTest::keyClicks(Engine(), u"a"_s);
     QTest::keyClick(Engine(), Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(control.Text(), QStringLiteral("uno\r\ndos"));
+    EXPECT_EQ(control.Text(), u"uno\r\ndos"_s);
     QTest::keyClick(Engine(), Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_EQ(control.Text(), QStringLiteral("auno\r\ndos"));
+    EXPECT_EQ(control.Text(), u"auno\r\ndos"_s);
 }
 
 TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
-    control.Text(QStringLiteral("local ") + QString(40, QChar(0x2588)));
+    control.Text(u"local "_s + QString(40, QChar(0x2588)));
     control.SetOption(documents::kSyntaxColorOption, true);
-    control.FontName(QStringLiteral("Courier New"));
+    control.FontName(u"Courier New"_s);
     control.FontSize(20);
     const auto colored = [&](QRgb color) {
         const QImage image = control.grab().toImage();
@@ -197,10 +198,10 @@ TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
 TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
     support::ScriptedDialogs dialogs;
     const QString pdf = QString::fromStdString((home.Root() / "salida.pdf").native());
-    window.setWindowTitle(QStringLiteral("un título"));
+    window.setWindowTitle(u"un título"_s);
     QString text;
     for (int i = 0; i < 300; ++i)
-        text += QStringLiteral("print('línea %1.')\r\n").arg(i);
+        text += u"print('línea %1.')\r\n"_s.arg(i);
     control.Text(text);
     dialogs.ExpectPrinter([](QPrinter& printer) {
         printer.setPageSize(QPageSize(QPageSize::A5));
@@ -217,11 +218,11 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
     const QStringList pages = PdfText(pdf).split(u'\f', Qt::SkipEmptyParts);
     ASSERT_GE(pages.size(), 4);
     for (qsizetype i = 0; i < pages.size(); ++i) {
-        EXPECT_TRUE(pages[i].contains(QStringLiteral("Página %1\n").arg(i + 1)));
-        EXPECT_TRUE(pages[i].contains(QStringLiteral("un título")));
+        EXPECT_TRUE(pages[i].contains(u"Página %1\n"_s.arg(i + 1)));
+        EXPECT_TRUE(pages[i].contains(u"un título"_s));
     }
     for (int i = 0; i < 300; ++i)
-        EXPECT_EQ(pages.join(QString()).count(QStringLiteral("línea %1.").arg(i)), 1) << i;
+        EXPECT_EQ(pages.join(QString()).count(u"línea %1."_s.arg(i)), 1) << i;
 
     dialogs.ExpectPrinter([](QPrinter&) { return false; });
     control.PrintDoc(0, documents::kPrintFlags);
@@ -232,7 +233,7 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
         });
         control.PrintDoc(0, documents::kPrintFlags);
     };
-    EXPECT_THROW(print(QStringLiteral("/no/hay/x.pdf")), Failure);
+    EXPECT_THROW(print(u"/no/hay/x.pdf"_s), Failure);
     control.Text(QString());
     print(pdf); // nothing to print is no failure
 }

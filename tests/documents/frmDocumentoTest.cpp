@@ -10,6 +10,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using documents::frmDocumento;
 using platform::Answer;
 using platform::WindowState;
@@ -31,7 +32,7 @@ protected:
         frame.Show();
         frame.Adopt(documento);
         documento->Show();
-        documento->Caption(QStringLiteral("Nuevo script 1"));
+        documento->Caption(u"Nuevo script 1"_s);
     }
 
     void Cambiar(const QString& texto) { documento->txtFile().SelText(texto); }
@@ -51,10 +52,10 @@ protected:
 } // namespace
 
 TEST_F(frmDocumentoTest, LoadsWithTheSkeletonAndUnchanged) {
-    QString esqueleto = QStringLiteral("while true do\rscreen:clear()");
+    QString esqueleto = u"while true do\rscreen:clear()"_s;
     for (int i = 0; i < 15; ++i)
-        esqueleto += QStringLiteral("\r\n");
-    esqueleto += QStringLiteral("screen.waitVblankStart()\r\nscreen.flip()\r\nend");
+        esqueleto += u"\r\n"_s;
+    esqueleto += u"screen.waitVblankStart()\r\nscreen.flip()\r\nend"_s;
     EXPECT_EQ(documento->txtFile().Text(), esqueleto);
     EXPECT_FALSE(documento->flagGuardar);
     EXPECT_EQ(marco.temporales, 1);
@@ -72,15 +73,14 @@ TEST_F(frmDocumentoTest, LoadsWithTheSkeletonAndUnchanged) {
 }
 
 TEST_F(frmDocumentoTest, PublishesItsTextOnEachChangeAndItsNameUnderTheMouse) {
-    Cambiar(QStringLiteral("-- "));
+    Cambiar(u"-- "_s);
     EXPECT_TRUE(documento->flagGuardar);
-    EXPECT_TRUE(compartido.texto_script.Leer().startsWith(QStringLiteral("-- while")));
+    EXPECT_TRUE(compartido.texto_script.Leer().startsWith(u"-- while"_s));
     EXPECT_EQ(compartido.nombre_script, QString());
-    const std::pair<QString, QString> names[] = {
-        {QStringLiteral("Nuevo script 1"), QStringLiteral("Nuevo scri")},
-        {QStringLiteral("juego.lua"), QStringLiteral("juego")},
-        {QStringLiteral("abcd"), QString()},
-        {QStringLiteral("ab"), QString()}};
+    const std::pair<QString, QString> names[] = {{u"Nuevo script 1"_s, u"Nuevo scri"_s},
+                                                 {u"juego.lua"_s, u"juego"_s},
+                                                 {u"abcd"_s, QString()},
+                                                 {u"ab"_s, QString()}};
     int x = 10;
     for (const auto& [caption, name] : names) {
         documento->Caption(caption);
@@ -89,22 +89,22 @@ TEST_F(frmDocumentoTest, PublishesItsTextOnEachChangeAndItsNameUnderTheMouse) {
     }
     documento->txtFile().OpenFile(home.Put("a.lua", "abierto"));
     QTest::mouseMove(documento, QPoint(x, 6));
-    EXPECT_EQ(compartido.texto_script.Leer(), QStringLiteral("abierto"));
+    EXPECT_EQ(compartido.texto_script.Leer(), u"abierto"_s);
 }
 
 TEST_F(frmDocumentoTest, TellsTheFrameItsStateAndLeavesTheStripFree) {
-    EXPECT_EQ(marco.rotulo, QStringLiteral("Quillmark v2.0.0"));
+    EXPECT_EQ(marco.rotulo, u"Quillmark v2.0.0"_s);
     const auto fills = [&] {
         const QSize inner(documento->width(), documento->height() - 23);
         return documento->txtFile().geometry() == QRect(QPoint(0, 23), inner);
     };
     EXPECT_TRUE(fills());
     documento->State(WindowState::Maximised);
-    EXPECT_EQ(marco.rotulo, QStringLiteral("Quillmark v2.0.0 - Nuevo script 1"));
+    EXPECT_EQ(marco.rotulo, u"Quillmark v2.0.0 - Nuevo script 1"_s);
     EXPECT_TRUE(fills());
     EXPECT_GT(documento->width(), 700);
     documento->State(WindowState::Minimised);
-    EXPECT_EQ(marco.rotulo, QStringLiteral("Quillmark v2.0.0"));
+    EXPECT_EQ(marco.rotulo, u"Quillmark v2.0.0"_s);
     EXPECT_GT(documento->txtFile().height(), 400); // as it was
     documento->State(WindowState::Normal);
     documento->Move(0, 0, 6000, 6000);
@@ -120,43 +120,43 @@ TEST_F(frmDocumentoTest, ClosesWithoutAQuestionWhenUnchanged) {
 }
 
 TEST_F(frmDocumentoTest, CancelKeepsItAndNoClosesOnce) {
-    Cambiar(QStringLiteral("x"));
+    Cambiar(u"x"_s);
     compartido.documento_explorador = documento.data();
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Cancel);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Cancel);
     EXPECT_FALSE(documento->Unload());
     EXPECT_EQ(compartido.numero_documentos, 1);
     EXPECT_EQ(compartido.documento_explorador, nullptr);
-    EXPECT_EQ(dialogs.messages[0].title, QStringLiteral("Nuevo script 1"));
+    EXPECT_EQ(dialogs.messages[0].title, u"Nuevo script 1"_s);
     EXPECT_EQ(dialogs.messages[0].buttons, platform::Buttons::YesNoCancel);
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::No);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::No);
     EXPECT_TRUE(documento->Unload());
     EXPECT_TRUE(Gone());
-    EXPECT_TRUE(compartido.texto_script.Leer().startsWith(QStringLiteral("xwhile")));
+    EXPECT_TRUE(compartido.texto_script.Leer().startsWith(u"xwhile"_s));
 }
 
 TEST_F(frmDocumentoTest, YesAsksForANameAndWrites) {
-    Cambiar(QStringLiteral("ñ"));
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Yes);
-    dialogs.ExpectName(QStringLiteral("C:\\juego"));
+    Cambiar(u"ñ"_s);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
+    dialogs.ExpectName(u"C:\\juego"_s);
     EXPECT_TRUE(documento->Unload());
     EXPECT_TRUE(home.Get("juego").startsWith("\xF1while true do\rscreen"));
-    EXPECT_EQ(dialogs.questions[0].filters[0].name, QStringLiteral("Archivos .qmk"));
-    EXPECT_EQ(dialogs.questions[0].filters[0].pattern, QStringLiteral("*.qmk"));
+    EXPECT_EQ(dialogs.questions[0].filters[0].name, u"Archivos .qmk"_s);
+    EXPECT_EQ(dialogs.questions[0].filters[0].pattern, u"*.qmk"_s);
 }
 
 TEST_F(frmDocumentoTest, YesWritesToTheFileItCameFrom) {
     documento->Abrir(home.Put("lejos/juego.lua", "print(1)"));
-    documento->Caption(QStringLiteral("juego.lua"));
-    Cambiar(QStringLiteral("-"));
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Yes);
+    documento->Caption(u"juego.lua"_s);
+    Cambiar(u"-"_s);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
     EXPECT_TRUE(documento->Unload());
     EXPECT_EQ(home.Get("lejos/juego.lua"), "-print(1)");
     EXPECT_FALSE(std::filesystem::exists(home.Root() / "juego.lua"));
 }
 
 TEST_F(frmDocumentoTest, AFailedOrForsakenSaveDoesNotStopTheClosing) {
-    Cambiar(QStringLiteral("x"));
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Yes);
+    Cambiar(u"x"_s);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
     dialogs.ExpectName(QString());
     EXPECT_TRUE(documento->Unload());
     EXPECT_EQ(compartido.numero_documentos, 0);
@@ -164,9 +164,9 @@ TEST_F(frmDocumentoTest, AFailedOrForsakenSaveDoesNotStopTheClosing) {
 
 TEST_F(frmDocumentoTest, FailedOpeningKeepsTheOldFile) {
     documento->Abrir(home.Put("uno.lua", "uno"));
-    EXPECT_THROW(documento->Abrir(QStringLiteral("C:\\no.lua")), platform::Failure);
-    documento->Caption(QStringLiteral("uno.lua"));
-    Cambiar(QStringLiteral("1"));
+    EXPECT_THROW(documento->Abrir(u"C:\\no.lua"_s), platform::Failure);
+    documento->Caption(u"uno.lua"_s);
+    Cambiar(u"1"_s);
     documento->Guardar();
     EXPECT_EQ(home.Get("uno.lua"), "1uno");
     EXPECT_TRUE(documento->flagGuardar); // nothing clears it

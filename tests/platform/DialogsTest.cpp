@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace platform;
 
 namespace {
@@ -40,10 +41,10 @@ TEST(Dialogs, MessageBoxesSpeakSpanishAndEscapeIsTheMildestAnswer) {
         Answer answer;
         QString captions;
     } cases[] = {
-        {Buttons::Ok, Qt::Key_Escape, Answer::Ok, QStringLiteral("Aceptar")},
-        {Buttons::YesNo, Qt::Key_Escape, Answer::No, QStringLiteral("No Sí")},
-        {Buttons::YesNo, Qt::Key_Return, Answer::Yes, QStringLiteral("No Sí")},
-        {Buttons::YesNoCancel, Qt::Key_Escape, Answer::Cancel, QStringLiteral("Cancelar No Sí")},
+        {Buttons::Ok, Qt::Key_Escape, Answer::Ok, u"Aceptar"_s},
+        {Buttons::YesNo, Qt::Key_Escape, Answer::No, u"No Sí"_s},
+        {Buttons::YesNo, Qt::Key_Return, Answer::Yes, u"No Sí"_s},
+        {Buttons::YesNoCancel, Qt::Key_Escape, Answer::Cancel, u"Cancelar No Sí"_s},
     };
     for (const auto& c : cases) {
         WhenShown<QMessageBox>([&](QMessageBox* box) {
@@ -52,12 +53,11 @@ TEST(Dialogs, MessageBoxesSpeakSpanishAndEscapeIsTheMildestAnswer) {
                 captions.append(button->text().remove(u'&'));
             captions.sort(); // their order is the desktop's
             EXPECT_EQ(captions.join(u' ').toStdString(), c.captions.toStdString());
-            EXPECT_EQ(box->text(), QStringLiteral("<b>a:</b>")); // no markup
+            EXPECT_EQ(box->text(), u"<b>a:</b>"_s); // no markup
             EXPECT_EQ(box->textFormat(), Qt::PlainText);
             Press(box, c.key);
         });
-        EXPECT_EQ(MsgBox(QStringLiteral("<b>a\uF03A</b>"), c.buttons, Icon::Question, QString()),
-                  c.answer);
+        EXPECT_EQ(MsgBox(u"<b>a\uF03A</b>"_s, c.buttons, Icon::Question, QString()), c.answer);
     }
 }
 
@@ -65,7 +65,7 @@ TEST(Dialogs, FileNamesAreTakenAsTypedAndMoveTheCurrentDirectory) {
     const support::TestHome home;
     home.Put("juegos/viejo.qmk", "x");
     CommonDialog dialog(nullptr);
-    dialog.Filter(QStringLiteral("Archivos .qmk|*.qmk"));
+    dialog.Filter(u"Archivos .qmk|*.qmk"_s);
     const auto type = [](const QString& name) {
         WhenShown<QFileDialog>([name](QFileDialog* box) {
             EXPECT_EQ(box->directory().canonicalPath(), QDir::current().canonicalPath());
@@ -74,22 +74,22 @@ TEST(Dialogs, FileNamesAreTakenAsTypedAndMoveTheCurrentDirectory) {
         });
     };
     const QString folder = QString::fromStdString((home.Root() / "juegos").native());
-    type(folder + QStringLiteral("/sin extensión"));
+    type(folder + u"/sin extensión"_s);
     dialog.ShowSave();
-    EXPECT_EQ(dialog.FileName(), QStringLiteral("C:\\juegos\\sin extensión"));
-    EXPECT_EQ(dialog.FileTitle(), QStringLiteral("sin extensión"));
+    EXPECT_EQ(dialog.FileName(), u"C:\\juegos\\sin extensión"_s);
+    EXPECT_EQ(dialog.FileTitle(), u"sin extensión"_s);
     EXPECT_EQ(std::filesystem::current_path(), home.Root() / "juegos");
 
-    type(QStringLiteral("viejo.qmk")); // is there, and nobody asks
+    type(u"viejo.qmk"_s); // is there, and nobody asks
     dialog.ShowSave();
-    EXPECT_EQ(dialog.FileName(), QStringLiteral("C:\\juegos\\viejo.qmk"));
+    EXPECT_EQ(dialog.FileName(), u"C:\\juegos\\viejo.qmk"_s);
     WhenShown<QFileDialog>([](QFileDialog* box) { Press(box, Qt::Key_Escape); });
     dialog.ShowSave();
     EXPECT_EQ(dialog.FileName(), QString());
 
-    type(QStringLiteral("no está.lua")); // the opening will say so
-    EXPECT_EQ(CurrentDialogs().AskOpenName({nullptr, QStringLiteral("Abrir"), {}, {}}),
-              QStringLiteral("C:\\juegos\\no está.lua"));
+    type(u"no está.lua"_s); // the opening will say so
+    EXPECT_EQ(CurrentDialogs().AskOpenName({nullptr, u"Abrir"_s, {}, {}}),
+              u"C:\\juegos\\no está.lua"_s);
 }
 
 TEST(Dialogs, AModalFormHoldsTheProgramUntilItIsUnloaded) {

@@ -11,6 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
 using namespace platform;
 namespace fs = std::filesystem;
 
@@ -34,7 +35,7 @@ protected:
         return static_cast<int>(std::distance(fs::directory_iterator(home.Root()), {}));
     }
     support::TestHome home;
-    const QString a = QStringLiteral("C:\\a.lua");
+    const QString a = u"C:\\a.lua"_s;
 };
 
 // No file of the process can grow above the size while this lives.
@@ -67,7 +68,7 @@ TEST_F(FilesTest, AWrittenFileIsReadBackAndKeepsItsPermissions) {
 
 TEST_F(FilesTest, AFileThatDiffersInCaseIsAnother) {
     home.Put("juego.lua", "ajeno");
-    const QString path = QStringLiteral("C:\\Juego.lua");
+    const QString path = u"C:\\Juego.lua"_s;
     EXPECT_EQ(ReadFile(path), "ajeno"); // found whatever its case
     EXPECT_FALSE(FileSystemObject().FileExists(path));
     WriteFile(path, "mío");
@@ -80,13 +81,13 @@ TEST_F(FilesTest, LinksStayLinks) {
     fs::create_symlink("real.lua", home.Root() / "enlace.lua");
     fs::create_symlink("futuro.lua", home.Root() / "colgado.lua");
     fs::create_hard_link(home.Root() / "real.lua", home.Root() / "duro.lua");
-    WriteFile(QStringLiteral("C:\\enlace.lua"), "nuevo y largo");
+    WriteFile(u"C:\\enlace.lua"_s, "nuevo y largo");
     EXPECT_TRUE(fs::is_symlink(home.Root() / "enlace.lua"));
     EXPECT_EQ(home.Get("real.lua"), "nuevo y largo");
     EXPECT_EQ(home.Get("duro.lua"), "nuevo y largo");
-    WriteFile(QStringLiteral("C:\\duro.lua"), "c");
+    WriteFile(u"C:\\duro.lua"_s, "c");
     EXPECT_EQ(home.Get("real.lua"), "c");
-    WriteFile(QStringLiteral("C:\\colgado.lua"), "x");
+    WriteFile(u"C:\\colgado.lua"_s, "x");
     EXPECT_TRUE(fs::is_symlink(home.Root() / "colgado.lua"));
     EXPECT_EQ(home.Get("futuro.lua"), "x");
 }
@@ -117,20 +118,19 @@ TEST_F(FilesTest, FailuresNameTheFileAndTheReason) {
     const auto open = [](const char* path) {
         return FailureOf([&] { ReadFile(QString::fromUtf8(path)); });
     };
-    EXPECT_EQ(open("C:\\no está"),
-              QStringLiteral("No se puede abrir el archivo \"C:\\no está\": no existe."));
-    EXPECT_TRUE(open("C:\\carpeta").contains(QStringLiteral("es una carpeta")));
-    EXPECT_TRUE(open("C:\\tubo").contains(QStringLiteral("no es un archivo normal")));
-    EXPECT_TRUE(open("C:\\bucle").contains(QStringLiteral("ciclo de enlaces")));
+    EXPECT_EQ(open("C:\\no está"), u"No se puede abrir el archivo \"C:\\no está\": no existe."_s);
+    EXPECT_TRUE(open("C:\\carpeta").contains(u"es una carpeta"_s));
+    EXPECT_TRUE(open("C:\\tubo").contains(u"no es un archivo normal"_s));
+    EXPECT_TRUE(open("C:\\bucle").contains(u"ciclo de enlaces"_s));
     const auto save = [](const char* path) {
         return FailureOf([&] { WriteFile(QString::fromUtf8(path), "x"); });
     };
     EXPECT_EQ(save("C:\\nada\\a.lua"),
               QStringLiteral(
                   "No se puede guardar el archivo \"C:\\nada\\a.lua\": la carpeta no existe."));
-    EXPECT_TRUE(save("C:\\carpeta").contains(QStringLiteral("es una carpeta")));
-    EXPECT_TRUE(save("C:\\tubo").contains(QStringLiteral("no es un archivo normal")));
-    EXPECT_TRUE(save("C:\\bucle").contains(QStringLiteral("ciclo de enlaces")));
+    EXPECT_TRUE(save("C:\\carpeta").contains(u"es una carpeta"_s));
+    EXPECT_TRUE(save("C:\\tubo").contains(u"no es un archivo normal"_s));
+    EXPECT_TRUE(save("C:\\bucle").contains(u"ciclo de enlaces"_s));
     EXPECT_TRUE(save(("C:\\" + std::string(300, 'x')).c_str()).contains(u"demasiado largo"));
 }
 
@@ -150,18 +150,16 @@ TEST_F(FilesTest, WithoutPermission) {
     const pid_t child = ::fork();
     if (child == 0) {
         const bool changed = ::geteuid() != 0 || ::setresuid(user, user, user) == 0;
-        const QString readOnly =
-            FailureOf([] { WriteFile(QStringLiteral("C:\\solo lectura.lua"), "y"); });
-        const QString closed =
-            FailureOf([] { WriteFile(QStringLiteral("C:\\cerrada\\nuevo.lua"), "y"); });
+        const QString readOnly = FailureOf([] { WriteFile(u"C:\\solo lectura.lua"_s, "y"); });
+        const QString closed = FailureOf([] { WriteFile(u"C:\\cerrada\\nuevo.lua"_s, "y"); });
         // An old file in such a folder is written in place.
-        const QString old = FailureOf([] { WriteFile(QStringLiteral("C:\\cerrada\\a.lua"), "y"); });
+        const QString old = FailureOf([] { WriteFile(u"C:\\cerrada\\a.lua"_s, "y"); });
         // It comes back whole if it can't: no room for more, or a write that breaks off.
         const SizeLimit limit(4096);
-        const QString noRoom = FailureOf(
-            [] { WriteFile(QStringLiteral("C:\\cerrada\\corto.lua"), QByteArray(5000, 'n')); });
-        const QString brokenOff = FailureOf(
-            [] { WriteFile(QStringLiteral("C:\\cerrada\\largo.lua"), QByteArray(6000, 'n')); });
+        const QString noRoom =
+            FailureOf([] { WriteFile(u"C:\\cerrada\\corto.lua"_s, QByteArray(5000, 'n')); });
+        const QString brokenOff =
+            FailureOf([] { WriteFile(u"C:\\cerrada\\largo.lua"_s, QByteArray(6000, 'n')); });
         const bool told = !noRoom.isEmpty() && !brokenOff.isEmpty() &&
                           readOnly.contains(u"no tienes permiso") &&
                           closed.contains(u"no tienes permiso") && old.isEmpty();
@@ -181,8 +179,8 @@ TEST_F(FilesTest, FileSystemObject) {
     const FileSystemObject fso;
     const QString path = home.Put("carpeta/temp.lua", "x");
     EXPECT_TRUE(fso.FileExists(path));
-    EXPECT_FALSE(fso.FileExists(QStringLiteral("C:\\carpeta")));
-    EXPECT_FALSE(fso.FileExists(QStringLiteral("Q:\\x")));
+    EXPECT_FALSE(fso.FileExists(u"C:\\carpeta"_s));
+    EXPECT_FALSE(fso.FileExists(u"Q:\\x"_s));
     fso.DeleteFile(path, true);
     EXPECT_FALSE(fso.FileExists(path));
     EXPECT_TRUE(FailureOf([&] { fso.DeleteFile(path); }).contains(u"no existe"));

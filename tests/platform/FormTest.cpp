@@ -13,6 +13,7 @@
 #include <QUrl>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace platform;
 
 namespace {
@@ -27,19 +28,19 @@ private:
     void Note(const QString& event) {
         events.append(event);
         if (fails)
-            throw Failure(FailureCode::NoObject, QString(), QStringLiteral("falla ") + event);
+            throw Failure(FailureCode::NoObject, QString(), u"falla "_s + event);
     }
-    void Form_Load() override { Note(QStringLiteral("load")); }
+    void Form_Load() override { Note(u"load"_s); }
     void Form_Resize() override {
-        if (!events.endsWith(QStringLiteral("resize")))
-            Note(QStringLiteral("resize"));
+        if (!events.endsWith(u"resize"_s))
+            Note(u"resize"_s);
     }
     void Form_QueryUnload(bool& cancel) override {
         Unload(); // on its way already
         cancel = cancelled;
-        Note(QStringLiteral("query"));
+        Note(u"query"_s);
     }
-    void Form_Unload() override { Note(QStringLiteral("unload")); }
+    void Form_Unload() override { Note(u"unload"_s); }
 };
 
 class Frame : public MDIFrame {
@@ -79,7 +80,7 @@ TEST_F(FormTest, LivesThroughItsEventsOnce) {
     form->cancelled = false;
     form->events.clear();
     EXPECT_TRUE(form->Shell()->close() || !form->isVisible());
-    EXPECT_EQ(form->events, QStringList({QStringLiteral("query"), QStringLiteral("unload")}));
+    EXPECT_EQ(form->events, QStringList({u"query"_s, u"unload"_s}));
     EXPECT_TRUE(frame.Forms().empty());
     EXPECT_EQ(frame.ActiveForm(), nullptr);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -96,24 +97,24 @@ TEST_F(FormTest, MovesInTwipsAndKnowsItsState) {
     form->events.clear();
     form->State(WindowState::Minimised);
     EXPECT_EQ(form->State(), WindowState::Minimised);
-    EXPECT_EQ(form->events, QStringList{QStringLiteral("resize")});
+    EXPECT_EQ(form->events, QStringList{u"resize"_s});
     form->Show();
     EXPECT_EQ(form->State(), WindowState::Normal);
     form->State(WindowState::Maximised);
     EXPECT_EQ(form->State(), WindowState::Maximised);
-    frame.Caption(QStringLiteral("a [*] b"));
-    form->Caption(QStringLiteral("otro"));
-    EXPECT_EQ(frame.windowTitle(), QStringLiteral("a [*][*] b")); // the child's title stays out
+    frame.Caption(u"a [*] b"_s);
+    form->Caption(u"otro"_s);
+    EXPECT_EQ(frame.windowTitle(), u"a [*][*] b"_s); // the child's title stays out
 }
 
 TEST_F(FormTest, AFailureOfAHandlerIsShownAndTheProgramGoesOn) {
     LoudForm* form = frame.NewForm();
     form->Show();
     form->fails = true;
-    dialogs.Expect(QStringLiteral("falla query"), Answer::Ok);
-    dialogs.Expect(QStringLiteral("falla unload"), Answer::Ok);
+    dialogs.Expect(u"falla query"_s, Answer::Ok);
+    dialogs.Expect(u"falla unload"_s, Answer::Ok);
     EXPECT_TRUE(form->Unload());
-    EXPECT_EQ(dialogs.messages[0].title, QStringLiteral("Quillmark"));
+    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark"_s);
     EXPECT_EQ(dialogs.messages[0].icon, Icon::Error);
 }
 
@@ -133,14 +134,13 @@ TEST_F(FormTest, TheFrameClosesItsChildrenFirst) {
 
 TEST_F(FormTest, DroppedFilesReachTheFrame) {
     QMimeData data;
-    data.setUrls({QUrl(QStringLiteral("file:///tmp/a%20b%3A%F1.lua")),
-                  QUrl(QStringLiteral("https://example.org/x"))});
+    data.setUrls({QUrl(u"file:///tmp/a%20b%3A%F1.lua"_s), QUrl(u"https://example.org/x"_s)});
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&frame, &enter);
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&frame, &drop);
-    EXPECT_EQ(frame.dropped, QStringList{QStringLiteral("Z:\\tmp\\a b\uF03A\uF0F1.lua")});
+    EXPECT_EQ(frame.dropped, QStringList{u"Z:\\tmp\\a b\uF03A\uF0F1.lua"_s});
 }
 
 namespace {

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace platform;
 namespace fs = std::filesystem;
 
@@ -24,18 +25,18 @@ TEST(Paths, GoThereAndBack) {
     for (const std::string& name : names) {
         home.Put("carpeta/" + name, "x");
         const QString path = FromNative(home.Root() / "carpeta" / name);
-        EXPECT_TRUE(path.startsWith(QStringLiteral("C:\\carpeta\\"))) << path.toStdString();
+        EXPECT_TRUE(path.startsWith(u"C:\\carpeta\\"_s)) << path.toStdString();
         EXPECT_EQ(path.count(u'\\'), 2) << name;
         EXPECT_EQ(path.count(u':'), 1) << name;
         EXPECT_EQ(ToNative(path), home.Root() / "carpeta" / name);
     }
-    EXPECT_EQ(FromNative(home.Root()), QStringLiteral("C:\\"));
-    EXPECT_EQ(FromNative("/etc/../usr//lib/"), QStringLiteral("Z:\\usr\\lib"));
+    EXPECT_EQ(FromNative(home.Root()), u"C:\\"_s);
+    EXPECT_EQ(FromNative("/etc/../usr//lib/"), u"Z:\\usr\\lib"_s);
     fs::create_directories(home.Root() / "lejos/dentro");
     fs::create_directory_symlink(home.Root() / "lejos/dentro", home.Root() / "enlace");
-    EXPECT_EQ(FromNative("enlace/../x.lua"), QStringLiteral("C:\\lejos\\x.lua"));
-    EXPECT_EQ(FromNative("enlace/x.lua"), QStringLiteral("C:\\enlace\\x.lua"));
-    EXPECT_EQ(DisplayText(FromNative("/a:b\xFF")), QStringLiteral("Z:\\a:b\uFFFD"));
+    EXPECT_EQ(FromNative("enlace/../x.lua"), u"C:\\lejos\\x.lua"_s);
+    EXPECT_EQ(FromNative("enlace/x.lua"), u"C:\\enlace\\x.lua"_s);
+    EXPECT_EQ(DisplayText(FromNative("/a:b\xFF")), u"Z:\\a:b\uFFFD"_s);
 }
 
 TEST(Paths, NamesAreFoundWhateverTheirCase) {
@@ -44,24 +45,23 @@ TEST(Paths, NamesAreFoundWhateverTheirCase) {
     home.Put("PSP/game2/a", "x");
     home.Put("Doble", "x");
     home.Put("DOBLE", "x");
-    EXPECT_EQ(ToNative(QStringLiteral("c:\\psp\\GAME\\eboot.pbp")),
-              home.Root() / "PSP/Game/EBOOT.PBP");
-    EXPECT_EQ(ToNative(QStringLiteral("C:\\Doble")), home.Root() / "Doble");
-    EXPECT_EQ(ToNative(QStringLiteral("C:\\dOBLE")), home.Root() / "DOBLE");
-    EXPECT_EQ(ToNative(QStringLiteral("c:\\psp\\GAME\\eboot.pbp"), LastName::AsWritten),
+    EXPECT_EQ(ToNative(u"c:\\psp\\GAME\\eboot.pbp"_s), home.Root() / "PSP/Game/EBOOT.PBP");
+    EXPECT_EQ(ToNative(u"C:\\Doble"_s), home.Root() / "Doble");
+    EXPECT_EQ(ToNative(u"C:\\dOBLE"_s), home.Root() / "DOBLE");
+    EXPECT_EQ(ToNative(u"c:\\psp\\GAME\\eboot.pbp"_s, LastName::AsWritten),
               home.Root() / "PSP/Game/eboot.pbp");
-    EXPECT_EQ(ToNative(QStringLiteral("C:/psp/Nueva/Carpeta")), home.Root() / "PSP/Nueva/Carpeta");
+    EXPECT_EQ(ToNative(u"C:/psp/Nueva/Carpeta"_s), home.Root() / "PSP/Nueva/Carpeta");
 }
 
 TEST(Paths, RelativeOnesStartAtTheCurrentDirectory) {
     const support::TestHome home;
     home.Put("una/dos/x.lua", "x");
     fs::current_path(home.Root() / "una");
-    EXPECT_EQ(ToNative(QStringLiteral("dos\\.\\x.lua")), home.Root() / "una/dos/x.lua");
-    EXPECT_EQ(ToNative(QStringLiteral("..\\..\\..\\x")),
+    EXPECT_EQ(ToNative(u"dos\\.\\x.lua"_s), home.Root() / "una/dos/x.lua");
+    EXPECT_EQ(ToNative(u"..\\..\\..\\x"_s),
               home.Root() / "x"); // no way out of a drive
-    EXPECT_EQ(ToNative(QStringLiteral("\\x")), home.Root() / "x");
-    for (const QString& bad : {QString(), QStringLiteral("Q:\\x"), QString(u'a') + QChar(u'\0')})
+    EXPECT_EQ(ToNative(u"\\x"_s), home.Root() / "x");
+    for (const QString& bad : {QString(), u"Q:\\x"_s, QString(u'a') + QChar(u'\0')})
         EXPECT_THROW(ToNative(bad), Failure);
 }
 
@@ -70,12 +70,12 @@ TEST(Paths, OutliveTheCurrentDirectory) {
     fs::create_directory(home.Root() / "fugaz");
     fs::current_path(home.Root() / "fugaz");
     fs::remove(home.Root() / "fugaz");
-    EXPECT_EQ(FromNative("x.lua"), QStringLiteral("Z:\\x.lua"));
-    EXPECT_EQ(ToNative(QStringLiteral("x.lua")), fs::path("/x.lua"));
+    EXPECT_EQ(FromNative("x.lua"), u"Z:\\x.lua"_s);
+    EXPECT_EQ(ToNative(u"x.lua"_s), fs::path("/x.lua"));
 }
 
 TEST(Drives, OverridesAddAndReplaceLetters) {
-    Drives drives("/home/ana", QStringLiteral("E=/mnt/psp;c=/otra/;mal;F=relativa;G=/"));
+    Drives drives("/home/ana", u"E=/mnt/psp;c=/otra/;mal;F=relativa;G=/"_s);
     std::string letters;
     for (const Drive& drive : drives.List())
         letters += drive.letter;

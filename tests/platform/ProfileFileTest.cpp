@@ -6,6 +6,7 @@
 #include <array>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace platform;
 
 TEST(ProfileFile, ReadsAsTheFormatIsKnown) {
@@ -61,17 +62,16 @@ TEST(ProfileFile, WhatIsWrittenIsReadBackFromAnyGarbage) {
 
 TEST(ProfileFile, TheCallsWorkOnRealFiles) {
     const support::TestHome home;
-    const QString path = QStringLiteral("C:\\config.ini");
+    const QString path = u"C:\\config.ini"_s;
     std::array<char, 8> buffer;
     const auto read = [&](const char* key) {
-        const int count = GetPrivateProfileStringA(QStringLiteral("s"), QString::fromLatin1(key),
-                                                   QStringLiteral("defecto"), buffer, path);
+        const int count =
+            GetPrivateProfileStringA(u"s"_s, QString::fromLatin1(key), u"defecto"_s, buffer, path);
         return QByteArray(buffer.data(), count);
     };
     EXPECT_FALSE(PathFileExistsA(path));
     EXPECT_EQ(read("a"), "defecto");
-    WritePrivateProfileStringA(QStringLiteral("s"), QStringLiteral("a"),
-                               QStringLiteral("ñandú\n[s]"), path);
+    WritePrivateProfileStringA(u"s"_s, u"a"_s, u"ñandú\n[s]"_s, path);
     EXPECT_TRUE(PathFileExistsA(path));
     EXPECT_EQ(home.Get("config.ini"), "[s]\r\na=\xF1"
                                       "and\xFA\r\n");
@@ -80,7 +80,6 @@ TEST(ProfileFile, TheCallsWorkOnRealFiles) {
     EXPECT_EQ(buffer[5], '\0');
     home.Put("config.ini", "[s]\na=12345678901");
     EXPECT_EQ(read("a"), "1234567");
-    EXPECT_THROW(WritePrivateProfileStringA(QStringLiteral("s"), QStringLiteral("a"), QString(),
-                                            QStringLiteral("C:\\nada\\config.ini")),
+    EXPECT_THROW(WritePrivateProfileStringA(u"s"_s, u"a"_s, QString(), u"C:\\nada\\config.ini"_s),
                  Failure);
 }

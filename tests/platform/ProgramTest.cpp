@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace platform;
 namespace fs = std::filesystem;
 
@@ -15,7 +16,7 @@ TEST(Program, ItsFolderIsFilledWithoutTouchingWhatIsThere) {
     home.Put("programa/config.ini", "del usuario");
     fs::permissions(home.Root() / "prefijo/share/quillmark/Code/codea", fs::perms(0444));
     PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
-    EXPECT_EQ(ProgramFolder(), QStringLiteral("C:\\programa"));
+    EXPECT_EQ(ProgramFolder(), u"C:\\programa"_s);
     EXPECT_EQ(home.Get("programa/config.ini"), "del usuario");
     EXPECT_EQ(home.Get("programa/Code/codea"), "ejemplo");
     const auto permissions = fs::status(home.Root() / "programa/Code/codea").permissions();
@@ -27,10 +28,10 @@ TEST(Program, ItsFolderWithoutAnOverride) {
     home.Put("prefijo/bin/quillmark", "");
     qunsetenv("QUILLMARK_HOME");
     PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
-    EXPECT_EQ(ProgramFolder(), QStringLiteral("C:\\prefijo\\bin"));
+    EXPECT_EQ(ProgramFolder(), u"C:\\prefijo\\bin"_s);
     qputenv("XDG_DATA_HOME", (home.Root() / "datos").c_str());
     PrepareProgramFolder("/proc/no/se/escribe/quillmark");
-    EXPECT_EQ(ProgramFolder(), QStringLiteral("C:\\datos\\quillmark"));
+    EXPECT_EQ(ProgramFolder(), u"C:\\datos\\quillmark"_s);
     EXPECT_TRUE(fs::is_directory(home.Root() / "datos/quillmark"));
     qunsetenv("XDG_DATA_HOME");
 }
@@ -40,10 +41,9 @@ TEST(Program, TheCommandLineIsOnePath) {
     fs::create_directories(home.Root() / "mis juegos");
     fs::current_path(home.Root() / "mis juegos");
     EXPECT_EQ(CommandLinePath({}), QString());
-    EXPECT_EQ(CommandLinePath({"uno", "y", "dos.lua"}),
-              QStringLiteral("C:\\mis juegos\\uno y dos.lua"));
-    EXPECT_EQ(CommandLinePath({"/etc/\"x\""}), QStringLiteral("Z:\\etc\\\uF022x\uF022"));
-    ChangeDirectory(QStringLiteral("C:\\"));
+    EXPECT_EQ(CommandLinePath({"uno", "y", "dos.lua"}), u"C:\\mis juegos\\uno y dos.lua"_s);
+    EXPECT_EQ(CommandLinePath({"/etc/\"x\""}), u"Z:\\etc\\\uF022x\uF022"_s);
+    ChangeDirectory(u"C:\\"_s);
     EXPECT_EQ(fs::current_path(), home.Root());
-    EXPECT_THROW(ChangeDirectory(QStringLiteral("C:\\nada")), Failure);
+    EXPECT_THROW(ChangeDirectory(u"C:\\nada"_s), Failure);
 }

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace platform;
 
 namespace {
@@ -29,7 +30,7 @@ QByteArray AllCodePageBytes() {
 } // namespace
 
 TEST(TextEncoding, UnchangedTextIsTheSameBytes) {
-    const QString spanish = QStringLiteral("-- ¡año, señor! € 😀\r\nx = 1\n\ry = 2\r");
+    const QString spanish = u"-- ¡año, señor! € 😀\r\nx = 1\n\ry = 2\r"_s;
     const struct {
         QByteArray bytes;
         TextEncoding encoding;
@@ -44,7 +45,7 @@ TEST(TextEncoding, UnchangedTextIsTheSameBytes) {
         {"\xEF\xBB\xBF", TextEncoding::Utf8WithMark},
         {Utf16(spanish, false), TextEncoding::Utf16LEWithMark},
         {Utf16(spanish, true), TextEncoding::Utf16BEWithMark},
-        {Utf16(QStringLiteral("\uFEFFx"), true), TextEncoding::Utf16BEWithMark}, // two marks
+        {Utf16(u"\uFEFFx"_s, true), TextEncoding::Utf16BEWithMark}, // two marks
         {"\xEF\xBB\xBF\xEF\xBB\xBFx", TextEncoding::Utf8WithMark},
     };
     for (const auto& file : files) {
@@ -58,21 +59,20 @@ TEST(TextEncoding, UnchangedTextIsTheSameBytes) {
 }
 
 TEST(TextEncoding, UndefinedBytesTravelAsControls) {
-    EXPECT_EQ(FromCodePage("\x81\x8D\x8F\x90\x9D\x80"),
-              QStringLiteral("\u0081\u008D\u008F\u0090\u009D\u20AC"));
+    EXPECT_EQ(FromCodePage("\x81\x8D\x8F\x90\x9D\x80"), u"\u0081\u008D\u008F\u0090\u009D\u20AC"_s);
     EXPECT_EQ(ToCodePage(u"\u0081\u20AC\u00FF"), QByteArray("\x81\x80\xFF"));
     EXPECT_EQ(ToCodePage(u"\u0080"), std::nullopt);
     EXPECT_EQ(ToCodePageLossy(u"a\u2192\U0001F600ñ"), QByteArray("a??\xF1"));
 }
 
 TEST(TextEncoding, NothingIsLostThatDoesNotFitTheCodePage) {
-    const QByteArray arrow = QStringLiteral("ñ → x").toUtf8();
+    const QByteArray arrow = u"ñ → x"_s.toUtf8();
     EXPECT_EQ(EncodeText(arrow, TextEncoding::CodePage).bytes, arrow);
     EXPECT_EQ(EncodeText(arrow, TextEncoding::CodePage).encoding, TextEncoding::Utf8);
-    const QByteArray mark = QStringLiteral("\uFEFFabc").toUtf8();
+    const QByteArray mark = u"\uFEFFabc"_s.toUtf8();
     EXPECT_EQ(EncodeText(mark, TextEncoding::CodePage).bytes, mark);
     // Its bytes in the code page would read back as another text.
-    const QByteArray tricky = QStringLiteral("Ã±").toUtf8();
+    const QByteArray tricky = u"Ã±"_s.toUtf8();
     const EncodedText encoded = EncodeText(tricky, TextEncoding::CodePage);
     EXPECT_EQ(DecodeText(encoded.bytes).utf8, tricky);
 }

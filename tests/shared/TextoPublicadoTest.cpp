@@ -3,22 +3,23 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using shared::TextoPublicado;
 
 TEST(TextoPublicado, TheLastToPublishCountsAndOutlivesItsSource) {
     TextoPublicado texto;
     EXPECT_EQ(texto.Leer(), QString());
-    QString uno = QStringLiteral("uno");
-    QString dos = QStringLiteral("dos");
+    QString uno = u"uno"_s;
+    QString dos = u"dos"_s;
     texto.Publicar(&uno, [&] { return uno; });
     texto.Publicar(&dos, [&] { return dos; });
     texto.Soltar(&uno); // no longer its text
-    dos = QStringLiteral("dos y medio");
-    EXPECT_EQ(texto.Leer(), QStringLiteral("dos y medio"));
+    dos = u"dos y medio"_s;
+    EXPECT_EQ(texto.Leer(), u"dos y medio"_s);
     texto.Publicar(&uno, [&] { return uno; });
     texto.Soltar(&uno);
-    uno = QStringLiteral("otro");
-    EXPECT_EQ(texto.Leer(), QStringLiteral("uno"));
+    uno = u"otro"_s;
+    EXPECT_EQ(texto.Leer(), u"uno"_s);
 }
 
 TEST(TextoPublicado, FetchesOncePerPublication) {
@@ -27,6 +28,6 @@ TEST(TextoPublicado, FetchesOncePerPublication) {
     const auto fuente = [&] { return QString::number(++veces); };
     for (int i = 0; i < 1000; ++i)
         texto.Publicar(&veces, fuente);
-    EXPECT_EQ(texto.Leer(), QStringLiteral("1"));
-    EXPECT_EQ(texto.Leer(), QStringLiteral("1"));
+    EXPECT_EQ(texto.Leer(), u"1"_s);
+    EXPECT_EQ(texto.Leer(), u"1"_s);
 }

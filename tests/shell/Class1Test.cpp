@@ -6,12 +6,13 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using shell::Class1;
 
 namespace {
 
 QString Ruta(const QString& nombre) {
-    return QStringLiteral("C:\\juegos\\") + nombre;
+    return u"C:\\juegos\\"_s + nombre;
 }
 
 class Class1Test : public testing::Test {
@@ -24,10 +25,9 @@ protected:
     static QStringList Guardado() {
         QStringList guardado;
         for (int i = 1; i <= 10; ++i)
-            guardado.append(platform::GetSetting(QStringLiteral("Accesos Recientes"),
-                                                 QStringLiteral("Lista"), QString::number(i),
-                                                 QStringLiteral("-")));
-        guardado.removeAll(QStringLiteral("-"));
+            guardado.append(platform::GetSetting(u"Accesos Recientes"_s, u"Lista"_s,
+                                                 QString::number(i), u"-"_s));
+        guardado.removeAll(u"-"_s);
         return guardado;
     }
     QString Visibles() {
@@ -42,7 +42,7 @@ protected:
     support::TestHome home;
     QMenu menu;
     QAction* separador = menu.addSeparator();
-    platform::MenuArray entradas{&menu, menu.addAction(QStringLiteral("Recientes")), [](int) {}};
+    platform::MenuArray entradas{&menu, menu.addAction(u"Recientes"_s), [](int) {}};
     Class1 lista;
 };
 
@@ -50,7 +50,7 @@ protected:
 
 TEST_F(Class1Test, AnEmptyListKeepsItsDesignEntry) {
     EXPECT_EQ(entradas.Count(), 25);
-    EXPECT_EQ(Visibles(), QStringLiteral("Recientes"));
+    EXPECT_EQ(Visibles(), u"Recientes"_s);
     EXPECT_TRUE(separador->isVisible());
     EXPECT_EQ(lista.ObtenerPath(1), QString());
 }
@@ -58,42 +58,40 @@ TEST_F(Class1Test, AnEmptyListKeepsItsDesignEntry) {
 TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
     for (const char* nombre : {"a", "b", "c", "d", "e", "f", "A", "c", "g"})
         lista.NuevoElemento(Ruta(QString::fromLatin1(nombre)));
-    EXPECT_EQ(Visibles(), QStringLiteral("1 g|2 c|3 A|4 f|5 e|6 d"));
+    EXPECT_EQ(Visibles(), u"1 g|2 c|3 A|4 f|5 e|6 d"_s);
     EXPECT_EQ(Guardado().size(), 6);
-    EXPECT_EQ(lista.ObtenerPath(2), Ruta(QStringLiteral("c")));
+    EXPECT_EQ(lista.ObtenerPath(2), Ruta(u"c"_s));
     EXPECT_EQ(lista.ObtenerPath(7), QString());
     EXPECT_EQ(lista.ObtenerPath(0), QString());
 
     Class1 siguiente; // the next start
     siguiente.Count(3);
     siguiente.Init(entradas, *separador);
-    EXPECT_EQ(siguiente.ObtenerPath(3), Ruta(QStringLiteral("A")));
+    EXPECT_EQ(siguiente.ObtenerPath(3), Ruta(u"A"_s));
     EXPECT_EQ(siguiente.ObtenerPath(4), QString());
 }
 
 TEST_F(Class1Test, AGapInTheKeysEndsTheList) {
     for (const char* nombre : {"c", "b", "a"})
         lista.NuevoElemento(Ruta(QString::fromLatin1(nombre)));
-    platform::DeleteSetting(QStringLiteral("Accesos Recientes"), QStringLiteral("Lista"),
-                            QStringLiteral("2"));
+    platform::DeleteSetting(u"Accesos Recientes"_s, u"Lista"_s, u"2"_s);
     lista.Init(entradas, *separador);
-    EXPECT_EQ(lista.ObtenerPath(1), Ruta(QStringLiteral("a")));
+    EXPECT_EQ(lista.ObtenerPath(1), Ruta(u"a"_s));
     EXPECT_EQ(lista.ObtenerPath(2), QString());
-    lista.NuevoElemento(Ruta(QStringLiteral("z")));
-    EXPECT_EQ(Guardado(), QStringList({Ruta(QStringLiteral("z")), Ruta(QStringLiteral("a"))}));
+    lista.NuevoElemento(Ruta(u"z"_s));
+    EXPECT_EQ(Guardado(), QStringList({Ruta(u"z"_s), Ruta(u"a"_s)}));
 }
 
 TEST_F(Class1Test, NamesShowAsTheyAre) {
-    lista.NuevoElemento(QStringLiteral("C:\\a&b\uF03A ñ.lua"));
-    EXPECT_EQ(Visibles(), QStringLiteral("1 a&&b: ñ.lua"));
-    EXPECT_EQ(Class1::NombreArchivo(QStringLiteral("C:\\x\\juego.lua")),
-              QStringLiteral("juego.lua"));
-    EXPECT_EQ(Class1::NombreArchivo(QStringLiteral("juego.lua")), QStringLiteral("juego.lua"));
+    lista.NuevoElemento(u"C:\\a&b\uF03A ñ.lua"_s);
+    EXPECT_EQ(Visibles(), u"1 a&&b: ñ.lua"_s);
+    EXPECT_EQ(Class1::NombreArchivo(u"C:\\x\\juego.lua"_s), u"juego.lua"_s);
+    EXPECT_EQ(Class1::NombreArchivo(u"juego.lua"_s), u"juego.lua"_s);
 }
 
 TEST_F(Class1Test, EliminarListaEmptiesEverything) {
     lista.EliminarLista(); // nothing there yet
-    lista.NuevoElemento(Ruta(QStringLiteral("a")));
+    lista.NuevoElemento(Ruta(u"a"_s));
     lista.EliminarLista();
     EXPECT_EQ(Visibles(), QString());
     EXPECT_FALSE(separador->isVisible());
@@ -103,16 +101,15 @@ TEST_F(Class1Test, EliminarListaEmptiesEverything) {
 
 TEST_F(Class1Test, TheOpenDialogHasItsDefaults) {
     support::ScriptedDialogs dialogs;
-    dialogs.ExpectName(QStringLiteral("C:\\x.lua  "));
-    EXPECT_EQ(lista.CommonDialog_Abrir(nullptr), QStringLiteral("C:\\x.lua"));
+    dialogs.ExpectName(u"C:\\x.lua  "_s);
+    EXPECT_EQ(lista.CommonDialog_Abrir(nullptr), u"C:\\x.lua"_s);
     dialogs.ExpectName(QString());
-    EXPECT_EQ(lista.CommonDialog_Abrir(nullptr, QStringLiteral("Todo\0*.*\0").left(9),
-                                       QStringLiteral("C:\\"), QStringLiteral("Título")),
+    EXPECT_EQ(lista.CommonDialog_Abrir(nullptr, u"Todo\0*.*\0"_s.left(9), u"C:\\"_s, u"Título"_s),
               QString());
-    EXPECT_EQ(dialogs.questions[0].title, QStringLiteral(" Abrir archivo ... "));
+    EXPECT_EQ(dialogs.questions[0].title, u" Abrir archivo ... "_s);
     ASSERT_EQ(dialogs.questions[0].filters.size(), 2U);
-    EXPECT_EQ(dialogs.questions[0].filters[0].name, QStringLiteral("Archivos Quillmark (*.qmk)"));
-    EXPECT_EQ(dialogs.questions[0].filters[1].pattern, QStringLiteral("*.lua"));
-    EXPECT_EQ(dialogs.questions[1].title, QStringLiteral("Título"));
-    EXPECT_EQ(dialogs.questions[1].filters[0].pattern, QStringLiteral("*.*"));
+    EXPECT_EQ(dialogs.questions[0].filters[0].name, u"Archivos Quillmark (*.qmk)"_s);
+    EXPECT_EQ(dialogs.questions[0].filters[1].pattern, u"*.lua"_s);
+    EXPECT_EQ(dialogs.questions[1].title, u"Título"_s);
+    EXPECT_EQ(dialogs.questions[1].filters[0].pattern, u"*.*"_s);
 }

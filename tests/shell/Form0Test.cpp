@@ -10,6 +10,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 namespace {
 
 class Form0Test : public testing::Test {
@@ -61,12 +62,11 @@ TEST_F(Form0Test, TheFirstRunOpensTheConfigurationAndOnlyOnce) {
     for (const char* ejecuciones : {"0", "", "hola", "0.0"}) {
         const QByteArray config =
             QByteArray("[inicio]\r\nejecuciones=") + ejecuciones + "\r\n[general]\r\nnuevo=si\r\n";
-        EXPECT_EQ(Start(config), QStringList{QStringLiteral("Configuración")}) << ejecuciones;
+        EXPECT_EQ(Start(config), QStringList{u"Configuración"_s}) << ejecuciones;
         EXPECT_EQ(home.Get("programa/config.ini"),
                   "[inicio]\r\nejecuciones=1\r\n[general]\r\nnuevo=si\r\n");
     }
-    EXPECT_EQ(Start(home.Get("programa/config.ini")),
-              QStringList{QStringLiteral("Nuevo script 1")});
+    EXPECT_EQ(Start(home.Get("programa/config.ini")), QStringList{u"Nuevo script 1"_s});
 }
 
 TEST_F(Form0Test, ANormalStartFollowsTheSetting) {
@@ -75,26 +75,26 @@ TEST_F(Form0Test, ANormalStartFollowsTheSetting) {
             QByteArray("[inicio]\r\nejecuciones=7\r\n[general]\r\nnuevo=") + nuevo + "\r\n";
         EXPECT_EQ(Start(config), QStringList()) << nuevo;
     }
-    EXPECT_EQ(principal->Caption(), QStringLiteral("Quillmark v3.0.0"));
+    EXPECT_EQ(principal->Caption(), u"Quillmark v3.0.0"_s);
     EXPECT_EQ(std::filesystem::current_path(), home.Root() / "programa");
 }
 
 TEST_F(Form0Test, AFileOnTheCommandLineComesFirst) {
     const QString ruta = home.Put("mis juegos/el juego.lua", "print(1)");
     EXPECT_EQ(Start("[inicio]\nejecuciones=1\n[general]\nnuevo=si\n", ruta),
-              QStringList({QStringLiteral("el juego.lua"), QStringLiteral("Nuevo script 2")}));
+              QStringList({u"el juego.lua"_s, u"Nuevo script 2"_s}));
     const platform::Form* abierto = principal->Forms().front();
     EXPECT_NEAR(abierto->Height(), 10350, 15);
     EXPECT_TRUE(principal->FrmDoc.isNull());
     EXPECT_EQ(compartido.numero_documentos, 2);
     compartido.numero_documentos = 0;
     EXPECT_EQ(Start("[inicio]\nejecuciones=0\n", ruta),
-              QStringList({QStringLiteral("el juego.lua"), QStringLiteral("Configuración")}));
+              QStringList({u"el juego.lua"_s, u"Configuración"_s}));
 }
 
 TEST_F(Form0Test, AFileThatCannotBeOpenedIsToldAndTheStartGoesOn) {
-    dialogs.Expect(QStringLiteral("C:\\no.lua"), platform::Answer::Ok);
-    EXPECT_EQ(Start("[inicio]\nejecuciones=1\n[general]\nnuevo=si\n", QStringLiteral("C:\\no.lua")),
-              QStringList{QStringLiteral("Nuevo script 1")});
+    dialogs.Expect(u"C:\\no.lua"_s, platform::Answer::Ok);
+    EXPECT_EQ(Start("[inicio]\nejecuciones=1\n[general]\nnuevo=si\n", u"C:\\no.lua"_s),
+              QStringList{u"Nuevo script 1"_s});
     EXPECT_EQ(compartido.numero_documentos, 1);
 }

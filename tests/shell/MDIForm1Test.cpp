@@ -13,6 +13,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using documents::frmDocumento;
 using platform::Answer;
 using platform::WindowState;
@@ -81,13 +82,11 @@ TEST_F(MDIForm1Test, NewDocumentsAreNumberedByTheirCount) {
     Press("mnuarchivonuevo");
     frmDocumento* first = principal.FrmDoc;
     Press("mnuarchivonuevo");
-    EXPECT_EQ(Captions(),
-              QStringList({QStringLiteral("Nuevo script 1"), QStringLiteral("Nuevo script 2")}));
+    EXPECT_EQ(Captions(), QStringList({u"Nuevo script 1"_s, u"Nuevo script 2"_s}));
     EXPECT_EQ(principal.FrmDoc, Active());
     first->Unload();
     Press("mnuarchivonuevo");
-    EXPECT_EQ(Captions(),
-              QStringList({QStringLiteral("Nuevo script 2"), QStringLiteral("Nuevo script 2")}));
+    EXPECT_EQ(Captions(), QStringList({u"Nuevo script 2"_s, u"Nuevo script 2"_s}));
     principal.FrmDoc->Unload();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(principal.FrmDoc.isNull());
@@ -97,12 +96,12 @@ TEST_F(MDIForm1Test, AbrirShowsTheFileAndRemembersIt) {
     const QString ruta = home.Put("juegos/mi juego.lua", "print(1)\n");
     const frmDocumento* documento = Abrir(ruta);
     ASSERT_NE(documento, nullptr);
-    EXPECT_EQ(documento->Caption(), QStringLiteral("mi juego.lua"));
+    EXPECT_EQ(documento->Caption(), u"mi juego.lua"_s);
     EXPECT_EQ(compartido.numero_documentos, 1);
     EXPECT_TRUE(principal.FrmDoc.isNull());
-    EXPECT_EQ(Reciente(1)->text(), QStringLiteral("1 mi juego.lua"));
+    EXPECT_EQ(Reciente(1)->text(), u"1 mi juego.lua"_s);
     Reciente(1)->trigger();
-    EXPECT_EQ(Captions().count(QStringLiteral("mi juego.lua")), 2);
+    EXPECT_EQ(Captions().count(u"mi juego.lua"_s), 2);
     EXPECT_EQ(compartido.numero_documentos, 2);
     Abrir(QString()); // left by cancel
     EXPECT_EQ(compartido.numero_documentos, 2);
@@ -110,19 +109,19 @@ TEST_F(MDIForm1Test, AbrirShowsTheFileAndRemembersIt) {
 
 TEST_F(MDIForm1Test, AFileThatCannotBeOpenedLeavesNothingBehind) {
     Reciente(1)->trigger(); // an empty list
-    compartido.nombre_script = QStringLiteral("publicado");
-    const QString ruta = QStringLiteral("C:\\no está.lua");
+    compartido.nombre_script = u"publicado"_s;
+    const QString ruta = u"C:\\no está.lua"_s;
     dialogs.ExpectName(ruta);
     dialogs.Expect(ruta, Answer::Ok);
     Press("mnuarchivoabrir");
     dialogs.Expect(ruta, Answer::Ok);
     Reciente(1)->trigger();
     EXPECT_EQ(dialogs.messages[1].icon, platform::Icon::Error);
-    EXPECT_EQ(dialogs.messages[1].title, QStringLiteral("Quillmark"));
+    EXPECT_EQ(dialogs.messages[1].title, u"Quillmark"_s);
     EXPECT_EQ(compartido.numero_documentos, 0);
-    EXPECT_EQ(compartido.nombre_script, QStringLiteral("publicado"));
+    EXPECT_EQ(compartido.nombre_script, u"publicado"_s);
     EXPECT_TRUE(Captions().isEmpty());
-    EXPECT_EQ(Reciente(1)->text(), QStringLiteral("1 no está.lua")); // the list keeps it
+    EXPECT_EQ(Reciente(1)->text(), u"1 no está.lua"_s); // the list keeps it
 }
 
 TEST_F(MDIForm1Test, DroppedFilesOpenAsAbrirDoes) {
@@ -131,29 +130,28 @@ TEST_F(MDIForm1Test, DroppedFilesOpenAsAbrirDoes) {
     Press("mnuarchivonuevo");
     QMimeData data;
     const QString root = QString::fromStdString(home.Root().native());
-    data.setUrls({QUrl::fromLocalFile(root + QStringLiteral("/uno.lua")), QUrl::fromLocalFile(root),
-                  QUrl::fromLocalFile(root + QStringLiteral("/dos.lua"))});
+    data.setUrls({QUrl::fromLocalFile(root + u"/uno.lua"_s), QUrl::fromLocalFile(root),
+                  QUrl::fromLocalFile(root + u"/dos.lua"_s)});
     QWidget* editor = Active()->findChild<QAbstractScrollArea*>()->viewport();
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(editor, &enter); // which leaves it to the main window
-    dialogs.Expect(QStringLiteral("es una carpeta"), Answer::Ok);
+    dialogs.Expect(u"es una carpeta"_s, Answer::Ok);
     QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(editor, &drop);
-    EXPECT_EQ(Captions().mid(1),
-              QStringList({QStringLiteral("uno.lua"), QStringLiteral("dos.lua")}));
+    EXPECT_EQ(Captions().mid(1), QStringList({u"uno.lua"_s, u"dos.lua"_s}));
     EXPECT_EQ(compartido.numero_documentos, 3);
-    EXPECT_EQ(Reciente(1)->text(), QStringLiteral("1 dos.lua"));
+    EXPECT_EQ(Reciente(1)->text(), u"1 dos.lua"_s);
 }
 
 TEST_F(MDIForm1Test, GuardarWritesWhereTheDocumentCameFrom) {
     principal.Timer1_Timer();
-    dialogs.Expect(QStringLiteral("No hay documentos para guardar"), Answer::Ok);
+    dialogs.Expect(u"No hay documentos para guardar"_s, Answer::Ok);
     principal.mnuarchivoguardar_Click();
     EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Information);
 
     Abrir(home.Put("lejos/a.lua", "uno"));
     std::filesystem::current_path("/");
-    Type(QStringLiteral("x"));
+    Type(u"x"_s);
     principal.mnuarchivoguardar_Click();
     EXPECT_EQ(home.Get("lejos/a.lua"), "xuno");
     EXPECT_TRUE(Active()->flagGuardar);
@@ -163,18 +161,18 @@ TEST_F(MDIForm1Test, GuardarAsksANewScriptForItsName) {
     Press("mnuarchivonuevo");
     dialogs.ExpectName(QString());
     principal.mnuarchivoguardar_Click();
-    EXPECT_EQ(Active()->Caption(), QStringLiteral("Nuevo script 1"));
-    dialogs.ExpectName(QStringLiteral("C:\\no\\hay.qmk"));
+    EXPECT_EQ(Active()->Caption(), u"Nuevo script 1"_s);
+    dialogs.ExpectName(u"C:\\no\\hay.qmk"_s);
     principal.mnuarchivoguardar_Click(); // fails, and says nothing
-    EXPECT_EQ(Active()->Caption(), QStringLiteral("Nuevo script 1"));
-    dialogs.ExpectName(QStringLiteral("C:\\juego"));
+    EXPECT_EQ(Active()->Caption(), u"Nuevo script 1"_s);
+    dialogs.ExpectName(u"C:\\juego"_s);
     principal.mnuarchivoguardar_Click();
-    EXPECT_EQ(Active()->Caption(), QStringLiteral("juego"));
+    EXPECT_EQ(Active()->Caption(), u"juego"_s);
     EXPECT_TRUE(home.Get("juego").startsWith("while true do\r"));
-    dialogs.ExpectName(QStringLiteral("C:\\otro.lua"));
+    dialogs.ExpectName(u"C:\\otro.lua"_s);
     principal.mnuarchivocomo_Click();
-    EXPECT_EQ(Active()->Caption(), QStringLiteral("otro.lua"));
-    Type(QStringLiteral("--"));
+    EXPECT_EQ(Active()->Caption(), u"otro.lua"_s);
+    Type(u"--"_s);
     principal.mnuarchivoguardar_Click();
     EXPECT_TRUE(home.Get("otro.lua").startsWith("--while"));
     EXPECT_TRUE(home.Get("juego").startsWith("while"));
@@ -193,7 +191,7 @@ TEST_F(MDIForm1Test, CommandsWithAToolWindowActiveDoNoHarm) {
                                 "mnuediciondeshacer", "mnuedicionrehacer", "mnuedicioncopiar",
                                 "mnuedicioncortar", "mnuedicionpegar", "mnuedicionseleccionar"})
         Press(entrada);
-    dialogs.ExpectName(QStringLiteral("C:\\x.qmk"));
+    dialogs.ExpectName(u"C:\\x.qmk"_s);
     Press("mnuarchivocomo");
     EXPECT_EQ(home.Get("x.qmk"), "");
     EXPECT_EQ(principal.FrmDoc->txtFile().Text(), text);
@@ -205,12 +203,12 @@ TEST_F(MDIForm1Test, EditCommandsWorkOnTheActiveDocument) {
     Press("mnuedicionseleccionar");
     Press("mnuedicioncortar");
     EXPECT_EQ(Active()->txtFile().Text(), QString());
-    EXPECT_TRUE(QApplication::clipboard()->text().startsWith(QStringLiteral("while")));
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith(u"while"_s));
     Press("mnuediciondeshacer");
-    EXPECT_TRUE(Active()->txtFile().Text().startsWith(QStringLiteral("while")));
+    EXPECT_TRUE(Active()->txtFile().Text().startsWith(u"while"_s));
     Press("mnuedicionrehacer");
     Press("mnuedicionpegar");
-    EXPECT_TRUE(Active()->txtFile().Text().startsWith(QStringLiteral("while")));
+    EXPECT_TRUE(Active()->txtFile().Text().startsWith(u"while"_s));
     Active()->flagGuardar = false;
 }
 
@@ -224,16 +222,16 @@ TEST_F(MDIForm1Test, TheMenuHasItsKeysWhileTheEditorHasTheFocus) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&principal));
     press(Qt::Key_E, Qt::ControlModifier);
     press(Qt::Key_X, Qt::NoModifier);
-    EXPECT_EQ(Active()->txtFile().Text(), QStringLiteral("x"));
+    EXPECT_EQ(Active()->txtFile().Text(), u"x"_s);
     dialogs.ExpectName(home.Put("a.lua", "abierto"));
     press(Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(Active()->Caption(), QStringLiteral("a.lua"));
+    EXPECT_EQ(Active()->Caption(), u"a.lua"_s);
     press(Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(Active()->Caption(), QStringLiteral("Nuevo script 1"));
+    EXPECT_EQ(Active()->Caption(), u"Nuevo script 1"_s);
     press(Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(Active()->Caption(), QStringLiteral("a.lua"));
+    EXPECT_EQ(Active()->Caption(), u"a.lua"_s);
     press(Qt::Key_F4, Qt::ControlModifier);
-    EXPECT_EQ(Captions(), QStringList{QStringLiteral("Nuevo script 1")});
+    EXPECT_EQ(Captions(), QStringList{u"Nuevo script 1"_s});
     press(Qt::Key_F4, Qt::NoModifier);
     EXPECT_EQ(Captions().size(), 2);
     Press("mnuventanaminimizar");
@@ -246,11 +244,11 @@ TEST_F(MDIForm1Test, CerrarTodasGoesOnBehindACancel) {
         Active()->flagGuardar = true;
     }
     Press("mnuopcionesconfiguracion");
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::No);
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Cancel);
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::No);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::No);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Cancel);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::No);
     Press("mnuventanacerrar");
-    EXPECT_EQ(Captions(), QStringList{QStringLiteral("Nuevo script 2")});
+    EXPECT_EQ(Captions(), QStringList{u"Nuevo script 2"_s});
     EXPECT_EQ(compartido.numero_documentos, 1);
 }
 
@@ -281,10 +279,10 @@ TEST_F(MDIForm1Test, SalirAsksOnceAndEndsWithoutClosing) {
     home.Put("programa/temp.lua", "x");
     Press("mnuarchivonuevo");
     Active()->flagGuardar = true;
-    dialogs.Expect(QStringLiteral("¿Salir del programa?"), Answer::No);
+    dialogs.Expect(u"¿Salir del programa?"_s, Answer::No);
     Press("mnuarchivosalir");
     EXPECT_EQ(ended, 0);
-    dialogs.Expect(QStringLiteral("¿Salir del programa?"), Answer::Yes);
+    dialogs.Expect(u"¿Salir del programa?"_s, Answer::Yes);
     Press("mnuarchivosalir");
     EXPECT_EQ(ended, 1);
     EXPECT_TRUE(principal.FrmDoc.isNull());
@@ -297,27 +295,27 @@ TEST_F(MDIForm1Test, SalirAsksOnceAndEndsWithoutClosing) {
 TEST_F(MDIForm1Test, ClosingTheFrameAsksTheChildrenAndThenTheUser) {
     Press("mnuarchivonuevo");
     Active()->flagGuardar = true;
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::Cancel);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Cancel);
     EXPECT_FALSE(principal.close());
-    dialogs.Expect(QStringLiteral("¿Guardar cambios?"), Answer::No);
-    dialogs.Expect(QStringLiteral("¿Salir del programa?"), Answer::No);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::No);
+    dialogs.Expect(u"¿Salir del programa?"_s, Answer::No);
     EXPECT_FALSE(principal.close());
     EXPECT_TRUE(principal.isVisible());
     EXPECT_TRUE(Captions().isEmpty());
-    dialogs.Expect(QStringLiteral("¿Salir del programa?"), Answer::Yes);
+    dialogs.Expect(u"¿Salir del programa?"_s, Answer::Yes);
     EXPECT_TRUE(principal.close());
 }
 
 TEST_F(MDIForm1Test, TheAboutWindowAndTheUpdateNotice) {
     dialogs.ExpectForm([](platform::Form& form) {
-        EXPECT_EQ(form.Caption(), QStringLiteral("Acerca de Quillmark"));
+        EXPECT_EQ(form.Caption(), u"Acerca de Quillmark"_s);
         QTest::keyClick(&form, Qt::Key_Escape);
         EXPECT_FALSE(form.IsLoaded());
     });
     Press("mnuayudaacerca");
-    dialogs.Expect(QStringLiteral("Actualizacion OnLine aun no disponible"), Answer::Ok);
+    dialogs.Expect(u"Actualizacion OnLine aun no disponible"_s, Answer::Ok);
     Press("actualizacion_online");
-    EXPECT_EQ(dialogs.messages[0].title, QStringLiteral("Quillmark v3.0.0"));
+    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark v3.0.0"_s);
 }
 
 TEST_F(MDIForm1Test, TheCountStaysRightOverManyDocuments) {

@@ -8,6 +8,7 @@
 #include <QSet>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using shell::EntradaMenu;
 
 namespace {
@@ -17,11 +18,9 @@ void Flatten(const QList<QAction*>& actions, int level, QStringList& lines) {
     for (const QAction* action : actions) {
         if (action->objectName().isEmpty())
             continue; // the further entries of the recent list
-        lines.append(QStringLiteral("%1 %2 %3 %4")
-                         .arg(level)
-                         .arg(action->objectName(),
-                              action->isSeparator() ? QStringLiteral("-") : action->text(),
-                              action->shortcut().toString(QKeySequence::PortableText)));
+        lines.append(u"%1 %2 %3 %4"_s.arg(level).arg(
+            action->objectName(), action->isSeparator() ? u"-"_s : action->text(),
+            action->shortcut().toString(QKeySequence::PortableText)));
         if (action->menu())
             Flatten(action->menu()->actions(), level + 1, lines);
     }
@@ -39,13 +38,12 @@ TEST(MenuPrincipal, TheWindowShowsTheWholeTableInItsOrder) {
     Flatten(principal.menuBar()->actions(), 0, shown);
     QStringList table;
     for (const EntradaMenu& entrada : shell::MenuPrincipal())
-        table.append(QStringLiteral("%1 %2 %3 %4")
-                         .arg(entrada.nivel)
+        table.append(u"%1 %2 %3 %4"_s.arg(entrada.nivel)
                          .arg(QString::fromLatin1(entrada.nombre),
                               QString::fromUtf16(entrada.texto),
                               QString::fromLatin1(entrada.tecla)));
     EXPECT_EQ(shown, table);
-    EXPECT_FALSE(principal.Entrada(QStringLiteral("crear_temporal"))->isVisible());
+    EXPECT_FALSE(principal.Entrada(u"crear_temporal"_s)->isVisible());
 }
 
 TEST(MenuPrincipal, TheEntriesThatPeopleKnow) {
@@ -74,9 +72,9 @@ TEST(MenuPrincipal, TheEntriesThatPeopleKnow) {
     }
     withDocument.sort();
     EXPECT_EQ(withDocument.join(u' '),
-              QStringLiteral("ejecutar_lua mnuarchivocomo mnuarchivoguardar mnucodigosanimacion "
-                             "mnucodigoshola mnucodigosmenu mnuedicioncopiar mnuedicioncortar "
-                             "mnuedicionpegar mnuedicionseleccionar mnugenerarlua transfer"));
+              u"ejecutar_lua mnuarchivocomo mnuarchivoguardar mnucodigosanimacion "
+              "mnucodigoshola mnucodigosmenu mnuedicioncopiar mnuedicioncortar "
+              "mnuedicionpegar mnuedicionseleccionar mnugenerarlua transfer"_s);
 }
 
 TEST(MenuPrincipal, NamesAndKeysAreUnique) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+using namespace Qt::StringLiterals;
 namespace support {
 
 class ScriptedDialogs::Stand : public platform::Dialogs {
@@ -36,7 +37,7 @@ private:
         return m_script.Next(Step::Name, question.title).text;
     }
     bool Printer(QPrinter& printer) {
-        const Step step = m_script.Next(Step::Printer, QStringLiteral("printer"));
+        const Step step = m_script.Next(Step::Printer, u"printer"_s);
         return step.printer && step.printer(printer);
     }
 

@@ -10,16 +10,17 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
 namespace support {
 
 namespace fs = std::filesystem;
 
 TestHome::TestHome() {
     qputenv("HOME", m_folder.path().toUtf8());
-    qputenv("QUILLMARK_HOME", (m_folder.path() + QStringLiteral("/programa")).toUtf8());
+    qputenv("QUILLMARK_HOME", (m_folder.path() + u"/programa"_s).toUtf8());
     qputenv("QUILLMARK_DRIVES", "");
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
-                       m_folder.path() + QStringLiteral("/.config"));
+                       m_folder.path() + u"/.config"_s);
     platform::ResetCurrentDrives();
     platform::PrepareProgramFolder(Root() / "bin" / "quillmark");
     fs::current_path(Root());
