@@ -6,11 +6,8 @@
 #include "support/ScriptedDialogs.h"
 
 #include <QApplication>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QPointer>
 #include <QTest>
-#include <QUrl>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -50,12 +47,6 @@ public:
         Adopt(form);
         return form;
     }
-    QStringList dropped;
-    int asked = 0;
-
-private:
-    void FileDropped(const QString& path) override { dropped.append(path); }
-    void MDIForm_QueryUnload(bool&) override { ++asked; }
 };
 
 class FormTest : public testing::Test {
@@ -116,31 +107,6 @@ TEST_F(FormTest, AFailureOfAHandlerIsShownAndTheProgramGoesOn) {
     EXPECT_TRUE(form->Unload());
     EXPECT_EQ(dialogs.messages[0].title, u"Quillmark"_s);
     EXPECT_EQ(dialogs.messages[0].icon, Icon::Error);
-}
-
-TEST_F(FormTest, TheFrameClosesItsChildrenFirst) {
-    LoudForm* first = frame.NewForm();
-    LoudForm* second = frame.NewForm();
-    first->Show();
-    second->Show();
-    second->cancelled = true;
-    EXPECT_FALSE(frame.close());
-    EXPECT_EQ(frame.asked, 0);
-    EXPECT_EQ(frame.Forms(), std::vector<Form*>{second});
-    second->cancelled = false;
-    EXPECT_TRUE(frame.close());
-    EXPECT_EQ(frame.asked, 1);
-}
-
-TEST_F(FormTest, DroppedFilesReachTheFrame) {
-    QMimeData data;
-    data.setUrls({QUrl(u"file:///tmp/a%20b%3A%F1.lua"_s), QUrl(u"https://example.org/x"_s)});
-    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&frame, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&frame, &drop);
-    EXPECT_EQ(frame.dropped, QStringList{u"Z:\\tmp\\a b\uF03A\uF0F1.lua"_s});
 }
 
 namespace {

@@ -46,20 +46,6 @@ TEST(ProfileFile, WritingLeavesAllOtherLinesAlone) {
     EXPECT_EQ(WithProfileValue("[a]", "a", "c", "2"), "[a]\r\nc=2");
 }
 
-TEST(ProfileFile, WhatIsWrittenIsReadBackFromAnyGarbage) {
-    QByteArray garbage;
-    unsigned state = 12345;
-    for (int i = 0; i < 4000; ++i) {
-        state = state * 1103515245U + 12345U;
-        garbage.append("[]=;\"\r\n a\xF1\0k"[(state >> 16) % 13]);
-        const QByteArray written = WithProfileValue(garbage, "secci\xF3n", "clave", "valor");
-        if (i % 97 == 0) {
-            EXPECT_EQ(ProfileValue(written, "SECCI\xD3N", "clave"), "valor") << i;
-            EXPECT_GT(written.size(), garbage.size());
-        }
-    }
-}
-
 TEST(ProfileFile, TheCallsWorkOnRealFiles) {
     const support::TestHome home;
     const QString path = u"C:\\config.ini"_s;

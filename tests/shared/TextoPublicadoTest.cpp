@@ -21,13 +21,3 @@ TEST(TextoPublicado, TheLastToPublishCountsAndOutlivesItsSource) {
     uno = u"otro"_s;
     EXPECT_EQ(texto.Leer(), u"uno"_s);
 }
-
-TEST(TextoPublicado, FetchesOncePerPublication) {
-    TextoPublicado texto;
-    int veces = 0;
-    const auto fuente = [&] { return QString::number(++veces); };
-    for (int i = 0; i < 1000; ++i)
-        texto.Publicar(&veces, fuente);
-    EXPECT_EQ(texto.Leer(), u"1"_s);
-    EXPECT_EQ(texto.Leer(), u"1"_s);
-}

@@ -7,7 +7,6 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
-#include <QClipboard>
 #include <QMenu>
 #include <QMimeData>
 #include <QTest>
@@ -197,21 +196,6 @@ TEST_F(MDIForm1Test, CommandsWithAToolWindowActiveDoNoHarm) {
     EXPECT_EQ(principal.FrmDoc->txtFile().Text(), text);
 }
 
-TEST_F(MDIForm1Test, EditCommandsWorkOnTheActiveDocument) {
-    Press("mnuarchivonuevo");
-    principal.Timer1_Timer();
-    Press("mnuedicionseleccionar");
-    Press("mnuedicioncortar");
-    EXPECT_EQ(Active()->txtFile().Text(), QString());
-    EXPECT_TRUE(QApplication::clipboard()->text().startsWith(u"while"_s));
-    Press("mnuediciondeshacer");
-    EXPECT_TRUE(Active()->txtFile().Text().startsWith(u"while"_s));
-    Press("mnuedicionrehacer");
-    Press("mnuedicionpegar");
-    EXPECT_TRUE(Active()->txtFile().Text().startsWith(u"while"_s));
-    Active()->flagGuardar = false;
-}
-
 TEST_F(MDIForm1Test, TheMenuHasItsKeysWhileTheEditorHasTheFocus) {
     Press("mnuarchivonuevo");
     principal.Timer1_Timer();
@@ -221,8 +205,13 @@ TEST_F(MDIForm1Test, TheMenuHasItsKeysWhileTheEditorHasTheFocus) {
     principal.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&principal));
     press(Qt::Key_E, Qt::ControlModifier);
-    press(Qt::Key_X, Qt::NoModifier);
-    EXPECT_EQ(Active()->txtFile().Text(), u"x"_s);
+    press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(Active()->txtFile().Text(), QString());
+    Press("mnuediciondeshacer");
+    EXPECT_TRUE(Active()->txtFile().Text().startsWith(u"while"_s));
+    Press("mnuedicionrehacer");
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(Active()->txtFile().Text().startsWith(u"while"_s));
     dialogs.ExpectName(home.Put("a.lua", "abierto"));
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(Active()->Caption(), u"a.lua"_s);
@@ -234,7 +223,6 @@ TEST_F(MDIForm1Test, TheMenuHasItsKeysWhileTheEditorHasTheFocus) {
     EXPECT_EQ(Captions(), QStringList{u"Nuevo script 1"_s});
     press(Qt::Key_F4, Qt::NoModifier);
     EXPECT_EQ(Captions().size(), 2);
-    Press("mnuventanaminimizar");
     principal.FrmDoc->flagGuardar = false;
 }
 
@@ -265,14 +253,13 @@ TEST_F(MDIForm1Test, WindowCommandsReachAllChildren) {
     Press("mnuventanaorganizar");
     Press("mnuventanarestaurar");
     all(WindowState::Normal);
-    Press("mnuventanamosaicov");
-    const auto forms = principal.Forms();
-    EXPECT_EQ(forms[0]->Shell()->y(), forms[1]->Shell()->y());
-    EXPECT_NE(forms[0]->Shell()->x(), forms[1]->Shell()->x());
-    Press("mnuventanamosaicoh");
-    EXPECT_NE(forms[0]->Shell()->y(), forms[1]->Shell()->y());
-    Press("mnuventanacascada");
-    EXPECT_NE(forms[0]->Shell()->pos(), forms[1]->Shell()->pos());
+    const auto step = [&](const char* entrada) {
+        Press(entrada);
+        return principal.Forms()[1]->Shell()->pos() - principal.Forms()[0]->Shell()->pos();
+    };
+    EXPECT_EQ(step("mnuventanamosaicov").y(), 0);
+    EXPECT_EQ(step("mnuventanamosaicoh").x(), 0);
+    EXPECT_GT(step("mnuventanacascada").x(), 0);
 }
 
 TEST_F(MDIForm1Test, SalirAsksOnceAndEndsWithoutClosing) {
@@ -316,16 +303,4 @@ TEST_F(MDIForm1Test, TheAboutWindowAndTheUpdateNotice) {
     dialogs.Expect(u"Actualizacion OnLine aun no disponible"_s, Answer::Ok);
     Press("actualizacion_online");
     EXPECT_EQ(dialogs.messages[0].title, u"Quillmark v3.0.0"_s);
-}
-
-TEST_F(MDIForm1Test, TheCountStaysRightOverManyDocuments) {
-    const QString ruta = home.Put("a.lua", "x");
-    for (int i = 0; i < 60; ++i) {
-        Press("mnuarchivonuevo");
-        Abrir(ruta);
-        EXPECT_EQ(compartido.numero_documentos, 2);
-        Press("mnuventanacerrar");
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_EQ(compartido.numero_documentos, 0);
-    }
 }

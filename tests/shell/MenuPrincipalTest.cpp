@@ -5,7 +5,6 @@
 #include "support/TestHome.h"
 
 #include <QMenuBar>
-#include <QSet>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -75,18 +74,4 @@ TEST(MenuPrincipal, TheEntriesThatPeopleKnow) {
               u"ejecutar_lua mnuarchivocomo mnuarchivoguardar mnucodigosanimacion "
               "mnucodigoshola mnucodigosmenu mnuedicioncopiar mnuedicioncortar "
               "mnuedicionpegar mnuedicionseleccionar mnugenerarlua transfer"_s);
-}
-
-TEST(MenuPrincipal, NamesAndKeysAreUnique) {
-    QSet<QString> names;
-    QSet<QString> keys;
-    for (const EntradaMenu& entrada : shell::MenuPrincipal()) {
-        const QString name = QString::fromLatin1(entrada.nombre);
-        const QString key = QString::fromLatin1(entrada.tecla);
-        EXPECT_FALSE(names.contains(name)) << entrada.nombre;
-        EXPECT_TRUE(key.isEmpty() || !keys.contains(key)) << entrada.tecla;
-        EXPECT_TRUE(key.isEmpty() || !QKeySequence(key).isEmpty()) << entrada.tecla;
-        names.insert(name);
-        keys.insert(key);
-    }
 }

@@ -48,14 +48,3 @@ TEST_F(Module1Test, WritesOneKeyAndIsSilentAboutFailures) {
     Escribir(u"si"_s);
     EXPECT_EQ(Leer("nuevo"), u"def"_s);
 }
-
-TEST_F(Module1Test, GarbageReadsAsTheDefault) {
-    QByteArray garbage;
-    for (int i = 0; i < 5000; ++i)
-        garbage.append(static_cast<char>(i * 7919 >> 3));
-    home.Put("programa/config.ini", garbage);
-    EXPECT_EQ(Leer("nuevo"), u"def"_s);
-    Escribir(u"si"_s);
-    EXPECT_EQ(Leer("nuevo"), u"si"_s);
-    EXPECT_TRUE(home.Get("programa/config.ini").startsWith(garbage));
-}
