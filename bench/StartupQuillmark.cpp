@@ -14,8 +14,6 @@
 int main(int, char** argv) {
     int ownName = 1;
     QApplication application(ownName, argv);
-    QApplication::setWindowIcon(shell::Icono());
-    platform::SpeakSpanish(application);
     platform::PrepareProgramFolder(std::filesystem::read_symlink("/proc/self/exe"));
 
     bench::Clock::time_point shown;
@@ -29,6 +27,8 @@ int main(int, char** argv) {
     auto* portada = new shell::Form0;
     portada->Show();
     shown = bench::Clock::now();
+    platform::SpeakSpanish(application);
+    QApplication::setWindowIcon(shell::Icono());
     shell::MDIForm1 principal(compartido, QString());
     portada->EntregarA(principal);
     const bench::FirstPaint watch(argv[1], &principal, [&] { return faded - shown; });

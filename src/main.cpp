@@ -43,16 +43,17 @@ int main(int argc, char** argv) {
     int ownName = 1; // the toolkit gets no argument: all of them are one path
     QApplication application(ownName, argv);
     QApplication::setApplicationName(QStringLiteral("Quillmark"));
-    QApplication::setWindowIcon(shell::Icono());
     QApplication::setDesktopFileName(QStringLiteral("quillmark"));
-    platform::SpeakSpanish(application);
     platform::PrepareProgramFolder(std::filesystem::read_symlink("/proc/self/exe"));
 
     const QString lineaDeComandos = platform::CommandLinePath(arguments);
     shared::ValoresCompartidos compartido;
     auto* portada = new shell::Form0; // goes by itself after the hand-over
     portada->Show();
-    shell::MDIForm1 principal(compartido, lineaDeComandos); // made while the splash stands
+    // The rest is made while the splash stands.
+    platform::SpeakSpanish(application);
+    QApplication::setWindowIcon(shell::Icono());
+    shell::MDIForm1 principal(compartido, lineaDeComandos);
     portada->EntregarA(principal);
     return QApplication::exec();
 }

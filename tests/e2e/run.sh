@@ -71,6 +71,7 @@ press ctrl+a
 wait_for "open dialog" on_top 'Abrir archivo'
 type_text "$home/juegos/viejo.lua"
 press Return
+wait_for "main window again" on_top '^Quillmark v'
 sleep 1
 type_text 'x'
 press ctrl+z ctrl+y ctrl+s
