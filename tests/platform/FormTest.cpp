@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Form.h"
-#include "platform/Failure.h"
 #include "platform/MDIFrame.h"
 #include "platform/Timer.h"
 #include "support/ScriptedDialogs.h"
@@ -19,14 +18,9 @@ class LoudForm : public Form {
 public:
     QStringList events;
     bool cancelled = false;
-    bool fails = false;
 
 private:
-    void Note(const QString& event) {
-        events.append(event);
-        if (fails)
-            throw Failure(FailureCode::NoObject, QString(), u"falla "_s + event);
-    }
+    void Note(const QString& event) { events.append(event); }
     void Form_Load() override { Note(u"load"_s); }
     void Form_Resize() override {
         if (!events.endsWith(u"resize"_s))
@@ -96,17 +90,6 @@ TEST_F(FormTest, MovesInTwipsAndKnowsItsState) {
     frame.Caption(u"a [*] b"_s);
     form->Caption(u"otro"_s);
     EXPECT_EQ(frame.windowTitle(), u"a [*][*] b"_s); // the child's title stays out
-}
-
-TEST_F(FormTest, AFailureOfAHandlerIsShownAndTheProgramGoesOn) {
-    LoudForm* form = frame.NewForm();
-    form->Show();
-    form->fails = true;
-    dialogs.Expect(u"falla query"_s, Answer::Ok);
-    dialogs.Expect(u"falla unload"_s, Answer::Ok);
-    EXPECT_TRUE(form->Unload());
-    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark"_s);
-    EXPECT_EQ(dialogs.messages[0].icon, Icon::Error);
 }
 
 namespace {

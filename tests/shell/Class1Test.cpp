@@ -12,7 +12,7 @@ using shell::Class1;
 namespace {
 
 QString Ruta(const QString& nombre) {
-    return u"C:\\juegos\\"_s + nombre;
+    return u"C:\\ju egos, ñ\\;=%20\uF03A\\"_s + nombre;
 }
 
 class Class1Test : public testing::Test {
@@ -60,6 +60,8 @@ TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
         lista.NuevoElemento(Ruta(QString::fromLatin1(nombre)));
     EXPECT_EQ(Visibles(), u"1 g|2 c|3 A|4 f|5 e|6 d"_s);
     EXPECT_EQ(Guardado().size(), 6);
+    // It is on the disk at once: the process may end without a goodbye.
+    EXPECT_TRUE(home.Get(".config/Quillmark/Accesos Recientes.conf").contains("Lista"));
     EXPECT_EQ(lista.ObtenerPath(2), Ruta(u"c"_s));
     EXPECT_EQ(lista.ObtenerPath(7), QString());
     EXPECT_EQ(lista.ObtenerPath(0), QString());

@@ -91,10 +91,3 @@ TEST_F(Form0Test, AFileOnTheCommandLineComesFirst) {
     EXPECT_EQ(Start("[inicio]\nejecuciones=0\n", ruta),
               QStringList({u"el juego.lua"_s, u"Configuración"_s}));
 }
-
-TEST_F(Form0Test, AFileThatCannotBeOpenedIsToldAndTheStartGoesOn) {
-    dialogs.Expect(u"C:\\no.lua"_s, platform::Answer::Ok);
-    EXPECT_EQ(Start("[inicio]\nejecuciones=1\n[general]\nnuevo=si\n", u"C:\\no.lua"_s),
-              QStringList{u"Nuevo script 1"_s});
-    EXPECT_EQ(compartido.numero_documentos, 1);
-}
