@@ -31,12 +31,14 @@ wait_for() { # WHAT COMMAND...
 ended() { ! kill -0 "$pid" 2>/dev/null; }
 on_top() { xdotool getactivewindow getwindowname | grep -q "$1"; }
 nothing_on_top() { ! on_top .; }
+# Visible, too: a new window can have the number of the last active one before it is shown.
+main_window() { xdotool search --onlyvisible --name '^Quillmark v' && on_top '^Quillmark v'; }
 content() { printf "$2" | cmp -s - "$1"; } # FILE, the bytes as printf writes them
 begins() { printf "$2" | cmp -s -n "$(printf "$2" | wc -c)" - "$1"; }
 start() {
     "$program" "$@" &
     pid=$!
-    wait_for "main window" on_top '^Quillmark v'
+    wait_for "main window" main_window
     sleep 0.5
 }
 press() { xdotool key --delay 60 "$@"; }
@@ -71,7 +73,7 @@ press ctrl+a
 wait_for "open dialog" on_top 'Abrir archivo'
 type_text "$home/juegos/viejo.lua"
 press Return
-wait_for "main window again" on_top '^Quillmark v'
+wait_for "main window again" main_window
 sleep 1
 type_text 'x'
 press ctrl+z ctrl+y ctrl+s
@@ -82,7 +84,7 @@ type_text 'basura'
 press ctrl+F4
 wait_for "question about changes" on_top '^viejo.lua$'
 press Right Return
-wait_for "main window again" on_top '^Quillmark v'
+wait_for "main window again" main_window
 content "$home/juegos/viejo.lua" 'xa\xf1o\n\rfin' || fail "the file changed although it wasn't saved"
 
 # The recent list lives on, and its entry opens the file.
@@ -90,9 +92,9 @@ leave
 start
 grep -q 'viejo.lua' "$XDG_CONFIG_HOME/Quillmark/Accesos Recientes.conf" || fail "recent list"
 press F10
-sleep 0.5
-press Up Up Right Return
 sleep 1
+press Up Up Right Return
+sleep 2
 type_text 'y'
 press ctrl+s
 wait_for "file from the recent list" content "$home/juegos/viejo.lua" 'yxa\xf1o\n\rfin'
@@ -114,6 +116,6 @@ pid=$!
 wait_for "error" grep -q 'no hay.lua' "$home/errores"
 sleep 1
 press Return
-wait_for "main window" on_top '^Quillmark v'
+wait_for "main window" main_window
 leave
 echo "e2e: all steps passed"
