@@ -65,11 +65,29 @@ TEST_F(frmDocumentoTest, LoadsWithTheSkeletonAndUnchanged) {
     EXPECT_NEAR(documento->Height(), 11000 - 900, 15);
     documento->txtFile().Undo();
     EXPECT_EQ(documento->txtFile().Text(), esqueleto);
-    const QImage image =
-        documento->txtFile().grab().toImage().convertToFormat(QImage::Format_RGB32);
-    const auto* pixels = reinterpret_cast<const QRgb*>(image.constBits());
-    const auto isBlue = [](QRgb p) { return qBlue(p) > 200 && qRed(p) < 140 && qGreen(p) < 140; };
-    EXPECT_GT(std::count_if(pixels, pixels + image.sizeInBytes() / 4, isBlue), 10);
+}
+
+TEST_F(frmDocumentoTest, ShowsItsColors) {
+    const auto has = [&](const QRect& area, QColor color) {
+        const QImage image = documento->txtFile().grab(area).toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                if (std::abs(pixel.red() - color.red()) < 40 &&
+                    std::abs(pixel.green() - color.green()) < 40 &&
+                    std::abs(pixel.blue() - color.blue()) < 40)
+                    return true;
+            }
+        }
+        return false;
+    };
+    const QRect margin(4, 4, 28, 300);
+    const QRect text(60, 4, 300, 300);
+    EXPECT_TRUE(has(margin, Qt::black) && has(margin, Qt::white));
+    EXPECT_TRUE(has(text, Qt::blue) && has(text, Qt::red)); // keywords and operators
+    EXPECT_FALSE(has(text, QColor(0x80, 0, 0x80)) || has(text, QColor(0, 0x80, 0)));
+    Cambiar(u"'texto' --[[nota]]"_s);
+    EXPECT_TRUE(has(text, QColor(0x80, 0, 0x80)) && has(text, QColor(0, 0x80, 0)));
 }
 
 TEST_F(frmDocumentoTest, PublishesItsTextOnEachChangeAndItsNameUnderTheMouse) {
