@@ -61,15 +61,12 @@ TEST_F(CodeMaxTest, OpenedAndSavedIsTheSameBytes) {
     QByteArray all;
     for (int byte = 1; byte < 256; ++byte)
         all.append(static_cast<char>(byte));
-    const QByteArray files[] = {"",
-                                "a\r\nb\rc\nd\n\r",
-                                "sin fin de linea",
-                                all,
-                                "\xEF\xBB\xBF"
-                                "a\xC3\xB1o\r",
-                                "\xFF\xFE"
-                                "a\n",
-                                QByteArray("x = 1 -- \xF1\r\n").repeated(200000)};
+    using enum platform::TextEncoding;
+    std::vector<QByteArray> files = {"", all, QByteArray("x = 1 -- \xF1\r\n").repeated(200000)};
+    for (const auto encoding : {CodePage, Utf8, Utf8WithMark, Utf16LEWithMark, Utf16BEWithMark}) {
+        for (const char* text : {"x\r\nñ\r\n", "x\nñ\n", "x\rñ\r", "\n\rx\r\nñ\ry\n", "ñ", "x\n"})
+            files.push_back(platform::EncodeText(text, encoding).bytes);
+    }
     for (const QByteArray& bytes : files)
         EXPECT_EQ(Through(bytes, Nothing), bytes) << bytes.left(40).toHex().toStdString();
 }
