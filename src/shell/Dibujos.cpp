@@ -3,8 +3,8 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmap>
 #include <array>
-#include <functional>
 
 namespace shell {
 namespace {
@@ -18,15 +18,21 @@ const QColor kOro(0xE0, 0xA8, 0x3C);
 // Widths of the lines of a drawn script, in hundredths of the room.
 constexpr std::array kRenglones = {46, 34, 62, 52, 70, 28, 40};
 
-QPixmap Lienzo(QSize tamano, qreal escala, const std::function<void(QPainter&)>& dibujar) {
-    QPixmap imagen(tamano * escala);
-    imagen.setDevicePixelRatio(escala);
-    imagen.fill(Qt::transparent);
-    QPainter painter(&imagen);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    dibujar(painter);
-    return imagen;
+void PintarScript(QPainter& painter, const QRectF& donde) {
+    const qreal paso = donde.height() / (kRenglones.size() + 1);
+    const std::array colores = {kOro, kPapel, kPapel.darker(130)};
+    painter.save();
+    for (size_t i = 0; i < kRenglones.size(); ++i) {
+        const qreal sangria = i == 0 || i + 1 == kRenglones.size() ? 0 : donde.width() * 0.08;
+        const qreal y = donde.top() + paso * static_cast<qreal>(i + 1);
+        painter.setPen(QPen(colores[i % colores.size()], paso * 0.3, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(QPointF(donde.left() + sangria, y),
+                         QPointF(donde.left() + sangria + donde.width() * kRenglones[i] / 100, y));
+    }
+    painter.restore();
 }
+
+} // namespace
 
 // The feather in a square of side 100, from the upper right to its nib at the lower left.
 void PintarPluma(QPainter& painter, const QRectF& donde) {
@@ -55,20 +61,6 @@ void PintarPluma(QPainter& painter, const QRectF& donde) {
     painter.restore();
 }
 
-void PintarScript(QPainter& painter, const QRectF& donde) {
-    const qreal paso = donde.height() / (kRenglones.size() + 1);
-    const std::array colores = {kOro, kPapel, kPapel.darker(130)};
-    painter.save();
-    for (size_t i = 0; i < kRenglones.size(); ++i) {
-        const qreal sangria = i == 0 || i + 1 == kRenglones.size() ? 0 : donde.width() * 0.08;
-        const qreal y = donde.top() + paso * static_cast<qreal>(i + 1);
-        painter.setPen(QPen(colores[i % colores.size()], paso * 0.3, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(QPointF(donde.left() + sangria, y),
-                         QPointF(donde.left() + sangria + donde.width() * kRenglones[i] / 100, y));
-    }
-    painter.restore();
-}
-
 void PintarConsola(QPainter& painter, const QRectF& donde) {
     const qreal borde = donde.height() * 0.14;
     const QRectF pantalla =
@@ -89,47 +81,36 @@ void PintarConsola(QPainter& painter, const QRectF& donde) {
     PintarScript(painter, pantalla.adjusted(borde / 2, 0, -borde / 2, 0));
 }
 
-} // namespace
-
 QIcon Icono() {
     QIcon icono;
-    for (const int lado : {16, 32, 48, 128})
-        icono.addPixmap(DibujoPluma({lado, lado}, 1));
+    for (const int lado : {16, 32, 48, 128}) {
+        QPixmap imagen(lado, lado);
+        imagen.fill(Qt::transparent);
+        QPainter painter(&imagen);
+        painter.setRenderHint(QPainter::Antialiasing);
+        PintarPluma(painter, imagen.rect());
+        icono.addPixmap(imagen);
+    }
     return icono;
 }
 
-QPixmap DibujoPluma(QSize tamano, qreal escala) {
-    return Lienzo(tamano, escala, [&](QPainter& painter) {
-        PintarPluma(painter, {{0, 0}, QSizeF(tamano)});
-    });
-}
-
-QPixmap DibujoConsola(QSize tamano, qreal escala) {
-    return Lienzo(tamano, escala, [&](QPainter& painter) {
-        PintarConsola(painter, {{0, 0}, QSizeF(tamano)});
-    });
-}
-
-QPixmap DibujoPortada(QSize tamano, qreal escala) {
-    return Lienzo(tamano, escala, [&](QPainter& painter) {
-        const QRectF todo(QPointF(0, 0), QSizeF(tamano));
-        QLinearGradient fondo(todo.topLeft(), todo.bottomRight());
-        fondo.setColorAt(0, kNoche);
-        fondo.setColorAt(1, kMar);
-        painter.fillRect(todo, fondo);
-        const qreal alto = todo.height();
-        painter.setOpacity(0.25);
-        PintarScript(painter, todo.adjusted(alto * 0.12, 0, -alto * 0.5, -alto * 0.28));
-        painter.setOpacity(1);
-        PintarPluma(painter, {todo.right() - alto * 0.8, alto * 0.06, alto * 0.72, alto * 0.72});
-        QFont letra;
-        letra.setPixelSize(static_cast<int>(alto * 0.2));
-        letra.setBold(true);
-        painter.setFont(letra);
-        painter.setPen(kPapel);
-        painter.drawText(todo.adjusted(alto * 0.12, 0, 0, -alto * 0.1),
-                         Qt::AlignLeft | Qt::AlignBottom, QStringLiteral("Quillmark"));
-    });
+void PintarPortada(QPainter& painter, const QRectF& donde) {
+    QLinearGradient fondo(donde.topLeft(), donde.bottomRight());
+    fondo.setColorAt(0, kNoche);
+    fondo.setColorAt(1, kMar);
+    painter.fillRect(donde, fondo);
+    const qreal alto = donde.height();
+    painter.setOpacity(0.25);
+    PintarScript(painter, donde.adjusted(alto * 0.12, 0, -alto * 0.5, -alto * 0.28));
+    painter.setOpacity(1);
+    PintarPluma(painter, {donde.right() - alto * 0.8, alto * 0.06, alto * 0.72, alto * 0.72});
+    QFont letra;
+    letra.setPixelSize(static_cast<int>(alto * 0.2));
+    letra.setBold(true);
+    painter.setFont(letra);
+    painter.setPen(kPapel);
+    painter.drawText(donde.adjusted(alto * 0.12, 0, 0, -alto * 0.1),
+                     Qt::AlignLeft | Qt::AlignBottom, QStringLiteral("Quillmark"));
 }
 
 } // namespace shell

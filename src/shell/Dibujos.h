@@ -2,19 +2,21 @@
 #pragma once
 
 #include <QIcon>
-#include <QPixmap>
+
+class QPainter;
 
 namespace shell {
 
-/// The pictures of the program, drawn at the size asked for in logical pixels; `escala` is the
-/// ratio of device pixels to these.
+/// The pictures of the program, painted into a rectangle.
 
-QIcon Icono();
-/// The cover: the product's name over the screen of the console.
-QPixmap DibujoPortada(QSize tamano, qreal escala);
+/// The cover: the product's name over a script.
+void PintarPortada(QPainter& painter, const QRectF& donde);
 /// The quill.
-QPixmap DibujoPluma(QSize tamano, qreal escala);
+void PintarPluma(QPainter& painter, const QRectF& donde);
 /// The handheld console with a script on its screen.
-QPixmap DibujoConsola(QSize tamano, qreal escala);
+void PintarConsola(QPainter& painter, const QRectF& donde);
+
+/// The quill as the program's icon.
+QIcon Icono();
 
 } // namespace shell

@@ -22,8 +22,8 @@ constexpr int kPaso = 10; // milliseconds
 Form0::Form0() : m_ui(std::make_unique<Ui::Form0>()), Timer1(this, &Form0::Timer1_Timer) {
     m_ui->setupUi(this);
     setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
-    m_ui->Image1->setPixmap(DibujoPortada(m_ui->Image1->size(), devicePixelRatioF()));
-    m_ui->Image2->setPixmap(DibujoPluma(m_ui->Image2->size(), devicePixelRatioF()));
+    m_ui->Image1->Dibujo(PintarPortada);
+    m_ui->Image2->Dibujo(PintarPluma);
     move(screen()->availableGeometry().center() - rect().center());
 }
 

@@ -12,10 +12,9 @@ Form3::Form3(QWidget* owner) : Form(owner), m_ui(std::make_unique<Ui::Form3>()) 
     setWindowFlags(Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
     setFixedSize(size());
     Caption(windowTitle());
-    const qreal escala = devicePixelRatioF();
-    m_ui->Image1->setPixmap(DibujoPortada(m_ui->Image1->size(), escala));
-    m_ui->Image2->setPixmap(DibujoPluma(m_ui->Image2->size(), escala));
-    m_ui->Image3->setPixmap(DibujoConsola(m_ui->Image3->size(), escala));
+    m_ui->Image1->Dibujo(PintarPortada);
+    m_ui->Image2->Dibujo(PintarPluma);
+    m_ui->Image3->Dibujo(PintarConsola);
     DefaultButton(m_ui->cmdOK);
     CancelButton(m_ui->cmdOK);
     setFocusProxy(m_ui->cmdOK);
