@@ -54,10 +54,6 @@ CodeMax::CodeMax(QWidget* parent) : QWidget(parent), m_editor(new ScriptEditor(t
     });
 }
 
-QByteArray CodeMax::Bytes() const {
-    return m_editor->Bytes();
-}
-
 QString CodeMax::Text() const {
     return platform::FromUtf8(m_editor->Bytes());
 }
@@ -96,7 +92,7 @@ void CodeMax::OpenFile(const QString& path) {
 }
 
 void CodeMax::SaveFile(const QString& path, bool) {
-    const platform::EncodedText encoded = platform::EncodeText(Bytes(), m_encoding);
+    const platform::EncodedText encoded = platform::EncodeText(m_editor->Bytes(), m_encoding);
     platform::WriteFile(path, encoded.bytes);
     m_encoding = encoded.encoding;
 }

@@ -61,7 +61,6 @@ Q_SIGNALS:
     void Change(documents::CodeMax* control);
 
 private:
-    QByteArray Bytes() const;
     void Begin(const QByteArray& utf8);
     /// Turns on what is wanted and not too costly for a text of that many bytes.
     void ChooseHelpers(qsizetype bytes);

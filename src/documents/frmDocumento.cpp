@@ -9,6 +9,7 @@
 #include "platform/Program.h"
 #include "ui_frmDocumento.h"
 
+#include <algorithm>
 #include <array>
 
 namespace documents {

@@ -13,7 +13,6 @@ enum class FailureCode {
     PermissionDenied = 70,
     PathFileAccess = 75,
     PathNotFound = 76,
-    NoObject = 91,
     InvalidText = 321,
     InvalidArgument = 380,
 };

@@ -7,7 +7,6 @@
 
 #include <QStringList>
 #include <algorithm>
-#include <vector>
 
 namespace platform {
 namespace {
