@@ -40,6 +40,7 @@ int main(int argc, char** argv) {
         return 0;
     }
 
+    platform::FindHome();
     int ownName = 1; // the toolkit gets no argument: all of them are one path
     QApplication application(ownName, argv);
     QApplication::setApplicationName(QStringLiteral("Quillmark"));

@@ -278,6 +278,27 @@ void WriteNative(const fs::path& path, const QByteArray& bytes) {
     }
 }
 
+void ReplaceNative(const fs::path& path, const QByteArray& bytes) {
+    try {
+        FileBeside(path, bytes, nullptr, 0666).TakePlaceOf(path);
+    } catch (const SystemError& error) {
+        if (!FolderRefuses(error))
+            throw;
+        WriteNative(path, bytes);
+    }
+}
+
+void Save(const QString& path, const QByteArray& bytes,
+          void (*write)(const fs::path&, const QByteArray&)) {
+    try {
+        write(ToNative(path, LastName::AsWritten), bytes);
+    } catch (const SystemError& error) {
+        // A file that isn't there yet is no failure, so it is its folder that is missing.
+        const SystemError told{error.number == ENOENT ? ENOTDIR : error.number};
+        throw FileFailure(u"guardar", path, told);
+    }
+}
+
 } // namespace
 
 QString ErrorText(int error) {
@@ -309,13 +330,11 @@ QByteArray ReadFile(const QString& path) {
 }
 
 void WriteFile(const QString& path, const QByteArray& bytes) {
-    try {
-        WriteNative(ToNative(path, LastName::AsWritten), bytes);
-    } catch (const SystemError& error) {
-        // A file that isn't there yet is no failure, so it is its folder that is missing.
-        const SystemError told{error.number == ENOENT ? ENOTDIR : error.number};
-        throw FileFailure(u"guardar", path, told);
-    }
+    Save(path, bytes, WriteNative);
+}
+
+void ReplaceFile(const QString& path, const QByteArray& bytes) {
+    Save(path, bytes, ReplaceNative);
 }
 
 } // namespace platform

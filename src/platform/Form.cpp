@@ -4,10 +4,10 @@
 #include "platform/Handler.h"
 #include "platform/Paths.h"
 
-#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPushButton>
 
 namespace platform {
 
@@ -101,7 +101,11 @@ void Form::closeEvent(QCloseEvent* event) {
 
 void Form::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && m_default)
+    // A button that has the focus comes before the default one.
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    if (enter && focused)
+        focused->click();
+    else if (enter && m_default)
         m_default->click();
     else if (event->key() == Qt::Key_Escape && m_cancel)
         m_cancel->click();

@@ -45,7 +45,8 @@ public:
     int Width() const { return ScaleWidth() + kFrameWidth; }
     int Height() const { return ScaleHeight() + kFrameHeight; }
 
-    /// The buttons that Enter and Escape press.
+    /// The buttons that Enter and Escape press; Enter presses the one with the focus if there is
+    /// one.
     void DefaultButton(QAbstractButton* button) { m_default = button; }
     void CancelButton(QAbstractButton* button) { m_cancel = button; }
 

@@ -7,6 +7,7 @@
 
 #include <QStandardPaths>
 #include <cstdlib>
+#include <pwd.h>
 #include <unistd.h>
 #include <utility>
 
@@ -18,6 +19,11 @@ namespace fs = std::filesystem;
 fs::path& Folder() {
     static fs::path folder;
     return folder;
+}
+
+fs::path& Executable() {
+    static fs::path executable;
+    return executable;
 }
 
 std::function<void()>& End() {
@@ -58,7 +64,15 @@ void CopyMissing(const fs::path& from, const fs::path& to) {
 
 } // namespace
 
+void FindHome() {
+    const char* home = std::getenv("HOME");
+    const passwd* user = home && *home ? nullptr : ::getpwuid(::getuid());
+    if (user)
+        ::setenv("HOME", user->pw_dir, 1);
+}
+
 void PrepareProgramFolder(const fs::path& executable) {
+    Executable() = executable;
     Folder() = ChooseFolder(executable).lexically_normal();
     try {
         CopyMissing(executable.parent_path().parent_path() / "share" / "quillmark", Folder());
@@ -69,6 +83,20 @@ void PrepareProgramFolder(const fs::path& executable) {
 
 QString ProgramFolder() {
     return FromNative(Folder());
+}
+
+fs::path ProgramFile(const QString& path) {
+    const QString suffix = QStringLiteral(".exe");
+    const QString name =
+        path.endsWith(suffix, Qt::CaseInsensitive) ? path.chopped(suffix.size()) : path;
+    const QString own = ProgramFolder() + QStringLiteral("\\Quillmark");
+    fs::path native = ToNative(name);
+    return name.compare(own, Qt::CaseInsensitive) == 0 && !CanRun(native) ? Executable() : native;
+}
+
+bool CanRun(const fs::path& native) {
+    std::error_code error;
+    return fs::is_regular_file(native, error) && ::access(native.c_str(), X_OK) == 0;
 }
 
 QString CommandLinePath(const std::vector<std::string>& arguments) {

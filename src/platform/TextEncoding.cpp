@@ -3,6 +3,7 @@
 
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
+#include "platform/Files.h"
 
 #include <QStringConverter>
 #include <algorithm>
@@ -108,6 +109,16 @@ EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted) {
             return {wanted, *bytes};
     }
     return {TextEncoding::Utf8, utf8};
+}
+
+DecodedText ReadTextFile(const QString& path) {
+    const QByteArray bytes = ReadFile(path);
+    try {
+        return DecodeText(bytes);
+    } catch (const Failure& failure) {
+        throw Failure(failure.Code(), failure.Source(),
+                      FileFailureText(u"abrir", path, failure.Text()));
+    }
 }
 
 } // namespace platform

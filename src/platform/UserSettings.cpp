@@ -18,6 +18,15 @@ QString Path(const QString& section, const QString& key) {
     return section + u'/' + key;
 }
 
+// The path in the spelling of the store, or as given if it isn't there.
+QString Stored(const QSettings& store, const QString& path) {
+    for (const QString& key : store.allKeys()) {
+        if (key.compare(path, Qt::CaseInsensitive) == 0)
+            return key;
+    }
+    return path;
+}
+
 void Sync(QSettings& store) {
     store.sync();
     if (store.status() != QSettings::NoError)
@@ -37,19 +46,21 @@ void Remove(const QString& application, const QString& path, bool there) {
 
 QString GetSetting(const QString& application, const QString& section, const QString& key,
                    const QString& fallback) {
-    return Store(application).value(Path(section, key), fallback).toString();
+    const QSettings store = Store(application);
+    return store.value(Stored(store, Path(section, key)), fallback).toString();
 }
 
 void SaveSetting(const QString& application, const QString& section, const QString& key,
                  const QString& value) {
     QSettings store = Store(application);
-    store.setValue(Path(section, key), value);
+    store.setValue(Stored(store, Path(section, key)), value);
     Sync(store);
 }
 
 void DeleteSetting(const QString& application, const QString& section, const QString& key) {
-    const QString path = Path(section, key);
-    Remove(application, path, Store(application).contains(path));
+    const QSettings store = Store(application);
+    const QString path = Stored(store, Path(section, key));
+    Remove(application, path, store.contains(path));
 }
 
 void DeleteSetting(const QString& application, const QString& section) {

@@ -6,7 +6,8 @@
 namespace platform {
 
 /// The per-user settings store: a text for each application, section and key, kept in the place
-/// where this desktop keeps the settings of a user. Each change is on the disk on return.
+/// where this desktop keeps the settings of a user. Sections and keys are found without regard to
+/// case. Each change is on the disk on return.
 
 /// The value, or the default if there is none.
 QString GetSetting(const QString& application, const QString& section, const QString& key,

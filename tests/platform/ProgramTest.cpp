@@ -33,7 +33,9 @@ TEST(Program, ItsFolderWithoutAnOverride) {
     PrepareProgramFolder("/proc/no/se/escribe/quillmark");
     EXPECT_EQ(ProgramFolder(), u"C:\\datos\\quillmark"_s);
     EXPECT_TRUE(fs::is_directory(home.Root() / "datos/quillmark"));
-    qunsetenv("XDG_DATA_HOME");
+    qunsetenv("HOME");
+    FindHome();
+    EXPECT_TRUE(fs::is_directory(qgetenv("HOME").toStdString()));
 }
 
 TEST(Program, TheCommandLineIsOnePath) {

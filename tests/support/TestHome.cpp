@@ -19,6 +19,8 @@ TestHome::TestHome() {
     qputenv("HOME", m_folder.path().toUtf8());
     qputenv("QUILLMARK_HOME", (m_folder.path() + u"/programa"_s).toUtf8());
     qputenv("QUILLMARK_DRIVES", "");
+    qputenv("XDG_DATA_HOME", (m_folder.path() + u"/.local/share"_s).toUtf8());
+    qputenv("XDG_CONFIG_HOME", (m_folder.path() + u"/.config"_s).toUtf8());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                        m_folder.path() + u"/.config"_s);
     platform::ResetCurrentDrives();

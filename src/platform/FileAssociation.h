@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <filesystem>
+
+namespace platform {
+
+/// Tells the desktop what the registry holds for an extension, for this user: a MIME type (the one
+/// that the desktop has for the extension, else one of our own), its icons, a desktop entry for the
+/// program, and the program as the type's default. The formats are those of freedesktop.org:
+/// shared-mime-info, Icon Theme, Desktop Entry and MIME Applications Associations. What this
+/// desktop lacks is left out. Never fails: what can't be written goes to the log, and no default is
+/// set to a program without an entry.
+void PutToDesktop(const QString& extension);
+
+/// The text of a desktop entry that opens files of the MIME type with the program.
+QByteArray DesktopEntry(const std::filesystem::path& program, const QString& name,
+                        const QString& icon, const QString& mimeType);
+
+} // namespace platform
