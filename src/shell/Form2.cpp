@@ -1,15 +1,79 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form2.h"
 
+#include "platform/Handler.h"
+#include "platform/Program.h"
+#include "shell/CAssociate.h"
+#include "shell/Module1.h"
 #include "ui_Form2.h"
 
 namespace shell {
+namespace {
+
+const QString kGeneral = QStringLiteral("general");
+const QString kNuevo = QStringLiteral("nuevo");
+const QString kExplorador = QStringLiteral("explorador");
+const QString kPath = QStringLiteral("path");
+const QString kSi = QStringLiteral("si");
+const QString kNo = QStringLiteral("no");
+
+} // namespace
 
 Form2::Form2() : m_ui(std::make_unique<Ui::Form2>()) {
     m_ui->setupUi(this);
+    setMinimumSize(minimumSizeHint());
     Caption(windowTitle());
+    DefaultButton(m_ui->Command2);
+    CancelButton(m_ui->KewlButtons3);
+    setFocusProxy(m_ui->Check1);
+    platform::OnEvent(m_ui->Command1, &QPushButton::clicked, this, &Form2::Command1_Click);
+    platform::OnEvent(m_ui->Command2, &QPushButton::clicked, this, &Form2::Command2_Click);
+    platform::OnEvent(m_ui->KewlButtons3, &QPushButton::clicked, this, &Form2::KewlButtons3_Click);
+    platform::OnEvent(m_ui->KewlButtons4, &QPushButton::clicked, this, &Form2::KewlButtons4_Click);
 }
 
 Form2::~Form2() = default;
+
+void Form2::Form_Load() {
+    ArchivoConfig = Module1::RutaConfig();
+    const QString nuevo = Module1::LeerIni(ArchivoConfig, kGeneral, kNuevo, QString());
+    const QString path = Module1::LeerIni(ArchivoConfig, kExplorador, kPath, QString());
+    if (nuevo == kNo)
+        m_ui->Check1->setChecked(false);
+    else if (nuevo == kSi)
+        m_ui->Check1->setChecked(true);
+    m_ui->Text1->setText(path);
+}
+
+void Form2::Command1_Click() {
+    const QString carpeta = platform::ProgramFolder();
+    Module1::Asociar(QStringLiteral("Quillmark"), carpeta + QStringLiteral("\\Quillmark.exe"),
+                     QStringLiteral(".qmk"), carpeta + QStringLiteral("\\quillmarkaplication.ico"));
+}
+
+void Form2::Command2_Click() {
+    ArchivoConfig = Module1::RutaConfig();
+    if (m_ui->Check1->checkState() == Qt::Unchecked)
+        Module1::EscribirIni(ArchivoConfig, kGeneral, kNuevo, kNo);
+    else if (m_ui->Check1->checkState() == Qt::Checked)
+        Module1::EscribirIni(ArchivoConfig, kGeneral, kNuevo, kSi);
+    Module1::EscribirIni(ArchivoConfig, kExplorador, kPath, m_ui->Text1->text());
+    Unload();
+}
+
+void Form2::KewlButtons3_Click() {
+    Unload();
+}
+
+void Form2::KewlButtons4_Click() {
+    const QString carpeta = platform::ProgramFolder();
+    CAssociate asociacion;
+    asociacion.Title = QStringLiteral("Script LUA para PSP");
+    asociacion.Class = QStringLiteral("Script .LUA");
+    asociacion.Extension = QStringLiteral(".lua");
+    asociacion.AppCommand = carpeta + QStringLiteral("\\QM\\luaplayer.exe");
+    asociacion.DefaultIcon = carpeta + QStringLiteral("\\lua.ico");
+    asociacion.Associate();
+}
 
 } // namespace shell

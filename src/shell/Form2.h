@@ -11,7 +11,8 @@ class Form2;
 
 namespace shell {
 
-/// The configuration window.
+/// The configuration window: the two settings of the user, and the two types of files that can be
+/// registered with the desktop.
 class Form2 : public platform::Form {
     Q_OBJECT
 
@@ -19,8 +20,17 @@ public:
     Form2();
     ~Form2() override;
 
+protected:
+    void Form_Load() override;
+
 private:
+    void Command1_Click();
+    void Command2_Click();
+    void KewlButtons3_Click();
+    void KewlButtons4_Click();
+
     std::unique_ptr<Ui::Form2> m_ui;
+    QString ArchivoConfig;
 };
 
 } // namespace shell

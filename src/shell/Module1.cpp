@@ -2,17 +2,23 @@
 #include "shell/Module1.h"
 
 #include "platform/CodePage.h"
+#include "platform/Dialogs.h"
 #include "platform/Failure.h"
+#include "platform/FileAssociation.h"
 #include "platform/Log.h"
 #include "platform/ProfileFile.h"
 #include "platform/Program.h"
+#include "platform/Registry.h"
 
 #include <array>
+#include <utility>
 
 namespace Module1 {
 namespace {
 
 constexpr size_t kTamanoBuffer = 256;
+
+const QString kProducto = QStringLiteral("Quillmark");
 
 } // namespace
 
@@ -38,6 +44,35 @@ void EscribirIni(const QString& Archivo, const QString& Seccion, const QString& 
     } catch (const platform::Failure& failure) {
         qCWarning(platform::lcQuillmark) << "setting not written:" << failure.Text();
     }
+}
+
+void Asociar(const QString& Descripcion, const QString& RutaPrograma, const QString& Extension,
+             const QString& Icono) {
+    const std::array<std::pair<QString, QString>, 3> necesarios = {{
+        {Descripcion, QStringLiteral(" No se especificó la descripción del programa")},
+        {RutaPrograma, QStringLiteral("  No se ha especificado la ruta del programa")},
+        {Extension, QStringLiteral("  No se ha especificado la extension del programa")},
+    }};
+    for (const auto& [argumento, mensaje] : necesarios) {
+        if (argumento.isEmpty()) {
+            platform::MsgBox(mensaje, platform::Buttons::Ok, platform::Icon::Error, kProducto);
+            return;
+        }
+    }
+    Registrar({QStringLiteral("clase"), Descripcion, Extension, RutaPrograma, Icono});
+}
+
+void Registrar(const TipoDeArchivo& tipo) {
+    using platform::HKEY_CLASSES_ROOT;
+    platform::RegistryKey clave = platform::RegCreateKeyA(HKEY_CLASSES_ROOT, tipo.clase);
+    platform::RegSetValueA(clave, QString(), tipo.titulo);
+    clave = platform::RegCreateKeyA(HKEY_CLASSES_ROOT, tipo.extension);
+    platform::RegSetValueA(clave, QString(), tipo.clase);
+    clave = platform::RegCreateKeyA(HKEY_CLASSES_ROOT, tipo.clase);
+    platform::RegSetValueA(clave, QStringLiteral("shell\\open\\command"),
+                           tipo.programa + QStringLiteral(" %1"));
+    platform::RegSetValueA(clave, QStringLiteral("DefaultIcon"), tipo.icono);
+    platform::PutToDesktop(tipo.extension);
 }
 
 QString SinBlancos(const QString& texto) {

@@ -14,6 +14,21 @@ QString LeerIni(const QString& Archivo, const QString& Seccion, const QString& C
 void EscribirIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
                  const QString& Valor);
 
+/// Registers the program as the opener of an extension such as ".qmk". An empty argument but the
+/// icon's gets a message and nothing is written; a write that fails goes unnoticed.
+void Asociar(const QString& Descripcion, const QString& RutaPrograma, const QString& Extension,
+             const QString& Icono);
+
+/// What the registry and the desktop are told about a type of files.
+struct TipoDeArchivo {
+    QString clase;
+    QString titulo;
+    QString extension;
+    QString programa; ///< program path
+    QString icono;    ///< program path of an .ico file
+};
+void Registrar(const TipoDeArchivo& tipo);
+
 /// The text without blanks around it; tabs and the like are part of it.
 QString SinBlancos(const QString& texto);
 

@@ -1,62 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MDIForm1.h"
-#include "platform/Program.h"
 #include "shell/MenuPrincipal.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TestHome.h"
+#include "support/MainWindow.h"
 
-#include <QAbstractScrollArea>
 #include <QApplication>
-#include <QMenu>
 #include <QMimeData>
-#include <QTest>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using documents::frmDocumento;
 using platform::Answer;
 using platform::WindowState;
 
-namespace {
-
-class MDIForm1Test : public testing::Test {
-protected:
-    MDIForm1Test() {
-        platform::ReplaceEndProcess([this] { ++ended; });
-        principal.Show();
-    }
-    ~MDIForm1Test() override { platform::ReplaceEndProcess({}); }
-
-    void Press(const char* entrada) { Entrada(entrada)->trigger(); }
-    QAction* Entrada(const char* nombre) { return principal.Entrada(QString::fromLatin1(nombre)); }
-    QAction* Reciente(int indice) {
-        QList<QAction*> entradas = Entrada("Pr")->menu()->actions();
-        return entradas.at(indice - 1);
-    }
-    frmDocumento* Active() { return dynamic_cast<frmDocumento*>(principal.ActiveForm()); }
-    void Type(const QString& text) {
-        QTest::keyClicks(Active()->findChild<QAbstractScrollArea*>(), text);
-    }
-    frmDocumento* Abrir(const QString& ruta) {
-        dialogs.ExpectName(ruta);
-        Press("mnuarchivoabrir");
-        return Active();
-    }
-    QStringList Captions() {
-        QStringList captions;
-        for (const platform::Form* form : principal.Forms())
-            captions.append(form->Caption());
-        return captions;
-    }
-
-    support::TestHome home;
-    support::ScriptedDialogs dialogs;
-    shared::ValoresCompartidos compartido;
-    shell::MDIForm1 principal{compartido, QString()};
-    int ended = 0;
-};
-
-} // namespace
+using MDIForm1Test = support::MainWindow;
 
 TEST_F(MDIForm1Test, TwelveEntriesFollowTheNumberOfDocuments) {
     const auto enabled = [&] {
@@ -143,7 +98,6 @@ TEST_F(MDIForm1Test, DroppedFilesOpenAsAbrirDoes) {
 }
 
 TEST_F(MDIForm1Test, GuardarWritesWhereTheDocumentCameFrom) {
-    principal.Timer1_Timer();
     dialogs.Expect(u"No hay documentos para guardar"_s, Answer::Ok);
     principal.mnuarchivoguardar_Click();
     EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Information);
@@ -185,7 +139,6 @@ TEST_F(MDIForm1Test, CommandsWithAToolWindowActiveDoNoHarm) {
     Press("mnuopcionesconfiguracion");
     EXPECT_EQ(Captions().size(), 2); // brought forward, not opened twice
     EXPECT_EQ(Active(), nullptr);
-    principal.Timer1_Timer();
     for (const char* entrada : {"mnuarchivoguardar", "mnuarchivoconfig", "mnuarchivoimprimir",
                                 "mnuediciondeshacer", "mnuedicionrehacer", "mnuedicioncopiar",
                                 "mnuedicioncortar", "mnuedicionpegar", "mnuedicionseleccionar"})
@@ -263,8 +216,8 @@ TEST_F(MDIForm1Test, WindowCommandsReachAllChildren) {
 }
 
 TEST_F(MDIForm1Test, SalirAsksOnceAndEndsWithoutClosing) {
-    home.Put("programa/temp.lua", "x");
     Press("mnuarchivonuevo");
+    home.Put("programa/temp.lua", "x");
     Active()->flagGuardar = true;
     dialogs.Expect(u"¿Salir del programa?"_s, Answer::No);
     Press("mnuarchivosalir");

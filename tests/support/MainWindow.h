@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Program.h"
+#include "shell/MDIForm1.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHome.h"
+
+#include <QAbstractScrollArea>
+#include <QMenu>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace support {
+
+/// The whole program with a fresh user, its menu and its documents. Each dialog must be announced.
+class MainWindow : public testing::Test {
+protected:
+    MainWindow() {
+        platform::ReplaceEndProcess([this] { ++ended; });
+        principal.Show();
+    }
+    ~MainWindow() override { platform::ReplaceEndProcess({}); }
+
+    // By then the entries that need a document are enabled and what was closed is gone.
+    void Press(const char* entrada) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        principal.Timer1_Timer();
+        Entrada(entrada)->trigger();
+    }
+    QAction* Entrada(const char* nombre) { return principal.Entrada(QString::fromLatin1(nombre)); }
+    QAction* Reciente(int indice) {
+        QList<QAction*> entradas = Entrada("Pr")->menu()->actions();
+        return entradas.at(indice - 1);
+    }
+    documents::frmDocumento* Active() {
+        return dynamic_cast<documents::frmDocumento*>(principal.ActiveForm());
+    }
+    void Type(const QString& text) {
+        QTest::keyClicks(Active()->findChild<QAbstractScrollArea*>(), text);
+    }
+    documents::frmDocumento* Abrir(const QString& ruta) {
+        dialogs.ExpectName(ruta);
+        Press("mnuarchivoabrir");
+        return Active();
+    }
+    QString Text() { return Active()->txtFile().Text(); }
+    QStringList Captions() {
+        QStringList captions;
+        for (const platform::Form* form : principal.Forms())
+            captions.append(form->Caption());
+        return captions;
+    }
+
+    TestHome home;
+    ScriptedDialogs dialogs;
+    shared::ValoresCompartidos compartido;
+    shell::MDIForm1 principal{compartido, QString()};
+    int ended = 0;
+};
+
+} // namespace support
