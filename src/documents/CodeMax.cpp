@@ -29,16 +29,6 @@ QByteArray WithoutNul(const QString& text) {
     return text.toUtf8().replace('\0', QByteArrayView());
 }
 
-platform::DecodedText ReadText(const QString& path) {
-    const QByteArray bytes = platform::ReadFile(path);
-    try {
-        return platform::DecodeText(bytes);
-    } catch (const Failure& failure) {
-        throw Failure(failure.Code(), failure.Source(),
-                      platform::FileFailureText(u"abrir", path, failure.Text()));
-    }
-}
-
 } // namespace
 
 CodeMax::CodeMax(QWidget* parent) : QWidget(parent), m_editor(new ScriptEditor(this)) {
@@ -73,6 +63,7 @@ void CodeMax::Text(const QString& text) {
         Begin(utf8);
         return;
     }
+    ChooseHelpers(utf8.size());
     {
         const QScopedValueRollback quiet(m_quiet, true); // the removal and the insertion are one
         m_editor->ReplaceAll(utf8);
@@ -86,15 +77,22 @@ void CodeMax::SelText(const QString& text) {
 }
 
 void CodeMax::OpenFile(const QString& path) {
-    const platform::DecodedText decoded = ReadText(path);
+    const platform::DecodedText decoded = platform::ReadTextFile(path);
     Begin(decoded.utf8);
     m_encoding = decoded.encoding;
 }
 
-void CodeMax::SaveFile(const QString& path, bool) {
+void CodeMax::Save(const QString& path, Writer write) {
     const platform::EncodedText encoded = platform::EncodeText(m_editor->Bytes(), m_encoding);
-    platform::WriteFile(path, encoded.bytes);
+    write(path, encoded.bytes);
     m_encoding = encoded.encoding;
+}
+
+void CodeMax::SaveFile(const QString& path, bool) {
+    Save(path, platform::WriteFile);
+}
+void CodeMax::ReplaceFile(const QString& path) {
+    Save(path, platform::ReplaceFile);
 }
 
 void CodeMax::Undo() {

@@ -21,7 +21,8 @@ public:
     explicit CodeMax(QWidget* parent = nullptr);
 
     QString Text() const;
-    /// Replaces the whole text, in one step of undo. NUL characters are left out.
+    /// Replaces the whole text, in one step of undo; the caret goes to its end, in view. NUL
+    /// characters are left out.
     void Text(const QString& text);
     /// Replaces the selection, or inserts at the caret, in one step of undo; line ends stay as
     /// given.
@@ -34,6 +35,8 @@ public:
     /// text goes out in the code page, or as UTF-8 if it doesn't fit. The second argument has no
     /// meaning.
     void SaveFile(const QString& path, bool);
+    /// The same as a new file in the place of the one that bears the name, write-protected or not.
+    void ReplaceFile(const QString& path);
 
     void Undo();
     void Redo();
@@ -61,7 +64,10 @@ Q_SIGNALS:
     void Change(documents::CodeMax* control);
 
 private:
+    using Writer = void (*)(const QString& path, const QByteArray& bytes);
+
     void Begin(const QByteArray& utf8);
+    void Save(const QString& path, Writer write);
     /// Turns on what is wanted and not too costly for a text of that many bytes.
     void ChooseHelpers(qsizetype bytes);
 

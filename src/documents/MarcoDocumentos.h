@@ -10,7 +10,7 @@ class MarcoDocumentos {
 public:
     virtual ~MarcoDocumentos() = default;
 
-    /// Writes the temp file of the test run.
+    /// Writes the temp file of the test run; fails if it can't be written.
     virtual void crear_temporal_click() = 0;
     /// The caption of the main window.
     virtual void Rotulo(const QString& texto) = 0;

@@ -91,6 +91,18 @@ QsciScintilla::EolMode LineEndOf(QByteArrayView text) {
     return lf >= cr ? QsciScintilla::EolUnix : QsciScintilla::EolMac;
 }
 
+// How many bytes two texts have in common at their head, in whole characters.
+qsizetype CommonHead(QByteArrayView a, QByteArrayView b) {
+    const auto isInside = [](QByteArrayView text, qsizetype at) {
+        return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80;
+    };
+    const auto [end, ignored] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    qsizetype same = end - a.begin();
+    while (same > 0 && (isInside(a, same) || isInside(b, same)))
+        --same;
+    return same;
+}
+
 // The keys that stay with the editor although they are Ctrl and a letter.
 bool IsEditingKey(int key) {
     constexpr std::array kLetters = {Qt::Key_C, Qt::Key_V, Qt::Key_X, Qt::Key_Y, Qt::Key_Z};
@@ -153,8 +165,13 @@ void ScriptEditor::Load(const QByteArray& utf8) {
 }
 
 void ScriptEditor::ReplaceAll(const QByteArray& utf8) {
-    SendScintilla(SCI_TARGETWHOLEDOCUMENT);
-    SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(utf8.size()), utf8.constData());
+    const QByteArray old = Bytes();
+    const qsizetype same = CommonHead(old, utf8);
+    SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(same),
+                  static_cast<long>(old.size()));
+    SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(utf8.size() - same),
+                  utf8.constData() + same);
+    SendScintilla(SCI_GOTOPOS, static_cast<unsigned long>(utf8.size()));
 }
 
 void ScriptEditor::SetStyle(unsigned int message, int style, long value) {

@@ -18,7 +18,8 @@ public:
     /// Replaces everything and forgets the history; signals nothing. Later line ends follow those
     /// of the text.
     void Load(const QByteArray& utf8);
-    /// Replaces everything in one step of undo.
+    /// Replaces everything in one step of undo, which holds no more than what is behind the first
+    /// difference; the caret goes to the end, in view.
     void ReplaceAll(const QByteArray& utf8);
 
     /// `color` is 0x00BBGGRR, or -1 for the default of the item.

@@ -6,7 +6,7 @@
 #include "platform/Failure.h"
 #include "platform/Handler.h"
 #include "platform/Log.h"
-#include "platform/Program.h"
+#include "shared/Temporal.h"
 #include "ui_frmDocumento.h"
 
 #include <algorithm>
@@ -86,7 +86,7 @@ void frmDocumento::Preparar() {
 
 void frmDocumento::Form_Load() {
     m_txtFile->Text(Esqueleto());
-    m_marco.crear_temporal_click();
+    platform::RunSilently([this] { m_marco.crear_temporal_click(); });
     m_compartido.nombre_script = Caption();
     Move(0, 0, kAncho, m_marco.Alto() - kMenosQueElMarco);
     PonerAspecto(*m_txtFile);
@@ -171,7 +171,7 @@ void frmDocumento::Form_QueryUnload(bool& cancel) {
 
 void frmDocumento::Form_Unload() {
     --m_compartido.numero_documentos;
-    const QString temporal = platform::ProgramFolder() + QStringLiteral("\\temp.lua");
+    const QString temporal = shared::RutaTemporal();
     platform::RunSilently([&] {
         if (fso.FileExists(temporal))
             fso.DeleteFile(temporal, true);

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MDIForm1.h"
 
+#include "assist/Plantillas.h"
+#include "deploy/GenerarLua.h"
+#include "deploy/PruebaLua.h"
 #include "documents/CodeMaxConstants.h"
 #include "platform/Dialogs.h"
+#include "platform/Failure.h"
 #include "platform/Handler.h"
 #include "platform/Program.h"
+#include "platform/ShellExecute.h"
 #include "shell/Form2.h"
 #include "shell/Form3.h"
 #include "shell/MenuPrincipal.h"
@@ -32,6 +37,10 @@ constexpr int kAltoAbierto = 10350;
 
 const QString kProducto = QStringLiteral("Quillmark");
 const QString kProductoVersion = QStringLiteral("Quillmark v3.0.0");
+
+void Avisar(const QString& texto) {
+    MsgBox(texto, Buttons::Ok, Icon::Information, kProducto);
+}
 
 } // namespace
 
@@ -160,8 +169,9 @@ frmDocumento* MDIForm1::DocumentoDeArchivo(const QString& ruta) {
     return documento;
 }
 
-// The temp file of the test run has no use before there is a test run.
-void MDIForm1::crear_temporal_click() {}
+void MDIForm1::crear_temporal_click() {
+    deploy::EscribirTemporal(m_compartido.texto_temporal);
+}
 
 frmDocumento* MDIForm1::NuevoScript() {
     frmDocumento* documento = CrearDocumento();
@@ -208,8 +218,7 @@ void MDIForm1::mnuReciente_Click(int Index) {
 
 bool MDIForm1::HayVentanas() {
     if (Forms().empty())
-        MsgBox(QStringLiteral("No hay documentos para guardar"), Buttons::Ok, Icon::Information,
-               kProducto);
+        Avisar(QStringLiteral("No hay documentos para guardar"));
     return !Forms().empty();
 }
 
@@ -283,6 +292,51 @@ void MDIForm1::mnuedicionseleccionar_Click() {
 }
 
 void MDIForm1::mnuherramientasExplorador_Click() {}
+
+void MDIForm1::AnadirPlantilla(const QString& archivo) {
+    if (!FrmDoc) {
+        Avisar(QStringLiteral("El ejemplo se añade al último script hecho con Nuevo, y no hay "
+                              "ninguno. Elige Archivo, Nuevo y vuelve a intentarlo."));
+        return;
+    }
+    QString plantilla;
+    try {
+        plantilla =
+            assist::LeerPlantilla(platform::ProgramFolder() + QStringLiteral("\\Code\\") + archivo);
+    } catch (const platform::Failure& failure) {
+        Avisar(failure.Text() +
+               QStringLiteral("\n\nQuillmark repone los ejemplos que faltan cuando "
+                              "arranca: ciérralo y vuelve a abrirlo."));
+        return;
+    }
+    documents::CodeMax& editor = FrmDoc->txtFile();
+    if (!plantilla.isEmpty())
+        editor.Text(editor.Text() + plantilla);
+}
+
+void MDIForm1::mnucodigoshola_Click() {
+    AnadirPlantilla(QStringLiteral("codehm"));
+}
+void MDIForm1::mnucodigosmenu_Click() {
+    AnadirPlantilla(QStringLiteral("codems"));
+}
+void MDIForm1::mnucodigosanimacion_Click() {
+    AnadirPlantilla(QStringLiteral("codea"));
+}
+
+void MDIForm1::ejecutar_lua_Click() {
+    frmDocumento* documento = DocumentoActivo();
+    if (!documento)
+        return;
+    m_compartido.texto_temporal = documento->txtFile().Text();
+    crear_temporal_click();
+    platform::ShellExecuteA(ruta_programa + QStringLiteral("temp.lua"));
+}
+
+void MDIForm1::mnugenerarlua_Click() {
+    if (frmDocumento* documento = DocumentoActivo())
+        deploy::GenerarLua(*documento, CommonDialog1, *m_compartido.fso);
+}
 
 void MDIForm1::mnuopcionesconfiguracion_Click() {
     if (!m_form2) {

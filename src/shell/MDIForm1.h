@@ -55,6 +55,11 @@ public:
     void mnuedicionpegar_Click();
     void mnuedicionseleccionar_Click();
     void mnuherramientasExplorador_Click();
+    void mnucodigoshola_Click();
+    void mnucodigosmenu_Click();
+    void mnucodigosanimacion_Click();
+    void ejecutar_lua_Click();
+    void mnugenerarlua_Click();
     void mnuopcionesconfiguracion_Click();
     void mnuventanacascada_Click();
     void mnuventanamosaicov_Click();
@@ -85,6 +90,7 @@ private:
     void AbrirRuta(const QString& ruta);
     bool HayVentanas();
     void GuardarConNombre();
+    void AnadirPlantilla(const QString& archivo);
     void TodasAlEstado(platform::WindowState estado);
 
     shared::ValoresCompartidos& m_compartido;

@@ -53,15 +53,17 @@ constexpr std::array kMenu = {
 
     EntradaMenu{0, "mnucodigos", u"&Códigos"},
     EntradaMenu{1, "smp", u"Simples"},
-    EntradaMenu{2, "mnucodigoshola", u"¡Hola Mundo!", "", nullptr, kConDocumento},
-    EntradaMenu{2, "mnucodigosmenu", u"Menu simple", "", nullptr, kConDocumento},
+    EntradaMenu{2, "mnucodigoshola", u"¡Hola Mundo!", "", &M::mnucodigoshola_Click, kConDocumento},
+    EntradaMenu{2, "mnucodigosmenu", u"Menu simple", "", &M::mnucodigosmenu_Click, kConDocumento},
     EntradaMenu{1, "cmple", u"Complejos"},
-    EntradaMenu{2, "mnucodigosanimacion", u"Animación", "", nullptr, kConDocumento},
+    EntradaMenu{2, "mnucodigosanimacion", u"Animación", "", &M::mnucodigosanimacion_Click,
+                kConDocumento},
 
     EntradaMenu{0, "mnugenerar", u"&Compilador"},
     EntradaMenu{1, "crear_temporal", u"crearlo", "", &M::crear_temporal_click, kSiempre, kOculta},
-    EntradaMenu{1, "ejecutar_lua", u"Ejecutar", "F5", nullptr, kConDocumento},
-    EntradaMenu{1, "mnugenerarlua", u"Compilar y guardar", "F6", nullptr, kConDocumento},
+    EntradaMenu{1, "ejecutar_lua", u"Ejecutar", "F5", &M::ejecutar_lua_Click, kConDocumento},
+    EntradaMenu{1, "mnugenerarlua", u"Compilar y guardar", "F6", &M::mnugenerarlua_Click,
+                kConDocumento},
     EntradaMenu{1, "transfer", u"Trasferir Script", "F7", nullptr, kConDocumento},
 
     EntradaMenu{0, "mnuopciones", u"&Opciones"},

@@ -8,6 +8,7 @@ set -uo pipefail
 program=$(realpath "$1")
 home=$(mktemp -d)
 export HOME=$home QUILLMARK_HOME=$home/programa XDG_CONFIG_HOME=$home/.config XDG_RUNTIME_DIR=$home/run
+export XDG_DATA_HOME=$home/.local/share
 export LC_ALL=C.UTF-8
 mkdir -p "$home/juegos" "$home/programa" && mkdir -m 700 "$home/run"
 start_display 1366x850
@@ -33,10 +34,15 @@ on_top() { xdotool getactivewindow getwindowname | grep -q "$1"; }
 nothing_on_top() { ! on_top .; }
 # Visible, too: a new window can have the number of the last active one before it is shown.
 main_window() { xdotool search --onlyvisible --name '^Quillmark v' && on_top '^Quillmark v'; }
-content() { printf "$2" | cmp -s - "$1"; } # FILE, the bytes as printf writes them
+content() { cmp -s <(printf "$2") "$1"; } # FILE, the bytes as printf writes them
+is_default() { [ "$(xdg-mime query default "$1")" = "$2" ]; } # MIME type, desktop entry
+ends() { tail -c "$(printf "$2" | wc -c)" "$1" | content - "$2"; }
 begins() { printf "$2" | cmp -s -n "$(printf "$2" | wc -c)" - "$1"; }
 start() {
-    "$program" "$@" &
+    start_by "$program" "$@"
+}
+start_by() { # COMMAND...
+    "$@" &
     pid=$!
     wait_for "main window" main_window
     sleep 0.5
@@ -52,10 +58,21 @@ leave() {
     wait_for "end of the program" nothing_on_top
 }
 
-# The first run opens the configuration and no script.
-printf '[inicio]\r\nejecuciones=0\r\n[general]\r\nnuevo=si\r\n' >"$QUILLMARK_HOME/config.ini"
+# The first run opens the configuration and no script. Both types of files are registered there.
+mkdir "$QUILLMARK_HOME/QM"
+printf '#!/bin/sh\necho "$PWD $1" >"$HOME/visto"\ncp "$1" "$HOME/copia.lua"\n' >"$QUILLMARK_HOME/QM/luaplayer"
+chmod +x "$QUILLMARK_HOME/QM/luaplayer"
+printf '[inicio]\r\nejecuciones=0\r\n[general]\r\nnuevo=no\r\n' >"$QUILLMARK_HOME/config.ini"
 start
 wait_for "mark of the first run" grep -q 'ejecuciones=1' "$QUILLMARK_HOME/config.ini"
+press space Tab
+type_text 'E'
+press Tab Return Tab Return
+wait_for "player of .lua" is_default text/x-lua quillmark-lua.desktop
+wait_for "program of .qmk" is_default text/x-quillmark-qmk quillmark-qmk.desktop
+press Tab Return
+wait_for "settings" content "$QUILLMARK_HOME/config.ini" \
+    '[inicio]\r\nejecuciones=1\r\n[general]\r\nnuevo=si\r\n[explorador]\r\npath=E\r\n'
 leave
 
 # The second one begins with a blank script; it is typed in and saved under a name.
@@ -66,6 +83,45 @@ wait_for "save dialog" on_top '^Guardar como'
 type_text "$home/juegos/nuevo.qmk"
 press Return
 wait_for "saved script" begins "$home/juegos/nuevo.qmk" 'print(1)\r\nwhile true do\rscreen:clear()\r\n'
+
+# What is in the editor runs, saved or not.
+type_text '2'
+press F5
+wait_for "test run" begins "$home/copia.lua" 'print(1)\r\n2while true'
+content "$home/visto" "$QUILLMARK_HOME $QUILLMARK_HOME/temp.lua\n" || fail "folder or argument of the player"
+
+# The .lua file is written, and replaced after a question.
+press F6
+wait_for "save dialog" on_top '^Guardar como'
+type_text "$home/juegos/juego.lua"
+press Return
+wait_for "message" on_top '^Quillmark$'
+begins "$home/juegos/juego.lua" 'print(1)\r\n2while true' || fail "generated file"
+press Return
+wait_for "main window again" main_window
+type_text '3'
+press F6
+wait_for "save dialog" on_top '^Guardar como'
+type_text "$home/juegos/juego.lua"
+press Return
+wait_for "question" on_top '^Quillmark$'
+sleep 0.3
+press Return
+wait_for "generated file" begins "$home/juegos/juego.lua" 'print(1)\r\n23while true'
+sleep 0.5
+press Return
+wait_for "main window again" main_window
+press ctrl+s
+
+# An example goes behind the script made with Nuevo.
+press ctrl+n
+sleep 0.5
+press alt+c Down Right Return
+sleep 0.5
+type_text 'x = 1'
+press F5
+wait_for "example" ends "$home/copia.lua" '\r\nend\r\nx = 1\r\n'
+grep -aq '^end-- Ejemplo' "$home/copia.lua" || fail "head of the example"
 
 # A file of another encoding and mixed line ends is opened, changed at its head and saved.
 printf 'a\xf1o\n\rfin' >"$home/juegos/viejo.lua"
@@ -108,6 +164,14 @@ start dos palabras.lua
 type_text 'hola '
 press ctrl+s
 wait_for "file of the command line" content "dos palabras.lua" 'hola z'
+leave
+
+# The desktop opens a registered file with the program.
+printf 'z' >"$home/juegos/mi juego.qmk"
+start_by xdg-open "$home/juegos/mi juego.qmk"
+type_text 'hola '
+press ctrl+s
+wait_for "file from the desktop" content "$home/juegos/mi juego.qmk" 'hola z'
 leave
 
 # One that isn't there is told, and the program stands.

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "deploy/GenerarLua.h"
+
+#include "platform/Dialogs.h"
+
+namespace deploy {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+using platform::MsgBox;
+
+const QString kTitulo = QStringLiteral("Quillmark");
+
+bool ConfirmarSustitucion() {
+    return MsgBox(QStringLiteral("¿Sobreescribir archivo existente?"), Buttons::YesNo,
+                  Icon::Question, kTitulo) == Answer::Yes;
+}
+
+} // namespace
+
+void GenerarLua(documents::frmDocumento& documento, platform::CommonDialog& dialogo,
+                const platform::FileSystemObject& fso) {
+    dialogo.Filter(QStringLiteral("Archivos .lua|*.lua"));
+    dialogo.ShowSave();
+    if (dialogo.FileName().isEmpty())
+        return;
+    const QString ruta = dialogo.FileName();
+    const QString titulo = dialogo.FileTitle();
+    if (fso.FileExists(ruta)) {
+        if (!ConfirmarSustitucion())
+            return;
+        documento.txtFile().ReplaceFile(ruta);
+    } else {
+        documento.txtFile().SaveFile(ruta, false);
+    }
+    MsgBox(titulo + QStringLiteral(" generado en ") + ruta, Buttons::Ok, Icon::None, kTitulo);
+}
+
+} // namespace deploy

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shared/Temporal.h"
+
+#include "platform/Program.h"
+
+namespace shared {
+
+QString RutaTemporal() {
+    return platform::ProgramFolder() + QStringLiteral("\\temp.lua");
+}
+
+} // namespace shared

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Registry.h"
+#include "support/MainWindow.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using platform::Answer;
+namespace fs = std::filesystem;
+
+namespace {
+
+class DeployTest : public support::MainWindow {
+protected:
+    // A document with this text, made by typing over an opened file.
+    void Open(const QByteArray& bytes) { Abrir(home.Put("juego.lua", bytes)); }
+    QByteArray Temporal() { return home.Get("programa/temp.lua"); }
+    // Gives the name, the answer to the question if there is one, and meets the message.
+    void Compilar(const QString& name, const QString& message, bool question = false) {
+        dialogs.ExpectName(name);
+        if (question)
+            dialogs.Expect(u"¿Sobreescribir archivo existente?"_s, Answer::Yes);
+        dialogs.Expect(message, Answer::Ok);
+        Press("mnugenerarlua");
+    }
+};
+
+} // namespace
+
+TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
+    home.Put("programa/QM/luaplayer", "#!/bin/sh\ncp \"$1\" \"$HOME/visto.new\"\n"
+                                      "mv \"$HOME/visto.new\" \"$HOME/visto\"\n");
+    fs::permissions(home.Root() / "programa/QM/luaplayer", fs::perms::owner_all);
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".lua"_s, u"c"_s);
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"c\\shell\\open\\command"_s,
+                           u"C:\\programa\\QM\\luaplayer.exe %1"_s);
+    principal.ejecutar_lua_Click(); // not a document: nothing
+    Press("mnuarchivonuevo");
+    EXPECT_EQ(Temporal(), "\r\n");
+    Open("a\xF1o\n");
+    Type(u"x"_s);
+    Press("ejecutar_lua");
+    EXPECT_EQ(Temporal(), "xa\xF1o\n\r\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("visto") == "xa\xF1o\n\r\n"; }));
+    EXPECT_EQ(home.Get("juego.lua"), "a\xF1o\n");
+    Press("mnuarchivonuevo");
+    EXPECT_EQ(Temporal(), "xa\xF1o\n\r\n"); // still that of the last run
+    Active()->txtFile().Text(u"→ñ"_s);
+    Press("ejecutar_lua");
+    EXPECT_EQ(Temporal(), u"→ñ\r\n"_s.toUtf8());
+    Press("mnuopcionesconfiguracion");
+    Press("ejecutar_lua");
+    EXPECT_EQ(Temporal(), u"→ñ\r\n"_s.toUtf8());
+}
+
+TEST_F(DeployTest, WithoutATempFileThereIsNoRunButDocumentsOpen) {
+    fs::create_directories(home.Root() / "programa/temp.lua");
+    home.Put("bin/xdg-open", "#!/bin/sh\ntouch \"$HOME/visto\"\n");
+    Press("mnuarchivonuevo");
+    ASSERT_TRUE(Active());
+    dialogs.Expect(u"es una carpeta"_s, Answer::Ok);
+    Press("ejecutar_lua");
+    EXPECT_TRUE(dialogs.messages[0].text.contains(u"temp.lua"_s));
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Error);
+}
+
+TEST_F(DeployTest, CompilarWritesTheTextAndSaysSo) {
+    principal.mnugenerarlua_Click(); // not a document: nothing
+    Open("a\xF1o\n\r");
+    Type(u"x"_s);
+    dialogs.ExpectName(QString());
+    Press("mnugenerarlua");
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(dialogs.questions[1].filters[0].name, u"Archivos .lua"_s);
+    EXPECT_EQ(dialogs.questions[1].filters[0].pattern, u"*.lua"_s);
+    Compilar(u"C:\\añal"_s, u"añal generado en C:\\añal"_s);
+    EXPECT_EQ(home.Get("añal"), "xa\xF1o\n\r");
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::None);
+    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark"_s);
+    EXPECT_EQ(Active()->Caption(), u"juego.lua"_s);
+    EXPECT_EQ(home.Get("juego.lua"), "a\xF1o\n\r");
+    EXPECT_TRUE(Active()->flagGuardar);
+    EXPECT_TRUE(Reciente(1)->text().contains(u"juego.lua"_s));
+}
+
+TEST_F(DeployTest, CompilarReplacesOnlyAfterAYes) {
+    const fs::path old = home.Root() / "viejo.lua";
+    home.Put("viejo.lua", "viejo");
+    fs::permissions(old, fs::perms::owner_read);
+    fs::create_hard_link(old, home.Root() / "otro.lua");
+    Open("nuevo");
+    dialogs.ExpectName(u"C:\\viejo.lua"_s);
+    dialogs.Expect(u"¿Sobreescribir archivo existente?"_s, Answer::No);
+    Press("mnugenerarlua");
+    EXPECT_EQ(home.Get("viejo.lua"), "viejo");
+    EXPECT_EQ(dialogs.messages[0].buttons, platform::Buttons::YesNo);
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Question);
+
+    Compilar(u"C:\\viejo.lua"_s, u"viejo.lua generado en C:\\viejo.lua"_s, true);
+    EXPECT_EQ(home.Get("viejo.lua"), "nuevo");
+    EXPECT_EQ(home.Get("otro.lua"), "viejo"); // the old file is gone from this name alone
+    EXPECT_NE(fs::status(old).permissions() & fs::perms::owner_write, fs::perms::none);
+
+    fs::create_symlink("juego.lua", home.Root() / "enlace.lua");
+    Compilar(u"C:\\enlace.lua"_s, u"generado en"_s, true);
+    EXPECT_FALSE(fs::is_symlink(home.Root() / "enlace.lua"));
+
+    Compilar(u"C:\\juego.lua"_s, u"generado en"_s, true); // its own file
+    EXPECT_EQ(home.Get("juego.lua"), "nuevo");
+}
+
+TEST_F(DeployTest, CompilarThatFailsSaysWhyAndNothingElse) {
+    fs::create_directories(home.Root() / "carpeta.lua");
+    Open("x");
+    Compilar(u"C:\\carpeta.lua"_s, u"es una carpeta"_s);
+    Compilar(u"C:\\no\\hay.lua"_s, u"la carpeta no existe"_s);
+}
