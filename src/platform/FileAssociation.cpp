@@ -96,9 +96,8 @@ void WriteIcons(const Association& association) {
         const QImage image = reader.read();
         QBuffer png;
         image.save(&png, "png");
-        const std::string size = std::to_string(image.width());
-        Write(theme / (size + "x" + size) / "mimetypes" / (association.id.toStdString() + ".png"),
-              png.data());
+        const QString folder = QStringLiteral("%1x%1/mimetypes").arg(image.width());
+        Write(theme / folder.toStdString() / (association.id.toStdString() + ".png"), png.data());
     }
     fs::last_write_time(theme, fs::file_time_type::clock::now()); // caches of it are old now
 }
