@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MDIForm1.h"
 
+#include "assist/Form1.h"
+#include "assist/Form4.h"
 #include "assist/Plantillas.h"
 #include "deploy/GenerarLua.h"
 #include "deploy/PruebaLua.h"
@@ -338,12 +340,23 @@ void MDIForm1::mnugenerarlua_Click() {
         deploy::GenerarLua(*documento, CommonDialog1, *m_compartido.fso);
 }
 
-void MDIForm1::mnuopcionesconfiguracion_Click() {
-    if (!m_form2) {
-        m_form2 = new Form2;
-        Adopt(m_form2);
+template<class Ventana, class... Argumentos>
+void MDIForm1::Mostrar(QPointer<platform::Form>& ventana, const Argumentos&... argumentos) {
+    if (!ventana) {
+        ventana = new Ventana(argumentos...);
+        Adopt(ventana);
     }
-    m_form2->Show();
+    ventana->Show();
+}
+
+void MDIForm1::mnuherramientasventana_Click() {
+    Mostrar<assist::Form4>(m_form4, FrmDoc);
+}
+void MDIForm1::mnuherramientascolores_Click() {
+    Mostrar<assist::Form1>(m_form1);
+}
+void MDIForm1::mnuopcionesconfiguracion_Click() {
+    Mostrar<Form2>(m_form2);
 }
 
 void MDIForm1::mnuventanacascada_Click() {

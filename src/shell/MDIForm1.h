@@ -16,8 +16,6 @@
 
 namespace shell {
 
-class Form2;
-
 /// The frame of the program: documents and tool windows are its children, and every command enters
 /// through its menu.
 class MDIForm1 : public platform::MDIFrame, public documents::MarcoDocumentos {
@@ -54,6 +52,8 @@ public:
     void mnuedicioncortar_Click();
     void mnuedicionpegar_Click();
     void mnuedicionseleccionar_Click();
+    void mnuherramientasventana_Click();
+    void mnuherramientascolores_Click();
     void mnuherramientasExplorador_Click();
     void mnucodigoshola_Click();
     void mnucodigosmenu_Click();
@@ -91,6 +91,9 @@ private:
     bool HayVentanas();
     void GuardarConNombre();
     void AnadirPlantilla(const QString& archivo);
+    /// Shows a window of which there is only one, made at its first use.
+    template<class Ventana, class... Argumentos>
+    void Mostrar(QPointer<platform::Form>& ventana, const Argumentos&... argumentos);
     void TodasAlEstado(platform::WindowState estado);
 
     shared::ValoresCompartidos& m_compartido;
@@ -101,7 +104,9 @@ private:
     std::unique_ptr<Class1> m_recientes;
     platform::CommonDialog CommonDialog1;
     platform::Timer Timer1;
-    QPointer<Form2> m_form2;
+    QPointer<platform::Form> m_form1;
+    QPointer<platform::Form> m_form2;
+    QPointer<platform::Form> m_form4;
 };
 
 } // namespace shell

@@ -45,8 +45,10 @@ constexpr std::array kMenu = {
                 &M::mnuedicionseleccionar_Click, kConDocumento},
 
     EntradaMenu{0, "mnuherramientas", u"&Herramientas"},
-    EntradaMenu{1, "mnuherramientasventana", u"Ventana de códigos", "F1"},
-    EntradaMenu{1, "mnuherramientascolores", u"Colores RGB", "F2"},
+    EntradaMenu{1, "mnuherramientasventana", u"Ventana de códigos", "F1",
+                &M::mnuherramientasventana_Click},
+    EntradaMenu{1, "mnuherramientascolores", u"Colores RGB", "F2",
+                &M::mnuherramientascolores_Click},
     EntradaMenu{1, "pspscreen", u"Coordenadas de Pantalla", "F3"},
     EntradaMenu{1, "mnuherramientasExplorador", u"Explorador de Archivos", "",
                 &M::mnuherramientasExplorador_Click},

@@ -113,6 +113,17 @@ press Return
 wait_for "main window again" main_window
 press ctrl+s
 
+# Calls of three tabs go to the caret of the script made with Nuevo, and typing goes on there.
+press ctrl+n
+sleep 0.5
+press F1
+sleep 0.5
+press Tab Down Return F1 ctrl+Tab Tab Down Down Return F1 ctrl+Tab ctrl+Tab ctrl+Tab Tab Down Return
+type_text 'x'
+press F5
+wait_for "snippets" begins "$home/copia.lua" \
+    'screen.flip()Image:save( filename )while ___ do     --cambia ___ por la comparaci\xf3n que deses usar\r\n\r\nendxwhile true'
+
 # An example goes behind the script made with Nuevo.
 press ctrl+n
 sleep 0.5

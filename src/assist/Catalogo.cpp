@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "assist/Catalogo.h"
+
+#include <array>
+
+namespace assist {
+namespace {
+
+constexpr std::array kPestanas = {
+    Pestana{u"Pantalla", "Frame1"},
+    Pestana{u"Imagenes", "Frame2"},
+    Pestana{u"Fuentes", "Frame3"},
+    Pestana{u"Controles", "Frame4", "Frame13", u"Direccion, juego y botonos principales"},
+    Pestana{u"Bucles", "Frame5"},
+    Pestana{u"Bateria", "Frame6"},
+    Pestana{u"IrDA", "Frame7"},
+    Pestana{u"Entrada/Salida", "Frame8"},
+    Pestana{u"Memoria", "Frame9"},
+    Pestana{u"Usb", "Frame10"},
+    Pestana{u"Sonido", "Frame11", "Frame18", u"Music, Sound  y Voice"},
+    Pestana{u"Wlan", "Frame12"},
+};
+
+constexpr std::array kCatalogo = {
+    EntradaCatalogo{0, "Option1", u"screen.waitVblankStart()"},
+    EntradaCatalogo{0, "Option2", u"screen.flip()"},
+    EntradaCatalogo{0, "Option3", u"screen:clear()"},
+    EntradaCatalogo{0, "Option4", u"Color.new(r, g, b)"},
+    EntradaCatalogo{0, "Option63", u"screen:print(x, y, \"texto\", color)",
+                    u"screen:print(x, y, texto, color)"},
+    EntradaCatalogo{1, "Option5", u"Image.createEmpty(width, height)"},
+    EntradaCatalogo{1, "Option6", u"Image.load( filename )"},
+    EntradaCatalogo{1, "Option7", u"Image:save( filename )"},
+    EntradaCatalogo{1, "Option8", u"Image:clear([color])"},
+    EntradaCatalogo{1, "Option9", u"Image:fillRect(x, y, width, height, [color])"},
+    EntradaCatalogo{1, "Option10", u"Image:drawLine(x0, y0, x1, y1, [color = black])"},
+    EntradaCatalogo{
+        1, "Option11",
+        u"Image:blit(x, y, Image source, [sourcex, sourcey, width, height], [alpha = true])"},
+    EntradaCatalogo{1, "Option12", u"Image:pixel(x, y)", u"Image:pixel(x, y))"},
+    EntradaCatalogo{1, "Option13", u"Image:pixel(x, y, Color)"},
+    EntradaCatalogo{1, "Option14", u"Image:print(x, y, text, [color])"},
+    EntradaCatalogo{1, "Option16", u"Image:width()"},
+    EntradaCatalogo{1, "Option17", u"iImage:height()", u"Image:height()"},
+    EntradaCatalogo{2, "Option15", u"Font.load(filename)"},
+    EntradaCatalogo{2, "Option18", u"Font.createMonoSpaced()"},
+    EntradaCatalogo{2, "Option19", u"Font.createProportional()"},
+    EntradaCatalogo{2, "Option20",
+                    u"Font:setCharSize(number width, number height, number dpiX, number dpiY)"},
+    EntradaCatalogo{2, "Option21", u"Font:setPixelSizes(number width, number height)"},
+    EntradaCatalogo{2, "Option22", u"Font:getTextSize(string)"},
+    EntradaCatalogo{2, "Option23", u"image:fontPrint(font, x, y, text, [color])"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():up()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():down()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():right()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():left()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():l()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():r()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():cross()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():circle()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():square()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():triangle()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():select()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():start()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():home()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():hold()"},
+    EntradaCatalogo{3, "Combo1", u"Controls.read():note()"},
+    EntradaCatalogo{4, "Option24", u"while true do ... end", u"while true do\r\n\r\nend"},
+    EntradaCatalogo{4, "Option25", u"while X do ... end",
+                    u"while ___ do     --cambia ___ por la comparación que deses usar\r\n\r\nend"},
+    EntradaCatalogo{4, "Option26", u"if  X  then ... end",
+                    u"if ___ then     --cambia ___ por la comparación que deses usar\r\n\r\nend"},
+    EntradaCatalogo{4, "Option27", u"elseif"},
+    EntradaCatalogo{4, "Option28", u"end"},
+    EntradaCatalogo{5, "Option29", u"System.powerIsPowerOnline()"},
+    EntradaCatalogo{5, "Option30", u"System.powerIsBatteryCharging()"},
+    EntradaCatalogo{5, "Option31", u"System.powerGetBatteryChargingStatus()"},
+    EntradaCatalogo{5, "Option32", u"System.powerGetBatteryLifePercent()"},
+    EntradaCatalogo{5, "Option33", u"System.powerGetBatteryLifeTime()"},
+    EntradaCatalogo{5, "Option34", u"System.powerGetBatteryTemp()"},
+    EntradaCatalogo{5, "Option35", u"System.powerGetBatteryVolt()"},
+    EntradaCatalogo{5, "Option36", u"System.powerIsBatteryExist()"},
+    EntradaCatalogo{5, "Option37", u"System.powerIsLowBattery()"},
+    EntradaCatalogo{5, "Option38", u"System.powerTick()"},
+    EntradaCatalogo{6, "Option39", u"System.irdaInit()"},
+    EntradaCatalogo{6, "Option40", u"System.irdaWrite(string)"},
+    EntradaCatalogo{6, "Option41", u"System.irdaRead()"},
+    EntradaCatalogo{7, "Option42", u"System.currentDirectory()"},
+    EntradaCatalogo{7, "Option43", u"System.currentDirectory( path )"},
+    EntradaCatalogo{7, "Option44", u"System.listDirectory( [path] )"},
+    EntradaCatalogo{7, "Option45", u"System.createDirectory(path)"},
+    EntradaCatalogo{7, "Option46", u"System.removeDirectory(path)"},
+    EntradaCatalogo{7, "Option47", u"System.removeFile(path)"},
+    EntradaCatalogo{8, "Option48", u"System.getFreeMemory()"},
+    EntradaCatalogo{9, "Option49", u"System.usbDiskModeActivate()"},
+    EntradaCatalogo{9, "Option50", u"System.usbDiskModeDeactivate()"},
+    EntradaCatalogo{10, "Combo2", u"Music.playFile( string file, bool loop )"},
+    EntradaCatalogo{10, "Combo2", u"Music.pause()"},
+    EntradaCatalogo{10, "Combo2", u"Music.resume()"},
+    EntradaCatalogo{10, "Combo2", u"Music.stop()"},
+    EntradaCatalogo{10, "Combo2", u"Music.playing()"},
+    EntradaCatalogo{10, "Combo2", u"Music.volume( [number {0-128}] )"},
+    EntradaCatalogo{10, "Combo2", u"SoundSystem.SFXVolume( number {0-128} )"},
+    EntradaCatalogo{10, "Combo2", u"SoundSystem.reverb( number {0-15} )"},
+    EntradaCatalogo{10, "Combo2", u"SoundSystem.panoramicSeparation( number {0-128} )"},
+    EntradaCatalogo{10, "Combo2", u"Sound.load(filename, [bool loop])"},
+    EntradaCatalogo{10, "Combo2", u"sound:play()"},
+    EntradaCatalogo{10, "Combo2", u"voice:stop()"},
+    EntradaCatalogo{10, "Combo2", u"voice:volume( number [0-25] )"},
+    EntradaCatalogo{10, "Combo2", u"voice:pan( number [0-255] )"},
+    EntradaCatalogo{10, "Combo2", u"voice:frequency( number [0-255] )"},
+    EntradaCatalogo{10, "Combo2", u"voice:playing()"},
+    EntradaCatalogo{11, "Option51", u"Wlan.init()"},
+    EntradaCatalogo{11, "Option52", u"Wlan.term()"},
+    EntradaCatalogo{11, "Option53", u"Wlan.getConnectionConfigs()"},
+    EntradaCatalogo{11, "Option54", u"Wlan.useConnectionConfig(number)"},
+    EntradaCatalogo{11, "Option55", u"Wlan.getIPAddress()"},
+    EntradaCatalogo{11, "Option56", u"Socket:isConnected()"},
+    EntradaCatalogo{11, "Option57", u"Socket.connect(host, port)"},
+    EntradaCatalogo{11, "Option58", u"Socket:createServerSocket(port)"},
+    EntradaCatalogo{11, "Option59", u"Socket:accept()"},
+    EntradaCatalogo{11, "Option60", u"Socket:recv()"},
+    EntradaCatalogo{11, "Option61", u"Socket:send(string)"},
+    EntradaCatalogo{11, "Option62", u"Socket:close()"},
+};
+
+} // namespace
+
+std::span<const Pestana> Pestanas() {
+    return kPestanas;
+}
+
+std::span<const EntradaCatalogo> Catalogo() {
+    return kCatalogo;
+}
+
+} // namespace assist

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <span>
+
+namespace assist {
+
+/// One tab of the catalogue: a frame with option buttons, or with an inner frame that holds a list.
+struct Pestana {
+    const char16_t* rotulo;
+    const char* marco;
+    const char* marcoInterior = nullptr;
+    const char16_t* rotuloInterior = u"";
+};
+
+/// A call that can be put into a script.
+struct EntradaCatalogo {
+    size_t pestana;
+    const char* control; ///< its option button, or the list that holds it
+    const char16_t* rotulo;
+    const char16_t* codigo = nullptr; ///< where it isn't the caption; lines end in CR LF
+
+    QString Rotulo() const { return QString::fromUtf16(rotulo); }
+    QString Codigo() const { return QString::fromUtf16(codigo ? codigo : rotulo); }
+};
+
+std::span<const Pestana> Pestanas();
+/// In the order in which a tab shows them.
+std::span<const EntradaCatalogo> Catalogo();
+
+} // namespace assist

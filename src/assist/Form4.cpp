@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "assist/Form4.h"
+
+#include "assist/Catalogo.h"
+#include "platform/Handler.h"
+#include "ui_Form4.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace assist {
+namespace {
+
+constexpr int kIzquierda = 8000; // twips: to the right of a document where it starts
+constexpr int kPestanasPorFila = 6;
+constexpr int kLineasDeLista = 16;
+constexpr int kMargen = 8; // pixels
+
+// The list of a tab that has one, made at its first entry.
+QComboBox* Lista(QWidget* marco, const char* nombre) {
+    if (auto* lista = marco->findChild<QComboBox*>(QString::fromLatin1(nombre)))
+        return lista;
+    auto* lista = new QComboBox(marco);
+    lista->setObjectName(QString::fromLatin1(nombre));
+    lista->setEditable(true);
+    lista->setInsertPolicy(QComboBox::NoInsert);
+    lista->setCompleter(nullptr); // what is typed stays as it is typed
+    lista->setMaxVisibleItems(kLineasDeLista);
+    marco->layout()->addWidget(lista);
+    return lista;
+}
+
+} // namespace
+
+Form4::Form4(const QPointer<documents::frmDocumento>& FrmDoc)
+    : m_ui(std::make_unique<Ui::Form4>()), m_frmDoc(FrmDoc) {
+    m_ui->setupUi(this);
+    Caption(windowTitle());
+    HacerPestanas();
+    DefaultButton(m_ui->KewlButtons1);
+    CancelButton(m_ui->KewlButtons2);
+    setFocusProxy(m_ui->SSTab1);
+    platform::OnEvent(m_ui->KewlButtons1, &QPushButton::clicked, this, &Form4::KewlButtons1_Click);
+    platform::OnEvent(m_ui->KewlButtons2, &QPushButton::clicked, this, &Form4::KewlButtons2_Click);
+}
+
+Form4::~Form4() = default;
+
+void Form4::HacerPestanas() {
+    m_ui->SSTab1->TabsPerRow(kPestanasPorFila);
+    for (size_t i = 0; i < Pestanas().size(); ++i)
+        m_ui->SSTab1->AddTab(QString::fromUtf16(Pestanas()[i].rotulo), HacerPagina(i));
+    setTabOrder(previousInFocusChain(), m_ui->KewlButtons1);
+    setTabOrder(m_ui->KewlButtons1, m_ui->KewlButtons2);
+}
+
+QWidget* Form4::HacerPagina(size_t pestana) {
+    const Pestana& datos = Pestanas()[pestana];
+    auto* marco = new QGroupBox;
+    marco->setObjectName(QString::fromLatin1(datos.marco));
+    auto* filas = new QVBoxLayout(marco);
+    filas->setSpacing(0);
+    filas->setContentsMargins(kMargen, 0, kMargen, 0);
+    auto* grupo = new QButtonGroup(marco); // without it a lone option could be taken back
+    QWidget* dentro = marco;
+    if (datos.marcoInterior) {
+        dentro = new QGroupBox(QString::fromUtf16(datos.rotuloInterior), marco);
+        dentro->setObjectName(QString::fromLatin1(datos.marcoInterior));
+        filas->addWidget(dentro);
+        new QVBoxLayout(dentro);
+    }
+    for (const EntradaCatalogo& entrada : Catalogo()) {
+        if (entrada.pestana != pestana)
+            continue;
+        if (datos.marcoInterior) {
+            Lista(dentro, entrada.control)->addItem(entrada.Rotulo());
+            continue;
+        }
+        auto* opcion = new QRadioButton(entrada.Rotulo(), marco);
+        opcion->setObjectName(QString::fromLatin1(entrada.control));
+        grupo->addButton(opcion);
+        opcion->setChecked(grupo->buttons().size() == 1);
+        filas->addWidget(opcion);
+    }
+    filas->addStretch();
+    return marco;
+}
+
+void Form4::Form_Load() {
+    Move(kIzquierda, 0, Width(), Height());
+}
+
+bool Form4::Elegida(const EntradaCatalogo& entrada) const {
+    if (static_cast<int>(entrada.pestana) != m_ui->SSTab1->Tab())
+        return false;
+    const auto* control = findChild<QWidget*>(QString::fromLatin1(entrada.control));
+    if (const auto* lista = qobject_cast<const QComboBox*>(control))
+        return lista->currentText() == entrada.Rotulo();
+    return qobject_cast<const QRadioButton*>(control)->isChecked();
+}
+
+void Form4::KewlButtons1_Click() {
+    const auto entradas = Catalogo();
+    const auto entrada = std::find_if(entradas.begin(), entradas.end(),
+                                      [this](const EntradaCatalogo& e) { return Elegida(e); });
+    if (entrada == entradas.end() || !m_frmDoc)
+        return;
+    platform::RunSilently([&] { m_frmDoc->txtFile().SelText(entrada->Codigo()); });
+    platform::RunSilently([&] { m_frmDoc->txtFile().SetFocus(); });
+}
+
+void Form4::KewlButtons2_Click() {
+    Unload();
+}
+
+} // namespace assist

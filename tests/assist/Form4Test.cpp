@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "assist/Form4.h"
+#include "assist/Catalogo.h"
+#include "platform/SSTab.h"
+#include "support/MainWindow.h"
+
+#include <QAccessible>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Form4Test : public support::MainWindow {
+protected:
+    Form4Test() {
+        principal.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&principal));
+        Press("mnuarchivonuevo");
+        script = Active();
+        script->txtFile().Text(QString());
+        Press("mnuherramientasventana");
+        window = dynamic_cast<assist::Form4*>(principal.ActiveForm());
+    }
+    template<class Widget>
+    Widget* Find(const char* name) {
+        return window->findChild<Widget*>(QString::fromLatin1(name));
+    }
+    platform::SSTab* Tabs() { return Find<platform::SSTab>("SSTab1"); }
+    void Insert() { QTest::mouseClick(Find<QPushButton>("KewlButtons1"), Qt::LeftButton); }
+    // What a press of "Insertar" puts into an empty script.
+    QString Inserted() {
+        script->txtFile().Text(QString());
+        Insert();
+        return script->txtFile().Text();
+    }
+
+    documents::frmDocumento* script;
+    assist::Form4* window;
+};
+
+} // namespace
+
+TEST_F(Form4Test, EveryEntryIsInSightAndInsertsItself) {
+    const auto frames = assist::Pestanas();
+    ASSERT_EQ(frames.size(), 12U);
+    QStringList shown;
+    for (size_t i = 0; i < frames.size(); ++i) {
+        Tabs()->Tab(static_cast<int>(i));
+        auto* frame = Find<QGroupBox>(frames[i].marco);
+        for (auto* option : frame->findChildren<QRadioButton*>()) {
+            EXPECT_TRUE(option->isVisibleTo(window) &&
+                        option->width() >= option->sizeHint().width());
+            EXPECT_LE(option->mapTo(frame, option->rect().bottomLeft()).y(), frame->height());
+            EXPECT_GE(option->height(), option->sizeHint().height());
+            EXPECT_EQ(option->isChecked(), option == frame->findChild<QRadioButton*>());
+            option->click();
+            shown.append(option->objectName() + u' ' + option->text() + u' ' + Inserted());
+        }
+        if (auto* list = frame->findChild<QComboBox*>()) {
+            EXPECT_EQ(list->currentIndex(), 0);
+            for (int entry = 0; entry < list->count(); ++entry) {
+                list->setCurrentIndex(entry);
+                shown.append(list->objectName() + u' ' + list->currentText() + u' ' + Inserted());
+            }
+        }
+    }
+    EXPECT_EQ(shown.size(), 95);
+    EXPECT_EQ(shown.removeDuplicates(), 0);
+    QStringList different;
+    for (const QString& row : shown) {
+        const QString pair = row.section(u' ', 1);
+        const QString half = pair.left(pair.size() / 2);
+        if (pair != half + u' ' + half)
+            different.append(row.section(u' ', 0, 0));
+    }
+    EXPECT_EQ(different.join(u' '), u"Option63 Option12 Option17 Option24 Option25 Option26"_s)
+        << different.join(u' ').toStdString();
+    for (const char16_t* row :
+         {u"Option63 screen:print(x, y, \"texto\", color) screen:print(x, y, texto, color)",
+          u"Option12 Image:pixel(x, y) Image:pixel(x, y))",
+          u"Option17 iImage:height() Image:height()",
+          u"Option24 while true do ... end while true do\r\n\r\nend",
+          u"Option25 while X do ... end while ___ do     --cambia ___ por la comparación que deses "
+          u"usar\r\n\r\nend",
+          u"Option26 if  X  then ... end if ___ then     --cambia ___ por la comparación que deses "
+          u"usar\r\n\r\nend",
+          u"Combo2 voice:playing() voice:playing()", u"Option62 Socket:close() Socket:close()"})
+        EXPECT_TRUE(shown.contains(QString::fromUtf16(row)));
+}
+
+TEST_F(Form4Test, TheSnippetReplacesTheSelectionAndTypingGoesOn) {
+    script->txtFile().OpenFile(home.Put("a.lua", "dos palabras\n"));
+    script->txtFile().ExecuteCmd(137);
+    Tabs()->Tab(4);
+    Insert();
+    EXPECT_EQ(script->txtFile().Text(), u"while true do\r\n\r\nend"_s);
+    EXPECT_EQ(principal.ActiveForm(), script);
+    QTest::keyClicks(QApplication::focusWidget(), u"x"_s);
+    EXPECT_EQ(script->txtFile().Text(), u"while true do\r\n\r\nendx"_s);
+    script->txtFile().Undo();
+    script->txtFile().Undo(); // one step
+    EXPECT_EQ(script->txtFile().Text(), u"dos palabras\n"_s);
+}
+
+TEST_F(Form4Test, TheYoungestNewScriptIsTheTarget) {
+    Press("mnuarchivonuevo");
+    documents::frmDocumento* younger = Active();
+    Abrir(home.Put("a.lua", "x"));
+    Insert();
+    EXPECT_TRUE(younger->txtFile().Text().startsWith(u"screen.waitVblankStart()while"_s));
+    EXPECT_EQ(Inserted(), QString());
+    younger->flagGuardar = false;
+    younger->Unload();
+    Press("mnuherramientasventana");
+    EXPECT_EQ(Inserted(), QString()); // without a target nothing happens
+}
+
+TEST_F(Form4Test, AListTakesItsEntriesExactly) {
+    Tabs()->Tab(3);
+    auto* list = Find<QComboBox>("Combo1");
+    const auto typed = [&](const QString& text) {
+        list->lineEdit()->selectAll();
+        QTest::keyClicks(list->lineEdit(), text);
+        return Inserted();
+    };
+    EXPECT_EQ(typed(u"controls.read()"_s), QString());
+    EXPECT_EQ(list->currentText(), u"controls.read()"_s);
+    EXPECT_EQ(typed(u"Controls.read():up()"_s), u"Controls.read():up()"_s);
+    list->clearEditText();
+    EXPECT_EQ(Inserted(), QString());
+}
+
+TEST_F(Form4Test, TabsAreReachedByKeysAndSpokenOf) {
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(principal.windowHandle(), key, modifiers);
+        return Tabs()->Tab();
+    };
+    EXPECT_EQ(press(Qt::Key_Right), 1);
+    EXPECT_EQ(press(Qt::Key_Down), 7);
+    EXPECT_EQ(press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier), 6);
+    EXPECT_EQ(press(Qt::Key_Tab), 6);
+    EXPECT_TRUE(Find<QRadioButton>("Option39")->hasFocus());
+    EXPECT_EQ(press(Qt::Key_Tab, Qt::ControlModifier), 7);
+    Tabs()->Tab(11);
+    EXPECT_EQ(press(Qt::Key_Tab, Qt::ControlModifier), 0);
+    press(Qt::Key_Return);
+    EXPECT_EQ(script->txtFile().Text(), u"screen.waitVblankStart()"_s);
+
+    auto* second = Tabs()->findChildren<QToolButton*>().at(1);
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(second);
+    EXPECT_EQ(spoken->role(), QAccessible::PageTab);
+    EXPECT_EQ(spoken->text(QAccessible::Name), u"Imagenes"_s);
+    EXPECT_FALSE(spoken->state().selected);
+    spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(spoken->state().selected);
+    EXPECT_EQ(Tabs()->Tab(), 1);
+    Press("mnuherramientasventana");
+    QTest::keyClick(window, Qt::Key_Escape);
+    Press("mnuherramientasventana");
+    EXPECT_NE(principal.ActiveForm(), script);
+    window = dynamic_cast<assist::Form4*>(principal.ActiveForm());
+    EXPECT_EQ(Tabs()->Tab(), 0); // a new one
+}
