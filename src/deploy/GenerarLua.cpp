@@ -11,11 +11,9 @@ using platform::Buttons;
 using platform::Icon;
 using platform::MsgBox;
 
-const QString kTitulo = QStringLiteral("Quillmark");
-
 bool ConfirmarSustitucion() {
     return MsgBox(QStringLiteral("¿Sobreescribir archivo existente?"), Buttons::YesNo,
-                  Icon::Question, kTitulo) == Answer::Yes;
+                  Icon::Question) == Answer::Yes;
 }
 
 } // namespace
@@ -28,14 +26,10 @@ void GenerarLua(documents::frmDocumento& documento, platform::CommonDialog& dial
         return;
     const QString ruta = dialogo.FileName();
     const QString titulo = dialogo.FileTitle();
-    if (fso.FileExists(ruta)) {
-        if (!ConfirmarSustitucion())
-            return;
-        documento.txtFile().ReplaceFile(ruta);
-    } else {
-        documento.txtFile().SaveFile(ruta, false);
-    }
-    MsgBox(titulo + QStringLiteral(" generado en ") + ruta, Buttons::Ok, Icon::None, kTitulo);
+    if (fso.FileExists(ruta) && !ConfirmarSustitucion())
+        return;
+    documento.txtFile().SaveCopy(ruta);
+    MsgBox(titulo + QStringLiteral(" generado en ") + ruta, Buttons::Ok, Icon::None);
 }
 
 } // namespace deploy

@@ -82,17 +82,18 @@ void CodeMax::OpenFile(const QString& path) {
     m_encoding = decoded.encoding;
 }
 
-void CodeMax::Save(const QString& path, Writer write) {
-    const platform::EncodedText encoded = platform::EncodeText(m_editor->Bytes(), m_encoding);
-    write(path, encoded.bytes);
-    m_encoding = encoded.encoding;
+platform::EncodedText CodeMax::Encoded() const {
+    return platform::EncodeText(m_editor->Bytes(), m_encoding);
 }
 
 void CodeMax::SaveFile(const QString& path, bool) {
-    Save(path, platform::WriteFile);
+    const platform::EncodedText encoded = Encoded();
+    platform::WriteFile(path, encoded.bytes);
+    m_encoding = encoded.encoding;
 }
-void CodeMax::ReplaceFile(const QString& path) {
-    Save(path, platform::ReplaceFile);
+
+void CodeMax::SaveCopy(const QString& path) const {
+    platform::ReplaceFile(path, Encoded().bytes);
 }
 
 void CodeMax::Undo() {

@@ -35,8 +35,9 @@ public:
     /// text goes out in the code page, or as UTF-8 if it doesn't fit. The second argument has no
     /// meaning.
     void SaveFile(const QString& path, bool);
-    /// The same as a new file in the place of the one that bears the name, write-protected or not.
-    void ReplaceFile(const QString& path);
+    /// Writes the same bytes as a new file in the place of any that bears the name, write-protected
+    /// or not. What is saved later doesn't depend on it.
+    void SaveCopy(const QString& path) const;
 
     void Undo();
     void Redo();
@@ -64,10 +65,8 @@ Q_SIGNALS:
     void Change(documents::CodeMax* control);
 
 private:
-    using Writer = void (*)(const QString& path, const QByteArray& bytes);
-
     void Begin(const QByteArray& utf8);
-    void Save(const QString& path, Writer write);
+    platform::EncodedText Encoded() const;
     /// Turns on what is wanted and not too costly for a text of that many bytes.
     void ChooseHelpers(qsizetype bytes);
 

@@ -59,6 +59,7 @@ Dialogs& CurrentDialogs();
 std::unique_ptr<Dialogs> ReplaceDialogs(std::unique_ptr<Dialogs> dialogs);
 
 /// Shows a message box and waits for the answer.
-Answer MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title);
+Answer MsgBox(const QString& text, Buttons buttons, Icon icon,
+              const QString& title = QStringLiteral("Quillmark"));
 
 } // namespace platform

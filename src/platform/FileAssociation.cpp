@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kToolPatience = 10000; // milliseconds
+constexpr int kToolPatience = 3000; // milliseconds
 
 struct Association {
     QString id;        // the name of the files that are written for it
@@ -51,8 +51,11 @@ void RunTool(const QString& tool, const fs::path& folder) {
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, {QString::fromStdString(folder.native())});
-    if (!process.waitForFinished(kToolPatience))
-        qCWarning(lcQuillmark) << tool << "doesn't come to an end";
+    if (process.waitForFinished(kToolPatience) && process.exitCode() == 0)
+        return;
+    qCWarning(lcQuillmark) << tool << process.errorString() << process.exitCode();
+    process.kill();
+    process.waitForFinished();
 }
 
 QString MimeTypeOf(const QString& extension) {
@@ -94,6 +97,8 @@ void WriteIcons(const Association& association) {
     const fs::path theme = DataHome() / "icons" / "hicolor";
     for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i) {
         const QImage image = reader.read();
+        if (image.isNull())
+            continue;
         QBuffer png;
         image.save(&png, "png");
         const QString folder = QStringLiteral("%1x%1/mimetypes").arg(image.width());
@@ -102,23 +107,24 @@ void WriteIcons(const Association& association) {
     fs::last_write_time(theme, fs::file_time_type::clock::now()); // caches of it are old now
 }
 
-// The characters for which an argument of an Exec line needs quotes.
+// The characters for which an argument of an Exec line isn't the bare path.
 bool NeedsQuotes(const QString& path) {
-    const QString reserved = QStringLiteral(" \t\n\"'\\><~|&;$*?#()`");
+    const QString reserved = QStringLiteral(" \t\n\"'\\><~|&;$*?#()`%");
     return std::any_of(path.begin(), path.end(), [&](QChar c) { return reserved.contains(c); });
 }
 
-// Simple openers of the desktop don't know quotes, so such a path goes by a link without blanks.
-fs::path PlainPath(const fs::path& program, const QString& id) {
+// Simple openers of the desktop don't know quotes, so such a program is started by a script whose
+// path is bare, unless the data folder's own isn't.
+fs::path BarePath(const fs::path& program, const QString& id) {
     if (!NeedsQuotes(QString::fromStdString(program.native())))
         return program;
-    fs::path link = DataHome() / "quillmark" / "bin" / id.toStdString();
+    const fs::path script = DataHome() / "quillmark" / "bin" / id.toStdString();
+    const QByteArray path = QByteArray::fromStdString(program.native()).replace("'", "'\\''");
     const bool made = RunSilently([&] {
-        fs::create_directories(link.parent_path());
-        fs::remove(link);
-        fs::create_symlink(program, link);
+        Write(script, "#!/bin/sh\nexec '" + path + "' \"$@\"\n");
+        fs::permissions(script, fs::perms::owner_exec, fs::perm_options::add);
     });
-    return made ? link : program;
+    return made ? script : program;
 }
 
 void WriteDesktopEntry(const Association& association) {
@@ -127,7 +133,7 @@ void WriteDesktopEntry(const Association& association) {
     name.replace(0, 1, name.left(1).toUpper());
     const fs::path folder = DataHome() / "applications";
     Write(folder / (association.id.toStdString() + ".desktop"),
-          DesktopEntry(PlainPath(program, association.id), name, association.id,
+          DesktopEntry(BarePath(program, association.id), name, association.id,
                        association.mimeType));
     RunTool(QStringLiteral("update-desktop-database"), folder);
 }

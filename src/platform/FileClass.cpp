@@ -37,8 +37,8 @@ qsizetype EndOfProgram(const QString& commandLine) {
         if (CanRun(ProgramFile(commandLine.first(end))))
             return end;
     }
-    const qsizetype percent = commandLine.indexOf(u'%');
-    return percent < 0 ? commandLine.size() : percent;
+    const qsizetype file = commandLine.lastIndexOf(QStringLiteral(" %1"));
+    return file < 0 ? commandLine.size() : file;
 }
 
 } // namespace
@@ -65,7 +65,7 @@ Command ParseCommand(const QString& commandLine) {
         return {ProgramFile(commandLine.section(u'"', 1, 1)),
                 WordsOf(commandLine.section(u'"', 2))};
     const qsizetype end = EndOfProgram(commandLine);
-    return {ProgramFile(commandLine.first(end).trimmed()), WordsOf(commandLine.sliced(end))};
+    return {ProgramFile(commandLine.first(end)), WordsOf(commandLine.sliced(end))};
 }
 
 } // namespace platform

@@ -27,7 +27,8 @@ struct Command {
 };
 
 /// Takes a command line apart. A program without quotes may have blanks in its path: the longest
-/// beginning that can be run counts, else what stands before the first "%". Fails as ToNative does.
+/// beginning that can be run counts, else what stands before the last " %1". Fails as ToNative
+/// does.
 Command ParseCommand(const QString& commandLine);
 
 } // namespace platform

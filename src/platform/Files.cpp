@@ -278,9 +278,19 @@ void WriteNative(const fs::path& path, const QByteArray& bytes) {
     }
 }
 
+// The permissions of a new file in the place of the one that is there.
+mode_t ModeInPlaceOf(const fs::path& path) {
+    struct stat status = {};
+    if (::lstat(path.c_str(), &status) != 0 || S_ISLNK(status.st_mode))
+        return 0666;
+    if (!S_ISREG(status.st_mode))
+        throw SystemError{S_ISDIR(status.st_mode) ? EISDIR : kNotRegular};
+    return (status.st_mode & 0777U) | S_IWUSR;
+}
+
 void ReplaceNative(const fs::path& path, const QByteArray& bytes) {
     try {
-        FileBeside(path, bytes, nullptr, 0666).TakePlaceOf(path);
+        FileBeside(path, bytes, nullptr, ModeInPlaceOf(path)).TakePlaceOf(path);
     } catch (const SystemError& error) {
         if (!FolderRefuses(error))
             throw;

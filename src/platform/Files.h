@@ -19,9 +19,9 @@ QByteArray ReadFile(const QString& path);
 /// in place and put back on a failure.
 void WriteFile(const QString& path, const QByteArray& bytes);
 
-/// Puts a new file in the place of whatever file bears the name, without write permission too; a
-/// link is replaced itself. The old file stands until the new one is whole and on the disk. Where
-/// the folder can't take a second file, this is WriteFile.
+/// Puts a new file in the place of the one that bears the name, if any, without write permission
+/// too; a link is replaced itself, a pipe or device is refused. The old file stands until the new
+/// one is whole and on the disk. Where the folder can't take a second file, this is WriteFile.
 void ReplaceFile(const QString& path, const QByteArray& bytes);
 
 /// The Spanish reason for a number of errno.

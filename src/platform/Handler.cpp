@@ -12,7 +12,7 @@ namespace {
 
 void Report(const QString& text) {
     qCWarning(lcQuillmark) << "a command failed:" << text;
-    MsgBox(text, Buttons::Ok, Icon::Error, QStringLiteral("Quillmark"));
+    MsgBox(text, Buttons::Ok, Icon::Error);
 }
 
 } // namespace

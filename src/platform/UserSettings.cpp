@@ -18,13 +18,13 @@ QString Path(const QString& section, const QString& key) {
     return section + u'/' + key;
 }
 
-// The path in the spelling of the store, or as given if it isn't there.
-QString Stored(const QSettings& store, const QString& path) {
-    for (const QString& key : store.allKeys()) {
-        if (key.compare(path, Qt::CaseInsensitive) == 0)
-            return key;
+// The name in the spelling of the store, or as given if it isn't there.
+QString Spelled(const QStringList& stored, const QString& name) {
+    for (const QString& spelling : stored) {
+        if (spelling.compare(name, Qt::CaseInsensitive) == 0)
+            return spelling;
     }
-    return path;
+    return name;
 }
 
 void Sync(QSettings& store) {
@@ -47,24 +47,26 @@ void Remove(const QString& application, const QString& path, bool there) {
 QString GetSetting(const QString& application, const QString& section, const QString& key,
                    const QString& fallback) {
     const QSettings store = Store(application);
-    return store.value(Stored(store, Path(section, key)), fallback).toString();
+    return store.value(Spelled(store.allKeys(), Path(section, key)), fallback).toString();
 }
 
 void SaveSetting(const QString& application, const QString& section, const QString& key,
                  const QString& value) {
     QSettings store = Store(application);
-    store.setValue(Stored(store, Path(section, key)), value);
+    store.setValue(Spelled(store.allKeys(), Path(section, key)), value);
     Sync(store);
 }
 
 void DeleteSetting(const QString& application, const QString& section, const QString& key) {
     const QSettings store = Store(application);
-    const QString path = Stored(store, Path(section, key));
+    const QString path = Spelled(store.allKeys(), Path(section, key));
     Remove(application, path, store.contains(path));
 }
 
 void DeleteSetting(const QString& application, const QString& section) {
-    Remove(application, section, Store(application).childGroups().contains(section));
+    const QStringList sections = Store(application).childGroups();
+    const QString name = Spelled(sections, section);
+    Remove(application, name, sections.contains(name));
 }
 
 } // namespace platform

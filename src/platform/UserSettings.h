@@ -12,7 +12,8 @@ namespace platform {
 /// The value, or the default if there is none.
 QString GetSetting(const QString& application, const QString& section, const QString& key,
                    const QString& fallback);
-/// A store that can't be written keeps the value for this run only, and the log says so.
+/// In a store that can't be written the value is lost, at the latest with this run, and the log
+/// says so.
 void SaveSetting(const QString& application, const QString& section, const QString& key,
                  const QString& value);
 /// Fails (FileNotFound) if there is no such key.

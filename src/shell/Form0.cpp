@@ -37,8 +37,7 @@ void Form0::Form_Load() {
     ArchivoConfig = Module1::RutaConfig();
     m_ejecuciones = Module1::LeerIni(ArchivoConfig, QStringLiteral("inicio"),
                                      QStringLiteral("ejecuciones"), QString());
-    m_nuevo = Module1::LeerIni(ArchivoConfig, QStringLiteral("general"), QStringLiteral("nuevo"),
-                               QString());
+    m_nuevo = Module1::LeerIni(ArchivoConfig, Module1::kGeneral, Module1::kNuevo, QString());
     MakeWindowTransparent(this, 0);
     Timer1.Interval(kPaso);
     Timer1.Enabled(true);
@@ -72,7 +71,7 @@ void Form0::Entregar() {
         m_principal->mnuopcionesconfiguracion_Click();
         Module1::EscribirIni(ArchivoConfig, QStringLiteral("inicio"), QStringLiteral("ejecuciones"),
                              QStringLiteral("1"));
-    } else if (m_nuevo == u"si") {
+    } else if (m_nuevo == Module1::kSi) {
         m_documento = m_principal->NuevoScript();
     }
 }

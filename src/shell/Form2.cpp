@@ -10,11 +10,12 @@
 namespace shell {
 namespace {
 
-const QString kGeneral = QStringLiteral("general");
-const QString kNuevo = QStringLiteral("nuevo");
+using Module1::kGeneral;
+using Module1::kNuevo;
+using Module1::kSi;
+
 const QString kExplorador = QStringLiteral("explorador");
 const QString kPath = QStringLiteral("path");
-const QString kSi = QStringLiteral("si");
 const QString kNo = QStringLiteral("no");
 
 } // namespace

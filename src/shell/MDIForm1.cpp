@@ -37,11 +37,10 @@ constexpr quint8 kRecientes = 6;
 constexpr int kAnchoAbierto = 8000;
 constexpr int kAltoAbierto = 10350;
 
-const QString kProducto = QStringLiteral("Quillmark");
 const QString kProductoVersion = QStringLiteral("Quillmark v3.0.0");
 
 void Avisar(const QString& texto) {
-    MsgBox(texto, Buttons::Ok, Icon::Information, kProducto);
+    MsgBox(texto, Buttons::Ok, Icon::Information);
 }
 
 } // namespace
@@ -119,8 +118,8 @@ void MDIForm1::AbrirLineaDeComandos() {
 }
 
 bool MDIForm1::ConfirmarSalida() {
-    return MsgBox(QStringLiteral("¿Salir del programa?"), Buttons::YesNo, Icon::Question,
-                  kProducto) == Answer::Yes;
+    return MsgBox(QStringLiteral("¿Salir del programa?"), Buttons::YesNo, Icon::Question) ==
+           Answer::Yes;
 }
 
 void MDIForm1::MDIForm_QueryUnload(bool& cancel) {
@@ -306,9 +305,11 @@ void MDIForm1::AnadirPlantilla(const QString& archivo) {
         plantilla =
             assist::LeerPlantilla(platform::ProgramFolder() + QStringLiteral("\\Code\\") + archivo);
     } catch (const platform::Failure& failure) {
-        Avisar(failure.Text() +
-               QStringLiteral("\n\nQuillmark repone los ejemplos que faltan cuando "
-                              "arranca: ciérralo y vuelve a abrirlo."));
+        const bool falta = failure.Code() == platform::FailureCode::FileNotFound;
+        Avisar(failure.Text() + QStringLiteral("\n\n") +
+               (falta ? QString() : QStringLiteral("Borra lo que hay con ese nombre. ")) +
+               QStringLiteral("Quillmark repone los ejemplos que faltan cuando arranca: ciérralo y "
+                              "vuelve a abrirlo."));
         return;
     }
     documents::CodeMax& editor = FrmDoc->txtFile();

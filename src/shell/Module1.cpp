@@ -18,8 +18,6 @@ namespace {
 
 constexpr size_t kTamanoBuffer = 256;
 
-const QString kProducto = QStringLiteral("Quillmark");
-
 } // namespace
 
 QString LeerIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
@@ -55,7 +53,7 @@ void Asociar(const QString& Descripcion, const QString& RutaPrograma, const QStr
     }};
     for (const auto& [argumento, mensaje] : necesarios) {
         if (argumento.isEmpty()) {
-            platform::MsgBox(mensaje, platform::Buttons::Ok, platform::Icon::Error, kProducto);
+            platform::MsgBox(mensaje, platform::Buttons::Ok, platform::Icon::Error);
             return;
         }
     }

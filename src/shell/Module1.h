@@ -32,6 +32,11 @@ void Registrar(const TipoDeArchivo& tipo);
 /// The text without blanks around it; tabs and the like are part of it.
 QString SinBlancos(const QString& texto);
 
+/// Names in the settings file that more than one window uses.
+inline const QString kGeneral = QStringLiteral("general");
+inline const QString kNuevo = QStringLiteral("nuevo");
+inline const QString kSi = QStringLiteral("si");
+
 /// The path of the settings file.
 QString RutaConfig();
 

@@ -3,7 +3,6 @@
 #include "support/MainWindow.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using platform::Answer;
@@ -13,7 +12,15 @@ namespace {
 
 class DeployTest : public support::MainWindow {
 protected:
-    // A document with this text, made by typing over an opened file.
+    // A player that copies the script to "visto", registered for .lua.
+    void RegisterPlayer() {
+        home.Put("programa/QM/luaplayer", "#!/bin/sh\ncp \"$1\" \"$HOME/visto.new\"\n"
+                                          "mv \"$HOME/visto.new\" \"$HOME/visto\"\n");
+        fs::permissions(home.Root() / "programa/QM/luaplayer", fs::perms::owner_all);
+        platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".lua"_s, u"c"_s);
+        platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"c\\shell\\open\\command"_s,
+                               u"C:\\programa\\QM\\luaplayer.exe %1"_s);
+    }
     void Open(const QByteArray& bytes) { Abrir(home.Put("juego.lua", bytes)); }
     QByteArray Temporal() { return home.Get("programa/temp.lua"); }
     // Gives the name, the answer to the question if there is one, and meets the message.
@@ -29,12 +36,7 @@ protected:
 } // namespace
 
 TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
-    home.Put("programa/QM/luaplayer", "#!/bin/sh\ncp \"$1\" \"$HOME/visto.new\"\n"
-                                      "mv \"$HOME/visto.new\" \"$HOME/visto\"\n");
-    fs::permissions(home.Root() / "programa/QM/luaplayer", fs::perms::owner_all);
-    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".lua"_s, u"c"_s);
-    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"c\\shell\\open\\command"_s,
-                           u"C:\\programa\\QM\\luaplayer.exe %1"_s);
+    RegisterPlayer();
     principal.ejecutar_lua_Click(); // not a document: nothing
     Press("mnuarchivonuevo");
     EXPECT_EQ(Temporal(), "\r\n");
@@ -49,20 +51,23 @@ TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
     Active()->txtFile().Text(u"→ñ"_s);
     Press("ejecutar_lua");
     EXPECT_EQ(Temporal(), u"→ñ\r\n"_s.toUtf8());
+    Active()->txtFile().Text(u"otro"_s);
     Press("mnuopcionesconfiguracion");
-    Press("ejecutar_lua");
+    Press("ejecutar_lua"); // a tool window: nothing
     EXPECT_EQ(Temporal(), u"→ñ\r\n"_s.toUtf8());
 }
 
 TEST_F(DeployTest, WithoutATempFileThereIsNoRunButDocumentsOpen) {
     fs::create_directories(home.Root() / "programa/temp.lua");
-    home.Put("bin/xdg-open", "#!/bin/sh\ntouch \"$HOME/visto\"\n");
+    RegisterPlayer();
     Press("mnuarchivonuevo");
     ASSERT_TRUE(Active());
     dialogs.Expect(u"es una carpeta"_s, Answer::Ok);
     Press("ejecutar_lua");
     EXPECT_TRUE(dialogs.messages[0].text.contains(u"temp.lua"_s));
     EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Error);
+    QTest::qWait(300);
+    EXPECT_FALSE(fs::exists(home.Root() / "visto.new") || fs::exists(home.Root() / "visto"));
 }
 
 TEST_F(DeployTest, CompilarWritesTheTextAndSaysSo) {
@@ -82,6 +87,13 @@ TEST_F(DeployTest, CompilarWritesTheTextAndSaysSo) {
     EXPECT_EQ(home.Get("juego.lua"), "a\xF1o\n\r");
     EXPECT_TRUE(Active()->flagGuardar);
     EXPECT_TRUE(Reciente(1)->text().contains(u"juego.lua"_s));
+
+    Active()->txtFile().SelText(u"→"_s); // needs another encoding, but in the copy alone
+    Compilar(u"C:\\flecha.lua"_s, u"generado en"_s);
+    EXPECT_TRUE(home.Get("flecha.lua").contains("\xC3\xB1"));
+    Press("mnuediciondeshacer");
+    Press("mnuarchivoguardar");
+    EXPECT_EQ(home.Get("juego.lua"), "xa\xF1o\n\r");
 }
 
 TEST_F(DeployTest, CompilarReplacesOnlyAfterAYes) {
@@ -100,7 +112,7 @@ TEST_F(DeployTest, CompilarReplacesOnlyAfterAYes) {
     Compilar(u"C:\\viejo.lua"_s, u"viejo.lua generado en C:\\viejo.lua"_s, true);
     EXPECT_EQ(home.Get("viejo.lua"), "nuevo");
     EXPECT_EQ(home.Get("otro.lua"), "viejo"); // the old file is gone from this name alone
-    EXPECT_NE(fs::status(old).permissions() & fs::perms::owner_write, fs::perms::none);
+    EXPECT_EQ(fs::status(old).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 
     fs::create_symlink("juego.lua", home.Root() / "enlace.lua");
     Compilar(u"C:\\enlace.lua"_s, u"generado en"_s, true);
@@ -112,7 +124,9 @@ TEST_F(DeployTest, CompilarReplacesOnlyAfterAYes) {
 
 TEST_F(DeployTest, CompilarThatFailsSaysWhyAndNothingElse) {
     fs::create_directories(home.Root() / "carpeta.lua");
+    ::mkfifo((home.Root() / "tubo").c_str(), 0600);
     Open("x");
+    Compilar(u"C:\\tubo"_s, u"no es un archivo normal"_s, true);
     Compilar(u"C:\\carpeta.lua"_s, u"es una carpeta"_s);
     Compilar(u"C:\\no\\hay.lua"_s, u"la carpeta no existe"_s);
 }

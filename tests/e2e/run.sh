@@ -10,6 +10,7 @@ home=$(mktemp -d)
 export HOME=$home QUILLMARK_HOME=$home/programa XDG_CONFIG_HOME=$home/.config XDG_RUNTIME_DIR=$home/run
 export XDG_DATA_HOME=$home/.local/share
 export LC_ALL=C.UTF-8
+unset XDG_CURRENT_DESKTOP DESKTOP_SESSION KDE_FULL_SESSION KDE_SESSION_VERSION QT_QPA_PLATFORM
 mkdir -p "$home/juegos" "$home/programa" && mkdir -m 700 "$home/run"
 start_display 1366x850
 trap 'kill ${pid:-} $display_pids 2>/dev/null; rm -rf "$home"' EXIT

@@ -19,7 +19,7 @@ protected:
         RegSetValueA(HKEY_CLASSES_ROOT, u".xyz"_s, u"clase"_s);
         const RegistryKey key = RegCreateKeyA(HKEY_CLASSES_ROOT, u"clase"_s);
         RegSetValueA(key, QString(), u"Un <título>"_s);
-        RegSetValueA(key, u"shell\\open\\command"_s, u"C:\\programa\\mi player.exe %1"_s);
+        RegSetValueA(key, u"shell\\open\\command"_s, u"C:\\programa\\mi 'player'.exe %1"_s);
         RegSetValueA(key, u"DefaultIcon"_s, u"C:\\programa\\lua.ico"_s);
         home.Put("programa/lua.ico", Shipped("lua.ico"));
     }
@@ -43,8 +43,8 @@ protected:
 } // namespace
 
 TEST_F(FileAssociationTest, TheDesktopKnowsTypeIconsAndProgram) {
-    home.Put("programa/mi player", "#!/bin/sh\n");
-    fs::permissions(home.Root() / "programa/mi player", fs::perms::owner_all);
+    home.Put("programa/mi 'player'", "#!/bin/sh\necho \"$0\" \"$1\"\n");
+    fs::permissions(home.Root() / "programa/mi 'player'", fs::perms::owner_all);
     home.Put(".config/mimeapps.list", "[Added Associations]\nimage/png=x.desktop;\n");
     PutToDesktop(u".xyz"_s);
     const QString file = QString::fromStdString(home.Root() / "a.xyz");
@@ -67,10 +67,11 @@ TEST_F(FileAssociationTest, TheDesktopKnowsTypeIconsAndProgram) {
         EXPECT_EQ(icon.size(), QSize(size, size));
     }
     const QByteArray entry = home.Get(share + "applications/quillmark-xyz.desktop");
-    EXPECT_TRUE(entry.contains("\nName=Mi player\n"));
+    EXPECT_TRUE(entry.contains("\nName=Mi 'player'\n"));
     EXPECT_TRUE(entry.contains("quillmark/bin/quillmark-xyz %f\n")); // no blank to stumble on
-    EXPECT_EQ(fs::read_symlink(home.Root() / (share + "quillmark/bin/quillmark-xyz")),
-              home.Root() / "programa/mi player");
+    const fs::path script = home.Root() / (share + "quillmark/bin/quillmark-xyz");
+    EXPECT_EQ(Ask(QString::fromStdString(script), {u"a b"_s}),
+              QString::fromStdString(home.Root() / "programa/mi 'player'") + u" a b"_s);
     const QByteArray list = home.Get(".config/mimeapps.list");
     PutToDesktop(u".xyz"_s);
     EXPECT_EQ(home.Get(".config/mimeapps.list"), list);
@@ -85,13 +86,14 @@ TEST_F(FileAssociationTest, ATypeThatTheDesktopHasIsUsed) {
 }
 
 TEST_F(FileAssociationTest, WhatCannotBeWrittenIsLeftOut) {
-    fs::remove(home.Root() / "programa/lua.ico");
+    home.Put("programa/lua.ico", Shipped("lua.ico").chopped(1000));
     home.Put(share + "mime/packages", "a file");
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", ""); // no tool of the desktop is there
     PutToDesktop(u".xyz"_s);
     qputenv("PATH", path);
     EXPECT_FALSE(home.Get(share + "applications/quillmark-xyz.desktop").isEmpty());
+    EXPECT_FALSE(fs::exists(home.Root() / (share + "icons/hicolor/0x0")));
     fs::remove_all(home.Root() / ".config/mimeapps.list");
     fs::remove_all(home.Root() / (share + "applications"));
     home.Put(share + "applications", "a file");

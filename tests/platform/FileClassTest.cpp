@@ -5,6 +5,7 @@
 #include "platform/ShellExecute.h"
 #include "support/TestHome.h"
 
+#include <QRegularExpression>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -70,7 +71,7 @@ TEST_F(FileClassTest, CommandsAreTakenApart) {
     EXPECT_EQ(parsed(u"\"C:\\programa\\con.exe\"  -x \"a b\" \"\""_s), u"programa/con|-x|a b|"_s);
     EXPECT_EQ(parsed(u"C:\\programa\\con blancos %1"_s), u"programa/con blancos %1|"_s);
     EXPECT_EQ(parsed(u"C:\\programa\\con otros %1"_s), u"programa/con|otros|%1"_s);
-    EXPECT_EQ(parsed(u"C:\\no hay\\x.exe %1 -y"_s), u"no hay/x|%1|-y"_s);
+    EXPECT_EQ(parsed(u"C:\\no 1% hay\\x.exe %1"_s), u"no 1% hay/x|%1"_s);
     EXPECT_EQ(parsed(u"C:\\programa\\Quillmark.exe %1"_s), u"bin/quillmark|%1"_s);
     PutPlayer("programa/quillmark");
     EXPECT_EQ(parsed(u"C:\\programa\\Quillmark.exe %1"_s), u"programa/quillmark|%1"_s);
@@ -88,9 +89,10 @@ TEST_F(FileClassTest, AFileIsOpenedByItsClassOrByTheDesktop) {
     home.Put("bin/xdg-open", "#!/bin/sh\n"); // no longer asked
     ShellExecuteA(script);
     EXPECT_EQ(Seen(), "1|~/mis juegos/ñ $x.LUA|~/mis juegos|/dev/null|");
-    for (const QString& nothing : {u"C:\\no hay.exe %1"_s, u"Q:\\x.exe %1"_s, u"C:\\ %1"_s}) {
+    for (const QString& nothing : {u"C:\\no hay.exe %1"_s, u"Q:\\x.exe %1"_s}) {
         Register(nothing);
-        ShellExecuteA(script); // says nothing
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"no hay|Q:"_s));
+        ShellExecuteA(script); // the log alone knows
     }
     qputenv("PATH", path);
 }

@@ -55,6 +55,20 @@ private:
 
 } // namespace
 
+TEST_F(FilesTest, AReplacedFileStandsUntilTheNewOneIsWhole) {
+    WriteFile(a, "viejo");
+    fs::permissions(home.Root() / "a.lua", fs::perms::owner_read);
+    const int entries = EntriesAtHome();
+    {
+        const SizeLimit limit(1000);
+        EXPECT_FALSE(FailureOf([&] { ReplaceFile(a, QByteArray(2000, 'x')); }).isEmpty());
+    }
+    EXPECT_EQ(home.Get("a.lua"), "viejo");
+    EXPECT_EQ(EntriesAtHome(), entries);
+    ReplaceFile(a, "nuevo");
+    EXPECT_EQ(home.Get("a.lua"), "nuevo");
+}
+
 TEST_F(FilesTest, AWrittenFileIsReadBackAndKeepsItsPermissions) {
     WriteFile(a, "uno");
     fs::permissions(home.Root() / "a.lua", fs::perms(0751));

@@ -82,6 +82,7 @@ TEST_F(Form2Test, EachTypeOfFileIsRegisteredAtItsButton) {
     const QByteArray store = home.Get(".config/Quillmark/Clases de archivos.conf");
     auto* button = Window()->findChild<QPushButton*>(u"Command1"_s);
     button->setFocus();
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".qmk"_s, QString());
     QTest::keyClick(button, Qt::Key_Return); // presses itself, not "Aceptar"
     Click("KewlButtons3");
     EXPECT_EQ(home.Get(".config/Quillmark/Clases de archivos.conf"), store);

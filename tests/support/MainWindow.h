@@ -20,7 +20,10 @@ protected:
         platform::ReplaceEndProcess([this] { ++ended; });
         principal.Show();
     }
-    ~MainWindow() override { platform::ReplaceEndProcess({}); }
+    ~MainWindow() override {
+        platform::ReplaceEndProcess({});
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     // By then the entries that need a document are enabled and what was closed is gone.
     void Press(const char* entrada) {
