@@ -8,17 +8,17 @@ namespace assist {
 
 /// One tab of the catalogue: a frame with option buttons, or with an inner frame that holds a list.
 struct Pestana {
-    const char16_t* rotulo;
-    const char* marco;
+    const char16_t* rotulo = u"";
+    const char* marco = "";
     const char* marcoInterior = nullptr;
     const char16_t* rotuloInterior = u"";
 };
 
 /// A call that can be put into a script.
 struct EntradaCatalogo {
-    size_t pestana;
-    const char* control; ///< its option button, or the list that holds it
-    const char16_t* rotulo;
+    size_t pestana = 0;
+    const char* control = ""; ///< its option button, or the list that holds it
+    const char16_t* rotulo = u"";
     const char16_t* codigo = nullptr; ///< where it isn't the caption; lines end in CR LF
 
     QString Rotulo() const { return QString::fromUtf16(rotulo); }

@@ -31,8 +31,8 @@ protected:
 
 private:
     struct Canal {
-        QSlider* deslizador;
-        QLineEdit* texto;
+        QSlider* deslizador = nullptr;
+        QLineEdit* texto = nullptr;
     };
 
     void Unir(const Canal& canal);
@@ -41,7 +41,7 @@ private:
     void KewlButtons2_Click();
 
     std::unique_ptr<Ui::Form1> m_ui;
-    std::array<Canal, 3> m_canales;
+    std::array<Canal, 3> m_canales{};
 };
 
 } // namespace assist

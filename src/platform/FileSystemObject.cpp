@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/FileSystemObject.h"
 
-#include "platform/Failure.h"
-#include "platform/Files.h"
+#include "platform/FileErrors.h"
 #include "platform/Paths.h"
 
 #include <cerrno>

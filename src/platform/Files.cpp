@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Files.h"
 
-#include "platform/Failure.h"
+#include "platform/FileErrors.h"
+#include "platform/FileHandle.h"
 #include "platform/Paths.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>
@@ -24,121 +24,19 @@ namespace fs = std::filesystem;
 constexpr qint64 kLargestFile = qint64{1} << 30;
 constexpr int kLargestLinkDepth = 40;
 
-// An errno on its way to the one place that knows the path and the verb.
-struct SystemError {
-    int number;
-};
-
-[[noreturn]] void ThrowErrno() {
-    throw SystemError{errno};
-}
-
-// Our own numbers beside those of errno.
-constexpr int kNotRegular = -1;
-constexpr int kTooLarge = -2;
-
-struct ErrorRow {
-    int number;
-    FailureCode code;
-    const char16_t* text;
-};
-
-constexpr std::array kErrors = {
-    ErrorRow{kNotRegular, FailureCode::PathFileAccess, u"no es un archivo normal"},
-    ErrorRow{kTooLarge, FailureCode::PathFileAccess, u"es demasiado grande (más de 1 GiB)"},
-    ErrorRow{ENOENT, FailureCode::FileNotFound, u"no existe"},
-    ErrorRow{ENOTDIR, FailureCode::PathNotFound, u"la carpeta no existe"},
-    ErrorRow{EISDIR, FailureCode::PathFileAccess, u"es una carpeta"},
-    ErrorRow{EACCES, FailureCode::PermissionDenied, u"no tienes permiso"},
-    ErrorRow{EPERM, FailureCode::PermissionDenied, u"la operación no está permitida"},
-    ErrorRow{EROFS, FailureCode::PermissionDenied, u"el disco es de solo lectura"},
-    ErrorRow{ENOSPC, FailureCode::DiskFull, u"el disco está lleno"},
-    ErrorRow{EDQUOT, FailureCode::DiskFull, u"se ha agotado tu cuota de disco"},
-    ErrorRow{EFBIG, FailureCode::DiskFull, u"el archivo sería demasiado grande"},
-    ErrorRow{ENAMETOOLONG, FailureCode::PathFileAccess, u"el nombre es demasiado largo"},
-    ErrorRow{ELOOP, FailureCode::PathFileAccess, u"hay un ciclo de enlaces"},
-    ErrorRow{EIO, FailureCode::PathFileAccess, u"el disco no responde bien"},
-    ErrorRow{EMFILE, FailureCode::PathFileAccess, u"hay demasiados archivos abiertos"},
-    ErrorRow{ETXTBSY, FailureCode::PathFileAccess, u"el archivo está en uso"},
-};
-
-const ErrorRow* FindError(int number) {
-    const auto* row = std::find_if(kErrors.begin(), kErrors.end(),
-                                   [=](const ErrorRow& r) { return r.number == number; });
-    return row == kErrors.end() ? nullptr : row;
-}
-
-Failure FileFailure(QStringView verb, const QString& path, SystemError error) {
-    const ErrorRow* row = FindError(error.number);
-    return {row ? row->code : FailureCode::PathFileAccess, QStringLiteral("Archivos"),
-            FileFailureText(verb, path, ErrorText(error.number))};
-}
-
-class FileHandle {
-public:
-    FileHandle(const fs::path& path, int flags, mode_t mode = 0)
-        : m_fd(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
-        if (m_fd < 0)
-            ThrowErrno();
-    }
-    ~FileHandle() { ::close(m_fd); }
-    FileHandle(const FileHandle&) = delete;
-    FileHandle& operator=(const FileHandle&) = delete;
-
-    int Descriptor() const { return m_fd; }
-
-    struct stat Status() const {
-        struct stat status = {};
-        if (::fstat(m_fd, &status) != 0)
-            ThrowErrno();
-        return status;
-    }
-
-    void WriteAll(const QByteArray& bytes) const {
-        for (qsizetype done = 0; done < bytes.size();) {
-            const ssize_t count =
-                ::pwrite(m_fd, bytes.data() + done, static_cast<size_t>(bytes.size() - done), done);
-            if (count < 0 && errno != EINTR)
-                ThrowErrno();
-            done += std::max<ssize_t>(count, 0);
-        }
-    }
-
-    QByteArray ReadAll() const {
-        QByteArray bytes(std::min<qint64>(Status().st_size, kLargestFile) + 1, Qt::Uninitialized);
-        qsizetype done = 0;
-        for (;;) {
-            const ssize_t count =
-                ::pread(m_fd, bytes.data() + done, static_cast<size_t>(bytes.size() - done), done);
-            if (count < 0 && errno != EINTR)
-                ThrowErrno();
-            done += std::max<ssize_t>(count, 0);
-            if (count == 0)
-                break;
-            if (done > kLargestFile)
-                throw SystemError{kTooLarge};
-            if (done == bytes.size())
-                bytes.resize(bytes.size() * 2); // it grows while it is being read
-        }
-        bytes.resize(done);
-        return bytes;
-    }
-
-    void Sync() const {
-        if (::fsync(m_fd) != 0 && errno != EINVAL)
-            ThrowErrno();
-    }
-
-private:
-    int m_fd;
-};
-
-void SyncFolder(const fs::path& folder) {
-    try {
-        FileHandle(folder, O_RDONLY | O_DIRECTORY).Sync();
-    } catch (const SystemError&) {
-        // Some file systems can't sync a folder; the file itself is safe.
-    }
+QByteArray ReadAll(const FileHandle& handle) {
+    QByteArray bytes;
+    qsizetype done = 0;
+    qint64 room = handle.Status().st_size + 1;
+    do { // more than once if it grows while it is being read
+        bytes.resize(std::min(room, kLargestFile + 1));
+        done += handle.Read({bytes.data() + done, static_cast<size_t>(bytes.size() - done)}, done);
+        if (done > kLargestFile)
+            throw SystemError{kTooLarge};
+        room *= 2;
+    } while (done == bytes.size());
+    bytes.resize(done);
+    return bytes;
 }
 
 // A second file beside the target, gone again unless it takes the target's place.
@@ -154,7 +52,7 @@ public:
             if (like && (::fchown(handle.Descriptor(), like->st_uid, like->st_gid) != 0 ||
                          ::fchmod(handle.Descriptor(), like->st_mode & 07777U) != 0))
                 ThrowErrno();
-            handle.WriteAll(bytes);
+            handle.Write(bytes, 0);
             handle.Sync();
         } catch (...) {
             Remove();
@@ -234,7 +132,7 @@ void Reserve(const FileHandle& handle, qsizetype oldSize, qsizetype newSize) {
 }
 
 void Rewrite(const FileHandle& handle, const QByteArray& bytes) {
-    handle.WriteAll(bytes);
+    handle.Write(bytes, 0);
     if (::ftruncate(handle.Descriptor(), bytes.size()) != 0)
         ThrowErrno();
     handle.Sync();
@@ -242,7 +140,7 @@ void Rewrite(const FileHandle& handle, const QByteArray& bytes) {
 
 void WriteInPlace(const fs::path& target, const QByteArray& bytes) {
     const FileHandle handle(target, O_RDWR);
-    const QByteArray old = handle.ReadAll();
+    const QByteArray old = ReadAll(handle);
     try {
         Reserve(handle, old.size(), bytes.size());
         Rewrite(handle, bytes);
@@ -311,29 +209,12 @@ void Save(const QString& path, const QByteArray& bytes,
 
 } // namespace
 
-QString ErrorText(int error) {
-    const ErrorRow* row = FindError(error);
-    return row ? QString::fromUtf16(row->text)
-               : QStringLiteral("error %1 del sistema (%2)")
-                     .arg(error)
-                     .arg(QString::fromLocal8Bit(std::strerror(error)));
-}
-
-QString FileFailureText(QStringView verb, const QString& path, const QString& reason) {
-    return QStringLiteral("No se puede %1 el archivo \"%2\": %3.")
-        .arg(verb, DisplayText(path), reason);
-}
-
 QByteArray ReadFile(const QString& path) {
     try {
         // Without O_NONBLOCK the opening of a pipe would wait for a writer.
         const FileHandle handle(ToNative(path), O_RDONLY | O_NONBLOCK);
-        const struct stat status = handle.Status();
-        if (S_ISDIR(status.st_mode))
-            throw SystemError{EISDIR};
-        if (!S_ISREG(status.st_mode))
-            throw SystemError{kNotRegular};
-        return handle.ReadAll();
+        handle.RequireRegular();
+        return ReadAll(handle);
     } catch (const SystemError& error) {
         throw FileFailure(u"abrir", path, error);
     }

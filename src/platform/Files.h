@@ -24,10 +24,4 @@ void WriteFile(const QString& path, const QByteArray& bytes);
 /// one is whole and on the disk. Where the folder can't take a second file, this is WriteFile.
 void ReplaceFile(const QString& path, const QByteArray& bytes);
 
-/// The Spanish reason for a number of errno.
-QString ErrorText(int error);
-
-/// The text of a failure: the verb in Spanish ("abrir"), the file and the reason.
-QString FileFailureText(QStringView verb, const QString& path, const QString& reason);
-
 } // namespace platform

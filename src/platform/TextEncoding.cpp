@@ -2,7 +2,7 @@
 #include "platform/TextEncoding.h"
 
 #include "platform/CodePage.h"
-#include "platform/Failure.h"
+#include "platform/FileErrors.h"
 #include "platform/Files.h"
 
 #include <QStringConverter>

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Failure.h"
+
+namespace platform {
+
+/// A number of errno, or one of ours, on its way to the one place that knows the path and the verb.
+struct SystemError {
+    int number;
+};
+
+/// Our own numbers beside those of errno.
+inline constexpr int kNotRegular = -1;
+inline constexpr int kTooLarge = -2;
+
+/// Throws errno as a SystemError.
+[[noreturn]] void ThrowErrno();
+
+/// The Spanish reason for a number of errno or of ours.
+QString ErrorText(int error);
+
+/// The text of a failure: the verb in Spanish ("abrir"), the file and the reason.
+QString FileFailureText(QStringView verb, const QString& path, const QString& reason);
+Failure FileFailure(QStringView verb, const QString& path, SystemError error);
+
+} // namespace platform

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <filesystem>
+#include <span>
+#include <sys/stat.h>
+
+namespace platform {
+
+/// An open file of the desktop, closed with the object. Each operation throws a SystemError.
+class FileHandle {
+public:
+    /// `flags` and `mode` as those of open(2).
+    FileHandle(const std::filesystem::path& path, int flags, mode_t mode = 0);
+    ~FileHandle();
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+
+    int Descriptor() const { return m_fd; }
+    struct stat Status() const;
+    /// Fails unless it is a regular file.
+    void RequireRegular() const;
+
+    /// Fills the buffer from the offset on; answers how many bytes there were, fewer at the end.
+    qsizetype Read(std::span<char> buffer, qint64 offset) const;
+    void Write(QByteArrayView bytes, qint64 offset) const;
+    void Sync() const;
+
+private:
+    int m_fd;
+};
+
+/// Some file systems can't sync a folder; then nothing happens.
+void SyncFolder(const std::filesystem::path& folder);
+
+} // namespace platform
