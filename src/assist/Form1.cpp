@@ -16,9 +16,10 @@ constexpr int kIzquierda = 8000; // twips: under the catalogue
 constexpr int kArriba = 5010;
 constexpr int kMaximo = 255;
 
-// Digits with a comma or a point among them; anything else is no number here.
+// Digits, and more behind a comma or a point; anything else is no number here.
 std::optional<double> Numero(QString texto) {
-    static const QRegularExpression forma(QStringLiteral("^(?=.*[0-9])[0-9]*[.,]?[0-9]*$"));
+    static const QRegularExpression forma(
+        QRegularExpression::anchoredPattern(QStringLiteral("[0-9]+([.,][0-9]*)?")));
     if (!forma.match(texto).hasMatch())
         return std::nullopt;
     return texto.replace(u',', u'.').toDouble();
@@ -52,6 +53,8 @@ Form1::Form1() : m_ui(std::make_unique<Ui::Form1>()) {
 Form1::~Form1() = default;
 
 void Form1::Unir(const Canal& canal) {
+    const QFontMetrics letra = canal.texto->fontMetrics();
+    canal.texto->setFixedWidth(letra.horizontalAdvance(QStringLiteral("000000")));
     connect(canal.deslizador, &QSlider::valueChanged, this,
             [this, &canal] { platform::RunHandler([&] { Deslizador_Change(canal); }); });
     connect(canal.texto, &QLineEdit::textChanged, this,
@@ -76,7 +79,8 @@ void Form1::colorchange() {
 
 void Form1::Deslizador_Change(const Canal& canal) {
     const int valor = canal.deslizador->value();
-    canal.texto->setText(QString::number(valor));
+    if (canal.texto->text() != QString::number(valor)) // the caret would jump
+        canal.texto->setText(QString::number(valor));
     if (m_ui->chkGrey->isChecked()) {
         for (const Canal& otro : m_canales)
             otro.deslizador->setValue(valor);

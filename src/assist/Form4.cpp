@@ -16,7 +16,6 @@ namespace assist {
 namespace {
 
 constexpr int kIzquierda = 8000; // twips: to the right of a document where it starts
-constexpr int kPestanasPorFila = 6;
 constexpr int kLineasDeLista = 16;
 constexpr int kMargen = 8; // pixels
 
@@ -51,11 +50,14 @@ Form4::Form4(const QPointer<documents::frmDocumento>& FrmDoc)
 Form4::~Form4() = default;
 
 void Form4::HacerPestanas() {
-    m_ui->SSTab1->TabsPerRow(kPestanasPorFila);
     for (size_t i = 0; i < Pestanas().size(); ++i)
         m_ui->SSTab1->AddTab(QString::fromUtf16(Pestanas()[i].rotulo), HacerPagina(i));
-    setTabOrder(previousInFocusChain(), m_ui->KewlButtons1);
-    setTabOrder(m_ui->KewlButtons1, m_ui->KewlButtons2);
+    // The buttons come last. By way of the first entry: the toolkit takes the last one and a button
+    // for neighbours, as they are in a ring, but the tab key doesn't go round.
+    for (QPushButton* boton : {m_ui->KewlButtons2, m_ui->KewlButtons1}) {
+        for (const EntradaCatalogo& entrada : {Catalogo().front(), Catalogo().back()})
+            setTabOrder(findChild<QWidget*>(QString::fromLatin1(entrada.control)), boton);
+    }
 }
 
 QWidget* Form4::HacerPagina(size_t pestana) {
@@ -77,7 +79,9 @@ QWidget* Form4::HacerPagina(size_t pestana) {
         if (entrada.pestana != pestana)
             continue;
         if (datos.marcoInterior) {
-            Lista(dentro, entrada.control)->addItem(entrada.Rotulo());
+            QComboBox* lista = Lista(dentro, entrada.control);
+            lista->addItem(entrada.Rotulo());
+            lista->setAccessibleName(QString::fromUtf16(datos.rotuloInterior));
             continue;
         }
         auto* opcion = new QRadioButton(entrada.Rotulo(), marco);
@@ -110,7 +114,11 @@ void Form4::KewlButtons1_Click() {
     if (entrada == entradas.end() || !m_frmDoc)
         return;
     platform::RunSilently([&] { m_frmDoc->txtFile().SelText(entrada->Codigo()); });
-    platform::RunSilently([&] { m_frmDoc->txtFile().SetFocus(); });
+    platform::RunSilently([&] {
+        if (m_frmDoc->State() == platform::WindowState::Minimised)
+            m_frmDoc->State(platform::WindowState::Normal); // one sees what one types
+        m_frmDoc->txtFile().SetFocus();
+    });
 }
 
 void Form4::KewlButtons2_Click() {

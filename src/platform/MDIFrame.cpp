@@ -126,6 +126,7 @@ void MDIFrame::Prepare() {
 }
 
 void MDIFrame::Adopt(Form* form) {
+    form->resize(form->size().expandedTo(form->minimumSizeHint())); // larger fonts need more
     const QSize designed = form->size();
     auto* child = new ChildWindow(form);
     form->SetShell(child);

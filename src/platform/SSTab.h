@@ -9,15 +9,14 @@ class QStackedLayout;
 
 namespace platform {
 
-/// A tab control whose tabs stand in several rows, all in sight. Arrows move among the tabs when
-/// one has the focus; Ctrl+Tab and Ctrl+Shift+Tab go round from anywhere inside.
+/// A tab control with six tabs to a row, all rows in sight. Arrows move among the tabs when one has
+/// the focus; Ctrl+Tab and Ctrl+Shift+Tab go round from anywhere in the window that holds it.
 class SSTab : public QWidget {
     Q_OBJECT
 
 public:
     explicit SSTab(QWidget* parent = nullptr);
 
-    void TabsPerRow(int count) { m_perRow = count; }
     /// Adds a page behind the others; it becomes the tab control's own.
     void AddTab(const QString& caption, QWidget* page);
     /// The index of the tab in front, from 0; -1 without tabs.
@@ -26,14 +25,16 @@ public:
     void Tab(int index);
 
 protected:
-    bool event(QEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
+    void GoRound(int step);
+
+    QWidget* m_list;
     QButtonGroup* m_tabs;
     QGridLayout* m_rows;
     QStackedLayout* m_pages;
-    int m_perRow = 6;
 };
 
 } // namespace platform

@@ -35,8 +35,11 @@ private:
 };
 
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
-    auto* tab = qobject_cast<TabButton*>(object);
-    return tab ? new AccessibleTab(tab) : nullptr;
+    if (auto* tab = qobject_cast<TabButton*>(object))
+        return new AccessibleTab(tab);
+    if (auto* list = qobject_cast<TabList*>(object))
+        return new QAccessibleWidget(list, QAccessible::PageTabList);
+    return nullptr;
 }
 
 } // namespace
@@ -56,9 +59,13 @@ void TabButton::Mark(bool inFront) {
         palette.setColor(QPalette::ButtonText, palette.color(QPalette::HighlightedText));
     }
     setPalette(palette);
+    QAccessible::State changed;
+    changed.selected = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
-void TabButton::SpeakAsTab() {
+void SpeakAsTabs() {
     QAccessible::installFactory(MakeAccessible); // a second time changes nothing
 }
 

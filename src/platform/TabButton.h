@@ -12,11 +12,19 @@ class TabButton : public QToolButton {
 public:
     TabButton(const QString& caption, QWidget* parent);
 
-    /// Lets screen readers speak of these buttons as tabs, from now on.
-    static void SpeakAsTab();
-
 private:
     void Mark(bool inFront);
 };
+
+/// What holds them.
+class TabList : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+};
+
+/// Lets screen readers speak of these as tabs, from now on.
+void SpeakAsTabs();
 
 } // namespace platform

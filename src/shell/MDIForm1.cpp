@@ -184,7 +184,12 @@ frmDocumento* MDIForm1::NuevoScript() {
 }
 
 void MDIForm1::mnuarchivonuevo_Click() {
-    FrmDoc = NuevoScript();
+    frmDocumento* documento = NuevoScript();
+    FrmDoc = documento;
+    connect(documento, &platform::Form::Unloaded, this, [this, documento] {
+        if (FrmDoc == documento)
+            FrmDoc.clear();
+    });
 }
 
 void MDIForm1::mnuarchivoabrir_Click() {
@@ -346,6 +351,7 @@ void MDIForm1::Mostrar(QPointer<platform::Form>& ventana, const Argumentos&... a
     if (!ventana) {
         ventana = new Ventana(argumentos...);
         Adopt(ventana);
+        connect(ventana, &platform::Form::Unloaded, this, [&ventana] { ventana.clear(); });
     }
     ventana->Show();
 }

@@ -1,26 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assist/Form1.h"
-#include "support/ScriptedDialogs.h"
+#include "support/MainWindow.h"
 
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
-#include <QTest>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Form1Test : public testing::Test {
+class Form1Test : public support::MainWindow {
 protected:
-    Form1Test() { window.Show(); }
+    Form1Test() { Press("mnuherramientascolores"); }
 
     template<class Widget>
     Widget* Find(const char* name) {
-        return window.findChild<Widget*>(QString::fromLatin1(name));
+        return principal.ActiveForm()->findChild<Widget*>(QString::fromLatin1(name));
     }
     QString Code() { return Find<QLabel>("rgbcode")->text(); }
     QString Texts() {
@@ -39,15 +38,14 @@ protected:
         QTest::keyClicks(edit, text);
         return edit->text();
     }
-
-    support::ScriptedDialogs dialogs;
-    assist::Form1& window = *new assist::Form1;
 };
 
 } // namespace
 
 TEST_F(Form1Test, SlidersShowTheColor) {
-    EXPECT_EQ(window.Caption(), u"Editor de color RGB"_s);
+    const platform::Form* window = principal.ActiveForm();
+    EXPECT_EQ(window->Caption(), u"Editor de color RGB"_s);
+    EXPECT_EQ(window->Shell()->pos(), QPoint(533, 334));
     EXPECT_EQ(Code(), u"Color.new(255,255,255)"_s);
     EXPECT_EQ(Seen("colour"), 0xFFFFFFU);
     Find<QSlider>("green")->setValue(128);
@@ -57,11 +55,12 @@ TEST_F(Form1Test, SlidersShowTheColor) {
     EXPECT_EQ(Seen("Redspot"), 0xFF0000U);
     EXPECT_EQ(Seen("BlueSpot"), 0x0000FFU);
     EXPECT_EQ(Seen("colour"), 0xFF80FFU);
-    EXPECT_TRUE(Find<QWidget>("colour")->accessibleName().contains(u"verde 128"_s));
+    EXPECT_EQ(Find<QWidget>("colour")->accessibleName(), u"Color: rojo 255, verde 128, azul 255"_s);
+    EXPECT_EQ(Find<QWidget>("greenSpot")->accessibleName(), u"Verde: rojo 0, verde 128, azul 0"_s);
+    EXPECT_TRUE(Find<QWidget>("BlueSpot")->accessibleName().startsWith(u"Azul"_s));
     QTest::keyClick(Find<QSlider>("green"), Qt::Key_Left);
     QTest::keyClick(Find<QSlider>("green"), Qt::Key_PageDown);
     EXPECT_EQ(Code(), u"Color.new(255,111,255)"_s);
-    window.Unload();
 }
 
 TEST_F(Form1Test, GreyFollowsTheMovedSlider) {
@@ -76,7 +75,12 @@ TEST_F(Form1Test, GreyFollowsTheMovedSlider) {
     Find<QRadioButton>("chkColor")->click();
     Find<QSlider>("red")->setValue(1);
     EXPECT_EQ(Code(), u"Color.new(1,20,20)"_s);
-    window.Unload();
+    Press("mnuherramientascolores"); // the same again
+    EXPECT_EQ(Code(), u"Color.new(1,20,20)"_s);
+    QTest::mouseClick(Find<QPushButton>("KewlButtons2"), Qt::LeftButton);
+    Press("mnuherramientascolores");
+    EXPECT_EQ(Code(), u"Color.new(255,255,255)"_s);
+    EXPECT_TRUE(Find<QRadioButton>("chkColor")->isChecked());
 }
 
 TEST_F(Form1Test, TextsSetTheirSliderOrAreRefused) {
@@ -104,5 +108,10 @@ TEST_F(Form1Test, TextsSetTheirSliderOrAreRefused) {
     EXPECT_EQ(refused(u"1e"_s), u"1"_s);
     EXPECT_EQ(refused(u","_s), u"7"_s);
     EXPECT_EQ(dialogs.messages[0].title, u"Informacion de Quillmark"_s);
-    window.Unload();
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::None);
+    edit->setText(u"125"_s);
+    edit->setCursorPosition(1);
+    QTest::keyClick(edit, Qt::Key_Delete);
+    QTest::keyClick(edit, Qt::Key_Delete); // the caret stays where it is
+    EXPECT_EQ(edit->text(), u"1"_s);
 }

@@ -49,6 +49,13 @@ protected:
 TEST_F(Form4Test, EveryEntryIsInSightAndInsertsItself) {
     const auto frames = assist::Pestanas();
     ASSERT_EQ(frames.size(), 12U);
+    QStringList captions;
+    for (const auto* tab : Tabs()->findChildren<QToolButton*>())
+        captions.append(tab->text());
+    EXPECT_EQ(captions.join(u' '), u"Pantalla Imagenes Fuentes Controles Bucles Bateria IrDA "
+                                   "Entrada/Salida Memoria Usb Sonido Wlan"_s);
+    EXPECT_EQ(Find<QGroupBox>("Frame13")->title(), u"Direccion, juego y botonos principales"_s);
+    EXPECT_EQ(Find<QGroupBox>("Frame18")->title(), u"Music, Sound  y Voice"_s);
     QStringList shown;
     for (size_t i = 0; i < frames.size(); ++i) {
         Tabs()->Tab(static_cast<int>(i));
@@ -90,6 +97,14 @@ TEST_F(Form4Test, EveryEntryIsInSightAndInsertsItself) {
           u"usar\r\n\r\nend",
           u"Option26 if  X  then ... end if ___ then     --cambia ___ por la comparación que deses "
           u"usar\r\n\r\nend",
+          u"Option1 screen.waitVblankStart() screen.waitVblankStart()",
+          u"Option15 Font.load(filename) Font.load(filename)",
+          u"Combo1 Controls.read():home() Controls.read():home()",
+          u"Option38 System.powerTick() System.powerTick()",
+          u"Option41 System.irdaRead() System.irdaRead()",
+          u"Option47 System.removeFile(path) System.removeFile(path)",
+          u"Option48 System.getFreeMemory() System.getFreeMemory()",
+          u"Option50 System.usbDiskModeDeactivate() System.usbDiskModeDeactivate()",
           u"Combo2 voice:playing() voice:playing()", u"Option62 Socket:close() Socket:close()"})
         EXPECT_TRUE(shown.contains(QString::fromUtf16(row)));
 }
@@ -106,6 +121,42 @@ TEST_F(Form4Test, TheSnippetReplacesTheSelectionAndTypingGoesOn) {
     script->txtFile().Undo();
     script->txtFile().Undo(); // one step
     EXPECT_EQ(script->txtFile().Text(), u"dos palabras\n"_s);
+}
+
+TEST_F(Form4Test, ItStandsBesideTheScriptAndStartsAnew) {
+    EXPECT_EQ(window->Caption(), QString(61, u' ') + u"Ventana de códigos"_s);
+    EXPECT_EQ(window->Shell()->pos(), QPoint(533, 0));
+    script->State(platform::WindowState::Minimised);
+    Tabs()->Tab(1);
+    Insert();
+    EXPECT_EQ(script->State(), platform::WindowState::Normal);
+    Press("mnuherramientasventana");
+    EXPECT_EQ(principal.ActiveForm(), window);
+    QTest::mouseClick(Find<QPushButton>("KewlButtons2"), Qt::LeftButton);
+    principal.mnuherramientasventana_Click(); // at once, before the old one is destroyed
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    window = dynamic_cast<assist::Form4*>(principal.ActiveForm());
+    ASSERT_TRUE(window);
+    EXPECT_EQ(Tabs()->Tab(), 0);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_FALSE(principal.ActiveForm() == window);
+}
+
+TEST_F(Form4Test, LargerFontsGetALargerWindow) {
+    window->Unload();
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSize(14);
+    QApplication::setFont(large);
+    Press("mnuherramientasventana");
+    QTest::qWait(1);
+    for (const auto* button : principal.ActiveForm()->findChildren<QAbstractButton*>()) {
+        if (!button->isVisible())
+            continue;
+        EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
+        EXPECT_GE(button->height(), button->sizeHint().height()) << button->text().toStdString();
+    }
+    QApplication::setFont(before);
 }
 
 TEST_F(Form4Test, TheYoungestNewScriptIsTheTarget) {
@@ -141,11 +192,15 @@ TEST_F(Form4Test, TabsAreReachedByKeysAndSpokenOf) {
         QTest::keyClick(principal.windowHandle(), key, modifiers);
         return Tabs()->Tab();
     };
+    EXPECT_EQ(press(Qt::Key_Left), 11);
+    EXPECT_EQ(press(Qt::Key_Right), 0);
     EXPECT_EQ(press(Qt::Key_Right), 1);
     EXPECT_EQ(press(Qt::Key_Down), 7);
     EXPECT_EQ(press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier), 6);
     EXPECT_EQ(press(Qt::Key_Tab), 6);
     EXPECT_TRUE(Find<QRadioButton>("Option39")->hasFocus());
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(Find<QPushButton>("KewlButtons1")->hasFocus());
     EXPECT_EQ(press(Qt::Key_Tab, Qt::ControlModifier), 7);
     Tabs()->Tab(11);
     EXPECT_EQ(press(Qt::Key_Tab, Qt::ControlModifier), 0);
@@ -155,15 +210,11 @@ TEST_F(Form4Test, TabsAreReachedByKeysAndSpokenOf) {
     auto* second = Tabs()->findChildren<QToolButton*>().at(1);
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(second);
     EXPECT_EQ(spoken->role(), QAccessible::PageTab);
+    EXPECT_EQ(spoken->parent()->role(), QAccessible::PageTabList);
+    EXPECT_EQ(spoken->parent()->childCount(), 12);
     EXPECT_EQ(spoken->text(QAccessible::Name), u"Imagenes"_s);
     EXPECT_FALSE(spoken->state().selected);
     spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(spoken->state().selected);
     EXPECT_EQ(Tabs()->Tab(), 1);
-    Press("mnuherramientasventana");
-    QTest::keyClick(window, Qt::Key_Escape);
-    Press("mnuherramientasventana");
-    EXPECT_NE(principal.ActiveForm(), script);
-    window = dynamic_cast<assist::Form4*>(principal.ActiveForm());
-    EXPECT_EQ(Tabs()->Tab(), 0); // a new one
 }
