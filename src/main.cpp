@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr const char* kVersion = "Quillmark 3.0.0\n";
 constexpr const char* kHelp = "Uso: quillmark [ARCHIVO]\n"
                               "Abre Quillmark y, si se da, el script o proyecto ARCHIVO.\n"
                               "\n"
@@ -27,7 +26,7 @@ std::optional<std::string> TerminalAnswer(const std::vector<std::string>& argume
     if (arguments.size() == 1 && arguments.front() == "--help")
         return kHelp;
     if (arguments.size() == 1 && arguments.front() == "--version")
-        return kVersion;
+        return "Quillmark " + platform::ProgramVersion().toStdString() + "\n";
     return std::nullopt;
 }
 

@@ -22,6 +22,7 @@ constexpr std::array kErrors = {
     ErrorRow{kTooLarge, FailureCode::PathFileAccess, u"es demasiado grande (más de 1 GiB)"},
     ErrorRow{ENOENT, FailureCode::FileNotFound, u"no existe"},
     ErrorRow{ENOTDIR, FailureCode::PathNotFound, u"la carpeta no existe"},
+    ErrorRow{EEXIST, FailureCode::PathFileAccess, u"ya existe"},
     ErrorRow{EISDIR, FailureCode::PathFileAccess, u"es una carpeta"},
     ErrorRow{EACCES, FailureCode::PermissionDenied, u"no tienes permiso"},
     ErrorRow{EPERM, FailureCode::PermissionDenied, u"la operación no está permitida"},

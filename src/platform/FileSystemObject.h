@@ -13,6 +13,14 @@ public:
     /// Removes a file; one without write permission only with `force`. Fails with a text that names
     /// the file and the reason.
     void DeleteFile(const QString& path, bool force = false) const;
+
+    /// True for a folder, or a link to one.
+    bool FolderExists(const QString& path) const;
+    /// Removes a folder with all it holds, and what has no write permission too with `force`. Links
+    /// are removed, never followed, the path itself too. Fails as DeleteFile does.
+    void DeleteFolder(const QString& path, bool force = false) const;
+    /// Makes one folder, in one that is there. Fails as DeleteFile does.
+    void CreateFolder(const QString& path) const;
 };
 
 } // namespace platform

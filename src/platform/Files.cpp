@@ -209,6 +209,18 @@ void Save(const QString& path, const QByteArray& bytes,
 
 } // namespace
 
+QByteArray ReadFileHead(const QString& path, qint64 count) {
+    try {
+        const FileHandle handle(ToNative(path), O_RDONLY | O_NONBLOCK);
+        handle.RequireRegular();
+        QByteArray bytes(count, Qt::Uninitialized);
+        bytes.resize(handle.Read({bytes.data(), static_cast<size_t>(count)}, 0));
+        return bytes;
+    } catch (const SystemError& error) {
+        throw FileFailure(u"abrir", path, error);
+    }
+}
+
 QByteArray ReadFile(const QString& path) {
     try {
         // Without O_NONBLOCK the opening of a pipe would wait for a writer.

@@ -12,6 +12,9 @@ namespace platform {
 /// Reads a regular file of at most 1 GiB. Folders, pipes and devices are refused.
 QByteArray ReadFile(const QString& path);
 
+/// The first bytes of such a file, at most `count`; the rest isn't read.
+QByteArray ReadFileHead(const QString& path, qint64 count);
+
 /// Writes the whole file or leaves the old one as it was. The bytes are on the disk on return. A
 /// new file appears under its name only when it is whole. Permissions, owner, and links, symbolic
 /// and hard, are kept; a file whose write permission is missing is refused. Where the folder can't

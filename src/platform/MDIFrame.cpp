@@ -158,6 +158,10 @@ int MDIFrame::Height() const {
     return ToTwips(inner) + Form::kFrameHeight + kFrameChrome;
 }
 
+int MDIFrame::Width() const {
+    return ToTwips(m_area->viewport()->width()) + Form::kFrameWidth;
+}
+
 std::vector<QMdiSubWindow*> MDIFrame::Shells(bool minimised) const {
     std::vector<QMdiSubWindow*> shells;
     for (QMdiSubWindow* child : m_area->subWindowList()) {

@@ -40,6 +40,7 @@ public:
     /// Height in twips as the program was designed for it: a child that is 900 twips less high just
     /// fits into the frame.
     int Height() const;
+    int Width() const;
 
 protected:
     /// Does what can be done before the first showing, so that this is quick.

@@ -64,6 +64,10 @@ void CopyMissing(const fs::path& from, const fs::path& to) {
 
 } // namespace
 
+QString ProgramVersion() {
+    return QStringLiteral(QUILLMARK_VERSION);
+}
+
 void FindHome() {
     const char* home = std::getenv("HOME");
     const passwd* user = home && *home ? nullptr : ::getpwuid(::getuid());

@@ -8,6 +8,9 @@
 
 namespace platform {
 
+/// The version of the program: major, minor and revision with points between them.
+QString ProgramVersion();
+
 /// Gives a process without HOME the home folder of its user. Call before anything else.
 void FindHome();
 

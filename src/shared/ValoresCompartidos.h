@@ -17,6 +17,10 @@ struct ValoresCompartidos {
     QString nombre_script;        ///< name of the script as last published
     TextoPublicado texto_script;  ///< text of the script as last published
     QString texto_temporal;       ///< text of the last test run
+    QString carpeta_firmware;     ///< the firmware's folder, as last worked out
+    QString origen_eboot;         ///< the loader that was sent last, a program path
+    QString version;              ///< the program's, as the update window knows it
+    qint16 segundos = 0;          ///< since the last look for an update began
     std::unique_ptr<platform::FileSystemObject> fso;
     QPointer<platform::Form> documento_explorador; ///< the document opened last from the explorer
 };

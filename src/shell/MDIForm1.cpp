@@ -6,6 +6,7 @@
 #include "assist/Plantillas.h"
 #include "deploy/GenerarLua.h"
 #include "deploy/PruebaLua.h"
+#include "deploy/transfer_form.h"
 #include "documents/CodeMaxConstants.h"
 #include "platform/Dialogs.h"
 #include "platform/Failure.h"
@@ -15,6 +16,7 @@
 #include "shell/Form2.h"
 #include "shell/Form3.h"
 #include "shell/MenuPrincipal.h"
+#include "update/Form7.h"
 
 #include <QMenuBar>
 #include <array>
@@ -341,13 +343,18 @@ void MDIForm1::ejecutar_lua_Click() {
     platform::ShellExecuteA(ruta_programa + QStringLiteral("temp.lua"));
 }
 
+void MDIForm1::transfer_Click() {
+    documents::MarcoDocumentos& marco = *this;
+    Mostrar<deploy::transfer_form>(m_transferForm, marco, m_compartido);
+}
+
 void MDIForm1::mnugenerarlua_Click() {
     if (frmDocumento* documento = DocumentoActivo())
         deploy::GenerarLua(*documento, CommonDialog1, *m_compartido.fso);
 }
 
 template<class Ventana, class... Argumentos>
-void MDIForm1::Mostrar(QPointer<platform::Form>& ventana, const Argumentos&... argumentos) {
+void MDIForm1::Mostrar(QPointer<platform::Form>& ventana, Argumentos&... argumentos) {
     if (!ventana) {
         ventana = new Ventana(argumentos...);
         Adopt(ventana);
@@ -399,6 +406,7 @@ void MDIForm1::mnuventanacerrar_Click() {
 void MDIForm1::actualizacion_online_Click() {
     MsgBox(QStringLiteral("Actualizacion OnLine aun no disponible"), Buttons::Ok, Icon::Information,
            kProductoVersion);
+    platform::CurrentDialogs().RunModal(*new update::Form7(this, m_compartido));
 }
 
 void MDIForm1::mnuayudaacerca_Click() {

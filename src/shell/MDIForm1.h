@@ -36,6 +36,7 @@ public:
 
     void crear_temporal_click() override;
     void Rotulo(const QString& texto) override { Caption(texto); }
+    int Ancho() const override { return Width(); }
     int Alto() const override { return Height(); }
 
     void mnuarchivonuevo_Click();
@@ -60,6 +61,7 @@ public:
     void mnucodigosanimacion_Click();
     void ejecutar_lua_Click();
     void mnugenerarlua_Click();
+    void transfer_Click();
     void mnuopcionesconfiguracion_Click();
     void mnuventanacascada_Click();
     void mnuventanamosaicov_Click();
@@ -93,7 +95,7 @@ private:
     void AnadirPlantilla(const QString& archivo);
     /// Shows a window of which there is only one, made at its first use.
     template<class Ventana, class... Argumentos>
-    void Mostrar(QPointer<platform::Form>& ventana, const Argumentos&... argumentos);
+    void Mostrar(QPointer<platform::Form>& ventana, Argumentos&... argumentos);
     void TodasAlEstado(platform::WindowState estado);
 
     shared::ValoresCompartidos& m_compartido;
@@ -107,6 +109,7 @@ private:
     QPointer<platform::Form> m_form1;
     QPointer<platform::Form> m_form2;
     QPointer<platform::Form> m_form4;
+    QPointer<platform::Form> m_transferForm;
 };
 
 } // namespace shell

@@ -66,7 +66,7 @@ constexpr std::array kMenu = {
     EntradaMenu{1, "ejecutar_lua", u"Ejecutar", "F5", &M::ejecutar_lua_Click, kConDocumento},
     EntradaMenu{1, "mnugenerarlua", u"Compilar y guardar", "F6", &M::mnugenerarlua_Click,
                 kConDocumento},
-    EntradaMenu{1, "transfer", u"Trasferir Script", "F7", nullptr, kConDocumento},
+    EntradaMenu{1, "transfer", u"Trasferir Script", "F7", &M::transfer_Click, kConDocumento},
 
     EntradaMenu{0, "mnuopciones", u"&Opciones"},
     EntradaMenu{1, "mnuopcionesconfiguracion", u"Configuración", "F4",

@@ -20,6 +20,7 @@ namespace {
 struct FakeMarco : documents::MarcoDocumentos {
     int temporales = 0;
     QString rotulo;
+    int Ancho() const override { return 0; }
     void crear_temporal_click() override { ++temporales; }
     void Rotulo(const QString& texto) override { rotulo = texto; }
     int Alto() const override { return 11000; }

@@ -246,14 +246,11 @@ TEST_F(MDIForm1Test, ClosingTheFrameAsksTheChildrenAndThenTheUser) {
     EXPECT_TRUE(principal.close());
 }
 
-TEST_F(MDIForm1Test, TheAboutWindowAndTheUpdateNotice) {
+TEST_F(MDIForm1Test, TheAboutWindow) {
     dialogs.ExpectForm([](platform::Form& form) {
         EXPECT_EQ(form.Caption(), u"Acerca de Quillmark"_s);
         QTest::keyClick(&form, Qt::Key_Escape);
         EXPECT_FALSE(form.IsLoaded());
     });
     Press("mnuayudaacerca");
-    dialogs.Expect(u"Actualizacion OnLine aun no disponible"_s, Answer::Ok);
-    Press("actualizacion_online");
-    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark v3.0.0"_s);
 }

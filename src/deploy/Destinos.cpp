@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "deploy/Destinos.h"
+
+#include "platform/Failure.h"
+#include "platform/FileSystemObject.h"
+#include "platform/Paths.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+#include <algorithm>
+#include <unistd.h>
+
+namespace deploy {
+namespace {
+
+constexpr const char16_t* kGame = u"GAME";
+constexpr const char16_t* kGame150 = u"GAME150";
+constexpr qsizetype kLongestName = 255; // UTF-16 units
+
+constexpr std::array kFirmwares = {
+    Firmware{u"Firmware 1.5", kGame},
+    Firmware{u"CF 2.71 SE-Todas versiones", kGame150},
+    Firmware{u"CF 3.03 OE-Todas versiones", kGame150},
+    Firmware{u"CF 3.10 OE-Todas versiones", kGame150},
+    Firmware{u"CF 3.30 OE-Todas versiones", kGame150},
+    Firmware{u"CF 3.40 OE-Todas versiones", kGame150},
+    Firmware{u"CF 3.52 M33-Todas versiones", kGame150},
+    Firmware{u"CF 3.71 M33-Todas versiones", kGame150},
+    Firmware{u"CF 3.80 M33-Todas versiones", kGame150},
+    Firmware{u"CF 3.90 M33-Todas versiones", kGame150},
+    Firmware{u"CF 3.93 M33-Todas versiones", kGame150},
+    Firmware{u"CF 3.93 GEN-Todas versiones", kGame150},
+    Firmware{u"CF 3.95 GEN-Todas versiones", kGame150},
+    Firmware{u"CF 4.01 M33-Todas versiones", kGame150},
+};
+
+constexpr std::array kEboots = {
+    Eboot{u"Eboot clasico", u"\\data\\EBOOT.PBP"},
+    Eboot{u"Eboot HM6.6", u"\\data\\EBOOT2.PBP"},
+    Eboot{u"Eboot HM8.0", u"\\data\\EBOOT3.PBP", true},
+    Eboot{u"Eboot PhoenixGameEngine 0.02", u"\\data\\EBOOT4.PBP"},
+};
+
+bool HasForbiddenCharacter(const QString& name) {
+    const QString forbidden = QStringLiteral("\\/:*?\"<>|") + QChar(QChar::ReplacementCharacter);
+    return std::any_of(name.begin(), name.end(), [&](QChar c) {
+        return c.unicode() < 0x20 || c.unicode() == 0x7F || forbidden.contains(c);
+    });
+}
+
+// Names of devices on the systems that share this file system, with any extension.
+bool IsDevice(const QString& name) {
+    static const QRegularExpression device(QRegularExpression::anchoredPattern(QStringLiteral(
+                                               "(con|prn|aux|nul|com[1-9]|lpt[1-9])(\\..*)?")),
+                                           QRegularExpression::CaseInsensitiveOption);
+    return device.match(name).hasMatch();
+}
+
+} // namespace
+
+std::span<const Firmware> Firmwares() {
+    return kFirmwares;
+}
+
+std::span<const Eboot> Eboots() {
+    return kEboots;
+}
+
+std::optional<QString> DefectoDeNombre(const QString& nombre) {
+    const QString shown = platform::DisplayText(nombre);
+    if (nombre.isEmpty())
+        return QStringLiteral("El script aún no tiene nombre. Pasa el ratón por la franja que hay "
+                              "encima de su texto y vuelve a intentarlo.");
+    if (nombre == u"." || nombre == u".." || HasForbiddenCharacter(shown) || IsDevice(nombre) ||
+        nombre.endsWith(u'.') || nombre.endsWith(u' ') || nombre.size() > kLongestName)
+        return QStringLiteral("\"%1\" no puede ser el nombre de una carpeta en la tarjeta de "
+                              "memoria. Guarda el script con otro nombre y pasa el ratón por la "
+                              "franja que hay encima de su texto.")
+            .arg(shown);
+    return std::nullopt;
+}
+
+std::optional<QString> DefectoDeDestino(const Destino& destino) {
+    if (destino.unidad.isEmpty())
+        return QStringLiteral("Elige en PSP la unidad de la tarjeta de memoria.");
+    if (auto defecto = DefectoDeNombre(destino.nombre))
+        return defecto;
+    const platform::FileSystemObject fso;
+    if (!fso.FolderExists(destino.unidad + u'\\'))
+        return QStringLiteral("La unidad %1 no está. Conecta la consola o la tarjeta de memoria y "
+                              "vuelve a intentarlo.")
+            .arg(destino.unidad);
+    const auto folder = platform::ToNative(destino.CarpetaFirmware());
+    if (::access(folder.c_str(), F_OK) != 0)
+        return QStringLiteral("En la unidad %1 no existe la carpeta %2. Comprueba la unidad y el "
+                              "firmware, o crea esa carpeta.")
+            .arg(destino.unidad, destino.CarpetaFirmware());
+    if (::access(folder.c_str(), W_OK | X_OK) != 0)
+        return QStringLiteral("No se puede escribir en %1. Quita la protección contra escritura de "
+                              "la tarjeta de memoria.")
+            .arg(destino.CarpetaFirmware());
+    return std::nullopt;
+}
+
+} // namespace deploy

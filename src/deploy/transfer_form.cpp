@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "deploy/transfer_form.h"
+
+#include "deploy/Module2.h"
+#include "platform/CopyFile.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/Handler.h"
+#include "platform/Program.h"
+#include "platform/TextEncoding.h"
+#include "ui_transfer_form.h"
+
+#include <QScopeGuard>
+
+namespace deploy {
+
+using platform::Buttons;
+using platform::Icon;
+using platform::MsgBox;
+
+transfer_form::transfer_form(documents::MarcoDocumentos& marco,
+                             shared::ValoresCompartidos& compartido)
+    : m_ui(std::make_unique<Ui::transfer_form>()), m_marco(marco), m_compartido(compartido) {
+    m_ui->setupUi(this);
+    Caption(windowTitle());
+    CancelButton(m_ui->KewlButtons2);
+    setFocusProxy(m_ui->Drive1);
+    connect(m_ui->Combo1, &QComboBox::currentIndexChanged, this,
+            [this] { platform::RunHandler([this] { Combo1_Click(); }); });
+    platform::OnEvent(m_ui->KewlButtons1, &QPushButton::clicked, this,
+                      &transfer_form::KewlButtons1_Click);
+    platform::OnEvent(m_ui->KewlButtons2, &QPushButton::clicked, this,
+                      &transfer_form::KewlButtons2_Click);
+    platform::OnEvent(m_ui->parar, &QPushButton::clicked, this, &transfer_form::parar_Click);
+}
+
+transfer_form::~transfer_form() = default;
+
+void transfer_form::Form_Load() {
+    Move(m_marco.Ancho() / 2 - Width() / 2, m_marco.Alto() / 2 - Height() / 2, Width(), Height());
+    m_ui->KewlButtons1->setEnabled(false);
+    MostrarCopia(false);
+    for (const Firmware& firmware : Firmwares())
+        m_ui->Combo1->addItem(QString::fromUtf16(firmware.nombre));
+    for (const Eboot& eboot : Eboots())
+        m_ui->Combo2->addItem(QString::fromUtf16(eboot.nombre));
+    m_ui->Combo1->setCurrentIndex(-1);
+    m_ui->Combo2->setCurrentIndex(-1);
+}
+
+void transfer_form::Combo1_Click() {
+    m_ui->KewlButtons1->setEnabled(m_ui->Combo1->currentIndex() != -1);
+}
+
+void transfer_form::KewlButtons1_Click() {
+    const auto firmware = static_cast<size_t>(m_ui->Combo1->currentIndex());
+    m_compartido.carpeta_firmware = QString::fromUtf16(Firmwares()[firmware].carpeta);
+    const Destino destino{m_ui->Drive1->Drive(), m_compartido.carpeta_firmware,
+                          m_compartido.nombre_script};
+    const QString texto = m_compartido.texto_script.Leer();
+    if (texto.isEmpty()) {
+        MsgBox(QStringLiteral("Error en la transmision del Script: ") + destino.nombre, Buttons::Ok,
+               Icon::None);
+        return;
+    }
+    if (const auto defecto = DefectoDeDestino(destino)) {
+        MsgBox(*defecto, Buttons::Ok, Icon::Information);
+        return;
+    }
+    EscribirScript(destino, texto);
+    m_cancelar = 0;
+    MostrarCopia(true);
+    const auto ociosa = qScopeGuard([this] { MostrarCopia(false); });
+    CopiarTodo(destino);
+}
+
+// The project folder is made anew, so nothing of an earlier transfer stays.
+void transfer_form::EscribirScript(const Destino& destino, const QString& texto) {
+    if (fso.FolderExists(destino.Proyecto()) || fso.FileExists(destino.Proyecto()))
+        fso.DeleteFolder(destino.Proyecto(), true);
+    fso.CreateFolder(destino.Proyecto());
+    const QByteArray utf8 = texto.toUtf8() + "\r\n";
+    platform::WriteFile(destino.Script(),
+                        platform::EncodeText(utf8, platform::TextEncoding::CodePage).bytes);
+}
+
+// "&Detener" takes the place of "&Transferir" while there is something to stop.
+void transfer_form::MostrarCopia(bool copiando) {
+    m_copiando = copiando;
+    m_ui->KewlButtons2->setEnabled(!copiando);
+    m_ui->parar->setVisible(copiando);
+    m_ui->KewlButtons1->setVisible(!copiando);
+    (copiando ? m_ui->parar : m_ui->KewlButtons1)->setFocus();
+}
+
+void transfer_form::CopiarTodo(const Destino& destino) {
+    bool conDriver = false;
+    if (const int eleccion = m_ui->Combo2->currentIndex(); eleccion != -1) {
+        const deploy::Eboot& eboot = Eboots()[static_cast<size_t>(eleccion)];
+        m_compartido.origen_eboot = platform::ProgramFolder() + QString::fromUtf16(eboot.origen);
+        conDriver = eboot.conDriver;
+    }
+    Copiar(m_compartido.origen_eboot, destino.Eboot());
+    if (!conDriver)
+        return;
+    fso.CreateFolder(destino.Drivers());
+    for (const char16_t* nombre : kDrivers)
+        Copiar(platform::ProgramFolder() + QStringLiteral("\\data") + QString::fromUtf16(nombre),
+               destino.Drivers() + QString::fromUtf16(nombre));
+}
+
+// A copy that fails says nothing, and the next one runs.
+void transfer_form::Copiar(const QString& origen, const QString& destino) {
+    platform::RunSilently([&] {
+        platform::CopyFileExA(
+            origen.trimmed(), destino.trimmed(),
+            [this](qint64 total, qint64 copied) {
+                Module2::CopyProgress(total, copied, *m_ui->cProg1);
+            },
+            m_cancelar);
+    });
+}
+
+void transfer_form::parar_Click() {
+    m_cancelar = 1;
+}
+
+void transfer_form::KewlButtons2_Click() {
+    Unload();
+}
+
+void transfer_form::Form_QueryUnload(bool& cancel) {
+    if (!m_copiando)
+        return;
+    cancel = true;
+    MsgBox(QStringLiteral("La transferencia está en marcha. Espera a que acabe o pulsa Detener."),
+           Buttons::Ok, Icon::Information);
+}
+
+} // namespace deploy

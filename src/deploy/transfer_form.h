@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "deploy/Destinos.h"
+#include "documents/MarcoDocumentos.h"
+#include "platform/Form.h"
+#include "shared/ValoresCompartidos.h"
+
+#include <memory>
+
+namespace Ui {
+class transfer_form;
+}
+
+namespace deploy {
+
+/// The window that sends the script that was published last to the console's memory stick. It can't
+/// be closed while the files are copied.
+class transfer_form : public platform::Form {
+    Q_OBJECT
+
+public:
+    transfer_form(documents::MarcoDocumentos& marco, shared::ValoresCompartidos& compartido);
+    ~transfer_form() override;
+
+protected:
+    void Form_Load() override;
+    void Form_QueryUnload(bool& cancel) override;
+
+private:
+    void Combo1_Click();
+    void KewlButtons1_Click();
+    void KewlButtons2_Click();
+    void parar_Click();
+
+    void EscribirScript(const Destino& destino, const QString& texto);
+    void MostrarCopia(bool copiando);
+    void CopiarTodo(const Destino& destino);
+    void Copiar(const QString& origen, const QString& destino);
+
+    std::unique_ptr<Ui::transfer_form> m_ui;
+    documents::MarcoDocumentos& m_marco;
+    shared::ValoresCompartidos& m_compartido;
+    platform::FileSystemObject fso;
+    int m_cancelar = 0; // not 0: no further byte is copied
+    bool m_copiando = false;
+};
+
+} // namespace deploy

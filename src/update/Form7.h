@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Form.h"
+#include "platform/Timer.h"
+#include "shared/ValoresCompartidos.h"
+
+#include <memory>
+
+class QLabel;
+
+namespace Ui {
+class Form7;
+}
+
+namespace update {
+
+/// The window that looks for a newer version. It stands ready: nothing starts the look yet.
+class Form7 : public platform::Form {
+    Q_OBJECT
+
+public:
+    Form7(QWidget* owner, shared::ValoresCompartidos& compartido);
+    ~Form7() override;
+
+    /// Compares the program's version with the one on offer in \Update\version.txt.
+    void actualizacion();
+
+protected:
+    void Form_Load() override;
+
+private:
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void EscribirVersion();
+    void DarRespuesta(const QString& oferta);
+
+    std::unique_ptr<Ui::Form7> m_ui;
+    shared::ValoresCompartidos& m_compartido;
+    QLabel* m_panel1; // of StatusBar1
+    QLabel* m_panel2;
+    platform::Timer Timer1;
+    platform::Timer Timer2;
+    platform::Timer Timer3;
+    QString ArchivoConfig;
+    QString m_estado;
+};
+
+/// The first item of a text, as a formatted read takes it: a quoted string, or a word up to a comma
+/// or a line end; at most 255 characters. Empty if there is none.
+QString PrimerElemento(const QByteArray& bytes);
+
+} // namespace update
