@@ -8,7 +8,7 @@ set -uo pipefail
 program=$(realpath "$1")
 home=$(mktemp -d)
 export HOME=$home QUILLMARK_HOME=$home/programa XDG_CONFIG_HOME=$home/.config XDG_RUNTIME_DIR=$home/run
-export XDG_DATA_HOME=$home/.local/share
+export XDG_DATA_HOME=$home/.local/share QUILLMARK_DRIVES=E=$home/stick
 export LC_ALL=C.UTF-8
 unset XDG_CURRENT_DESKTOP DESKTOP_SESSION KDE_FULL_SESSION KDE_SESSION_VERSION QT_QPA_PLATFORM
 mkdir -p "$home/juegos" "$home/programa" && mkdir -m 700 "$home/run"
@@ -154,6 +154,26 @@ wait_for "question about changes" on_top '^viejo.lua$'
 press Right Return
 wait_for "main window again" main_window
 content "$home/juegos/viejo.lua" 'xa\xf1o\n\rfin' || fail "the file changed although it wasn't saved"
+
+# The script goes to the memory stick with its loader and drivers.
+mkdir -p "$home/stick/PSP/GAME150"
+press ctrl+n
+sleep 0.5
+eval "$(xdotool getactivewindow getwindowgeometry --shell)"
+for height in 26 32 38 44 50; do # one of them is on the strip above the text
+    xdotool mousemove $((X + 200)) $((Y + height))
+    sleep 0.2
+done
+type_text '1'
+press F7
+sleep 0.5
+type_text 'E'
+press Tab Down Down Tab Down Down Down alt+t
+project="$home/stick/PSP/GAME150/Nuevo scri"
+wait_for "last driver" cmp "$project/LPHMDRIVER/syslib.prx" "$QUILLMARK_HOME/data/syslib.prx"
+cmp "$project/EBOOT.PBP" "$QUILLMARK_HOME/data/EBOOT3.PBP" || fail "loader"
+begins "$project/script.lua" '1while true' || fail "script on the stick"
+press Escape
 
 # The recent list lives on, and its entry opens the file.
 leave
