@@ -50,10 +50,18 @@ bool HasForbiddenCharacter(const QString& name) {
 
 // Names of devices on the systems that share this file system, with any extension.
 bool IsDevice(const QString& name) {
-    static const QRegularExpression device(QRegularExpression::anchoredPattern(QStringLiteral(
-                                               "(con|prn|aux|nul|com[1-9]|lpt[1-9])(\\..*)?")),
-                                           QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression device(
+        QRegularExpression::anchoredPattern(
+            QStringLiteral("(con|prn|aux|nul|conin\\$|conout\\$|(com|lpt)[0-9¹²³])(\\..*)?")),
+        QRegularExpression::CaseInsensitiveOption);
     return device.match(name).hasMatch();
+}
+
+// On the stick such a name can be the short one of a folder that bears another.
+bool IsShortName(const QString& name) {
+    static const QRegularExpression alias(
+        QRegularExpression::anchoredPattern(QStringLiteral("[^.]{1,6}~[0-9]{1,6}(\\..{0,3})?")));
+    return alias.match(name).hasMatch();
 }
 
 } // namespace
@@ -72,7 +80,8 @@ std::optional<QString> DefectoDeNombre(const QString& nombre) {
         return QStringLiteral("El script aún no tiene nombre. Pasa el ratón por la franja que hay "
                               "encima de su texto y vuelve a intentarlo.");
     if (nombre == u"." || nombre == u".." || HasForbiddenCharacter(shown) || IsDevice(nombre) ||
-        nombre.endsWith(u'.') || nombre.endsWith(u' ') || nombre.size() > kLongestName)
+        IsShortName(nombre) || !nombre.isValidUtf16() || nombre.endsWith(u'.') ||
+        nombre.endsWith(u' ') || nombre.size() > kLongestName)
         return QStringLiteral("\"%1\" no puede ser el nombre de una carpeta en la tarjeta de "
                               "memoria. Guarda el script con otro nombre y pasa el ratón por la "
                               "franja que hay encima de su texto.")
@@ -91,7 +100,8 @@ std::optional<QString> DefectoDeDestino(const Destino& destino) {
                               "vuelve a intentarlo.")
             .arg(destino.unidad);
     const auto folder = platform::ToNative(destino.CarpetaFirmware());
-    if (::access(folder.c_str(), F_OK) != 0)
+    std::error_code error;
+    if (!std::filesystem::is_directory(folder, error))
         return QStringLiteral("En la unidad %1 no existe la carpeta %2. Comprueba la unidad y el "
                               "firmware, o crea esa carpeta.")
             .arg(destino.unidad, destino.CarpetaFirmware());

@@ -7,13 +7,20 @@
 #include <QAccessibleWidget>
 #include <QPainter>
 #include <QResizeEvent>
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace deploy {
 namespace {
 
 constexpr int kLabelMargin = 120; // twips from the right edge
 constexpr double kLabelPoints = 9.75;
+
+qint16 To16Bits(double number) {
+    using Limits = std::numeric_limits<qint16>;
+    return static_cast<qint16>(std::clamp<double>(number, Limits::min(), Limits::max()));
+}
 
 class AccessibleBar : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
@@ -89,8 +96,7 @@ QString cProg::LabelText() const {
 
 void cProg::DrawBar() {
     // Halves go to the even neighbour.
-    m_barWidth =
-        static_cast<qint16>(std::nearbyint(m_value * double(platform::ToTwips(width())) / 100));
+    m_barWidth = To16Bits(std::nearbyint(m_value * double(platform::ToTwips(width())) / 100));
     update();
 }
 
@@ -103,7 +109,7 @@ void cProg::ApplyPalette() {
 
 void cProg::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    m_barWidth = static_cast<qint16>(platform::ToTwips(width()));
+    m_barWidth = To16Bits(platform::ToTwips(width()));
     // The first size comes before the host's properties do.
     if (!event->oldSize().isValid())
         DrawBar();

@@ -87,10 +87,16 @@ void transfer_form::EscribirScript(const Destino& destino, const QString& texto)
 // "&Detener" takes the place of "&Transferir" while there is something to stop.
 void transfer_form::MostrarCopia(bool copiando) {
     m_copiando = copiando;
+    QPushButton* viene = copiando ? m_ui->parar : m_ui->KewlButtons1;
+    QPushButton* se_va = copiando ? m_ui->KewlButtons1 : m_ui->parar;
+    // Whoever writes in a script meanwhile goes on writing there.
+    const bool conFoco = se_va->hasFocus();
     m_ui->KewlButtons2->setEnabled(!copiando);
-    m_ui->parar->setVisible(copiando);
-    m_ui->KewlButtons1->setVisible(!copiando);
-    (copiando ? m_ui->parar : m_ui->KewlButtons1)->setFocus();
+    m_ui->aviso->clear();
+    viene->show();
+    if (conFoco)
+        viene->setFocus();
+    se_va->hide();
 }
 
 void transfer_form::CopiarTodo(const Destino& destino) {
@@ -133,8 +139,9 @@ void transfer_form::Form_QueryUnload(bool& cancel) {
     if (!m_copiando)
         return;
     cancel = true;
-    MsgBox(QStringLiteral("La transferencia está en marcha. Espera a que acabe o pulsa Detener."),
-           Buttons::Ok, Icon::Information);
+    // No message box: the copy would wait for its answer.
+    m_ui->aviso->setText(
+        QStringLiteral("La transferencia está en marcha. Espera a que acabe o pulsa Detener."));
 }
 
 } // namespace deploy

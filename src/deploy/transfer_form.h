@@ -23,6 +23,8 @@ public:
     transfer_form(documents::MarcoDocumentos& marco, shared::ValoresCompartidos& compartido);
     ~transfer_form() override;
 
+    bool IsBusy() const override { return m_copiando; }
+
 protected:
     void Form_Load() override;
     void Form_QueryUnload(bool& cancel) override;

@@ -24,8 +24,9 @@ constexpr std::chrono::milliseconds kPatience(10);
 template<class Work>
 auto Beside(Work work) {
     auto result = std::async(std::launch::async, std::move(work));
-    while (result.wait_for(kPatience) != std::future_status::ready)
+    do {
         QCoreApplication::processEvents();
+    } while (result.wait_for(kPatience) != std::future_status::ready);
     return result.get();
 }
 

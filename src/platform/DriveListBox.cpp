@@ -4,7 +4,6 @@
 #include "platform/Drives.h"
 
 #include <QFile>
-#include <QSignalBlocker>
 #include <QSocketNotifier>
 #include <QStorageInfo>
 

@@ -4,6 +4,7 @@
 #include "platform/FileErrors.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
@@ -64,10 +65,12 @@ void FileHandle::Sync() const {
 }
 
 void SyncFolder(const std::filesystem::path& folder) {
+    constexpr std::array kCannot = {EINVAL, ENOSYS, EOPNOTSUPP, EACCES};
     try {
         FileHandle(folder, O_RDONLY | O_DIRECTORY).Sync();
-    } catch (const SystemError&) {
-        // The files in it are safe.
+    } catch (const SystemError& error) {
+        if (std::find(kCannot.begin(), kCannot.end(), error.number) == kCannot.end())
+            throw;
     }
 }
 

@@ -31,7 +31,7 @@ private:
     int m_fd;
 };
 
-/// Some file systems can't sync a folder; then nothing happens.
+/// Puts the names in a folder on the disk. Some file systems can't; then nothing happens.
 void SyncFolder(const std::filesystem::path& folder);
 
 } // namespace platform

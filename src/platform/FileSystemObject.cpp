@@ -21,7 +21,8 @@ void MakeWritable(const fs::path& folder) {
     std::error_code error;
     fs::permissions(folder, fs::perms::owner_all, fs::perm_options::add, error);
     for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-        if (fs::is_directory(it->symlink_status()))
+        std::error_code unknown;
+        if (fs::is_directory(it->symlink_status(unknown)))
             MakeWritable(it->path());
     }
 }
@@ -58,22 +59,29 @@ bool FileSystemObject::FolderExists(const QString& path) const {
 
 void FileSystemObject::DeleteFolder(const QString& path, bool force) const {
     const fs::path native = ToNative(path, LastName::AsWritten);
-    if (force && !fs::is_symlink(native))
-        MakeWritable(native);
     std::error_code error;
+    if (force && !fs::is_symlink(native, error))
+        MakeWritable(native);
     fs::remove_all(native, error);
-    if (error)
-        throw FileFailure(u"borrar", path, SystemError{error.value()});
-    SyncFolder(native.parent_path());
+    try {
+        if (error)
+            throw SystemError{error.value()};
+        SyncFolder(native.parent_path());
+    } catch (const SystemError& failure) {
+        throw FileFailure(u"borrar", path, failure);
+    }
 }
 
 void FileSystemObject::CreateFolder(const QString& path) const {
     const fs::path native = ToNative(path, LastName::AsWritten);
-    if (::mkdir(native.c_str(), 0777) != 0) {
-        const int error = errno == ENOENT ? ENOTDIR : errno; // the folder above is missing
-        throw FileFailure(u"crear", path, SystemError{error});
+    try {
+        if (::mkdir(native.c_str(), 0777) != 0)
+            ThrowErrno();
+        SyncFolder(native.parent_path());
+    } catch (const SystemError& error) {
+        // It is the folder above that is missing.
+        throw FileFailure(u"crear", path, {error.number == ENOENT ? ENOTDIR : error.number});
     }
-    SyncFolder(native.parent_path());
 }
 
 } // namespace platform

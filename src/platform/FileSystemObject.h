@@ -16,8 +16,8 @@ public:
 
     /// True for a folder, or a link to one.
     bool FolderExists(const QString& path) const;
-    /// Removes a folder with all it holds, and what has no write permission too with `force`. Links
-    /// are removed, never followed, the path itself too. Fails as DeleteFile does.
+    /// Removes a folder, or a file, with all it holds, and what has no write permission too with
+    /// `force`. Links are removed, never followed, the path itself too. Fails as DeleteFile does.
     void DeleteFolder(const QString& path, bool force = false) const;
     /// Makes one folder, in one that is there. Fails as DeleteFile does.
     void CreateFolder(const QString& path) const;

@@ -37,6 +37,8 @@ public:
     bool Unload();
     /// Takes the window away without a question or a handler.
     void Discard();
+    /// True while the window refuses to be closed; then the frame stays as a whole.
+    virtual bool IsBusy() const { return false; }
     bool IsLoaded() const { return m_stage == Stage::Loaded || m_stage == Stage::Closing; }
 
     void Move(int left, int top, int width, int height);

@@ -211,8 +211,14 @@ void MDIFrame::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (m_closing)
         return;
-    m_closing = true;
     const std::vector<Form*> forms = Forms();
+    const auto busy =
+        std::find_if(forms.begin(), forms.end(), [](const Form* form) { return form->IsBusy(); });
+    if (busy != forms.end()) {
+        (*busy)->Unload(); // it says why it stays
+        return;
+    }
+    m_closing = true;
     bool cancel =
         !std::all_of(forms.begin(), forms.end(), [](Form* form) { return form->Unload(); });
     if (!cancel)

@@ -35,7 +35,9 @@ QString LeerVersion(const char16_t* archivo) {
 } // namespace
 
 QString PrimerElemento(const QByteArray& bytes) {
-    const QString text = platform::FromCodePage(bytes);
+    const QByteArray mark = "\xEF\xBB\xBF";
+    const QString text =
+        platform::FromCodePage(bytes.startsWith(mark) ? bytes.sliced(mark.size()) : bytes);
     qsizetype start = 0;
     while (start < text.size() && text.at(start).isSpace())
         ++start;

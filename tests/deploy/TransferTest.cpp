@@ -6,8 +6,10 @@
 #include "platform/Drives.h"
 #include "support/MainWindow.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QTimer>
+#include <QtEndian>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -16,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const QByteArray kLoader = QByteArray(3 << 20, 'L');
+const QByteArray kLoader = QByteArray((1 << 20) + 1, 'L');
 
 class TransferTest : public support::MainWindow {
 protected:
@@ -49,7 +51,7 @@ protected:
         Find<QComboBox>("Combo2")->setCurrentIndex(loader);
     }
     void Transfer() { Find<QPushButton>("KewlButtons1")->click(); }
-    // All files of the stick with their sizes.
+    // All that is in the console's folder of the stick.
     QString Tree() {
         QStringList files;
         for (const auto& entry : fs::recursive_directory_iterator(home.Root() / "stick/psp"))
@@ -116,8 +118,9 @@ TEST_F(TransferTest, WhatCannotBeIsRefusedBeforeTheStickIsTouched) {
         EXPECT_TRUE(Idle());
         EXPECT_EQ(Tree(), before);
     };
-    for (const QString& name : {u"."_s, u".."_s, u"a\\b"_s, u"a/b"_s, u"C:"_s, u"a\nb"_s, u"a?"_s,
-                                u"a\uF03Fb"_s, u"nul.x"_s, u"a."_s, u"a "_s, QString(256, u'a')})
+    for (const QString& name :
+         {u"."_s, u".."_s, u"a\\b"_s, u"a/b"_s, u"C:"_s, u"a\nb"_s, u"a?"_s, u"a\uF03Fb"_s,
+          u"nul.x"_s, u"JUEGOL~1"_s, QString(QChar(0xD800)), u"a."_s, u"a "_s, QString(256, u'a')})
         refused(u"E:"_s, name, u"no puede ser el nombre"_s);
     refused(u"E:"_s, QString(), u"aún no tiene nombre"_s);
     refused(QString(), u"juego"_s, u"Elige en PSP"_s);
@@ -149,17 +152,82 @@ TEST_F(TransferTest, StoppingEndsAllCopies) {
 }
 
 TEST_F(TransferTest, TheWindowStaysWhileFilesAreCopied) {
+    principal.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&principal));
+    auto* script = dynamic_cast<documents::frmDocumento*>(principal.Forms().front());
     Choose(u"E:"_s, 0, 0);
-    QTimer::singleShot(0, window, [this] {
+    bool tried = false;
+    QTimer::singleShot(0, window, [&] {
         EXPECT_FALSE(Find<QPushButton>("KewlButtons2")->isEnabled());
-        dialogs.Expect(u"está en marcha"_s, Answer::Ok);
-        EXPECT_FALSE(window->Unload());
-        dialogs.Expect(u"está en marcha"_s, Answer::Ok);
         EXPECT_FALSE(principal.close());
+        EXPECT_EQ(principal.Forms().size(), 2U); // the script is still there, too
+        EXPECT_FALSE(window->Unload());
+        EXPECT_TRUE(Find<QLabel>("aviso")->text().contains(u"está en marcha"_s));
+        script->Show();
+        script->txtFile().SetFocus();
+        tried = true;
     });
     Transfer();
+    EXPECT_TRUE(tried);
     EXPECT_TRUE(Tree().contains(u"EBOOT.PBP"_s));
+    EXPECT_EQ(principal.ActiveForm(), script); // typing goes on there
+    EXPECT_EQ(Find<QLabel>("aviso")->text(), QString());
     EXPECT_TRUE(window->Unload());
+}
+
+TEST_F(TransferTest, AnyTextArrivesWhole) {
+    fs::rename(home.Root() / "stick/psp", home.Root() / "stick/PSP");
+    documents::CodeMax& editor =
+        dynamic_cast<documents::frmDocumento*>(principal.Forms().front())->txtFile();
+    Choose(u"E:"_s, 0, -1);
+    editor.Text(u"→ñ"_s);
+    Transfer();
+    EXPECT_EQ(home.Get("stick/PSP/GAME/juego/script.lua"), u"→ñ\r\n"_s.toUtf8());
+    home.Put("ajeno/mío", "x");
+    fs::create_directory_symlink(home.Root() / "ajeno",
+                                 home.Root() / "stick/PSP/GAME/juego/enlace");
+    editor.Text(u"print(1) -- x\r\n"_s.repeated(20 << 16));
+    Transfer();
+    EXPECT_EQ(home.Get("stick/PSP/GAME/juego/script.lua").size(), (20 << 16) * 15 + 2);
+    EXPECT_EQ(home.Get("ajeno/mío"), "x");
+    dynamic_cast<documents::frmDocumento*>(principal.Forms().front())->flagGuardar = false;
+}
+
+TEST_F(TransferTest, TheDriveListFollowsWhatIsThere) {
+    auto* list = Find<platform::DriveListBox>("Drive1");
+    list->Drive(u"E:"_s);
+    qputenv("QUILLMARK_DRIVES", "E=/tmp;F=/");
+    platform::ResetCurrentDrives();
+    list->Refresh();
+    EXPECT_EQ(list->Drive(), u"E:"_s);
+    EXPECT_GE(list->findData(u"F:"_s), 0);
+    qputenv("QUILLMARK_DRIVES", "F=/");
+    platform::ResetCurrentDrives();
+    list->Refresh();
+    EXPECT_EQ(list->Drive(), QString());
+    qputenv("QUILLMARK_DRIVES", "");
+}
+
+TEST(Loaders, ThatComeWithTheProgramAreValidContainers) {
+    for (const deploy::Eboot& eboot : deploy::Eboots()) {
+        QFile file(QStringLiteral(QUILLMARK_DATA) +
+                   QString::fromUtf16(eboot.origen).replace(u'\\', u'/'));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        const auto number = [&](qsizetype at) {
+            return qFromLittleEndian<quint32>(bytes.constData() + at);
+        };
+        EXPECT_TRUE(bytes.startsWith(QByteArray("\0PBP\0\0\1\0", 8)));
+        EXPECT_EQ(number(8), 40U);
+        for (qsizetype part = 1; part < 8; ++part)
+            EXPECT_EQ(number(8 + 4 * part), bytes.size());
+        EXPECT_EQ(bytes.sliced(40, 4), QByteArray("\0PSF", 4));
+        const quint32 data = number(40 + 12);
+        EXPECT_EQ(data % 4, 0U);
+        const quint32 title = data + number(40 + 20 + 2 * 16 + 12);
+        EXPECT_EQ(QByteArray(bytes.constData() + 40 + title),
+                  "Sustituir por: " + QString::fromUtf16(eboot.nombre).toUtf8());
+    }
 }
 
 TEST_F(TransferTest, FailuresHaveASoundEnd) {

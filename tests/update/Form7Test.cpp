@@ -45,6 +45,8 @@ TEST_F(Form7Test, WaitsIdle) {
     });
     Press("actualizacion_online");
     EXPECT_FALSE(std::filesystem::exists(home.Root() / "programa/Update"));
+    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark v3.0.0"_s);
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Information);
 }
 
 TEST_F(Form7Test, ComparesVersionsAsTexts) {
@@ -68,4 +70,7 @@ TEST_F(Form7Test, ReadsTheFirstItem) {
     EXPECT_EQ(PrimerElemento("\"sin fin"), u"sin fin"_s);
     EXPECT_EQ(PrimerElemento(QByteArray(5000, '\xF1')), QString(255, u'ñ'));
     EXPECT_EQ(PrimerElemento(" \r\n"), QString());
+    EXPECT_EQ(PrimerElemento("\xEF\xBB\xBF"
+                             "3.0.0"),
+              u"3.0.0"_s);
 }
