@@ -45,15 +45,6 @@ void Ours(benchmark::State& state, const QString& from, const QString& to) {
     }
 }
 
-template<class Copy>
-void Register(const char* name, Copy copy) {
-    benchmark::RegisterBenchmark(name, copy)
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
-        ->Repetitions(9)
-        ->ReportAggregatesOnly();
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -66,10 +57,13 @@ int main(int argc, char** argv) {
     QFile file(from);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != kSize || !file.flush())
         return 1;
-    Register("theirs/copy_64MiB",
-             [&](auto& state) { Theirs(state, from, folder.filePath(QStringLiteral("theirs"))); });
-    Register("ours/copy_64MiB",
-             [&](auto& state) { Ours(state, from, folder.filePath(QStringLiteral("ours"))); });
+    const auto add = [](const char* name, auto copy) {
+        bench::NineTimes(benchmark::RegisterBenchmark(name, copy))->UseRealTime();
+    };
+    add("theirs/copy_64MiB",
+        [&](auto& state) { Theirs(state, from, folder.filePath(QStringLiteral("theirs"))); });
+    add("ours/copy_64MiB",
+        [&](auto& state) { Ours(state, from, folder.filePath(QStringLiteral("ours"))); });
     const int result = bench::RunAndCompare(argc, argv);
     std::printf("longest wait of the windows: %lld ms\n", static_cast<long long>(longestGap));
     return result;

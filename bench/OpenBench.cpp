@@ -31,31 +31,23 @@ void Measure(benchmark::State& state, Open open) {
 }
 
 void Register(const char* name, const QString& file) {
-    benchmark::RegisterBenchmark((std::string("theirs/") + name).c_str(),
-                                 [=](auto& state) {
-                                     Measure<QsciScintilla>(state, [&](QsciScintilla& editor) {
-                                         editor.setUtf8(true);
-                                         QFile device(file);
-                                         if (!device.open(QIODevice::ReadOnly) ||
-                                             !editor.read(&device))
-                                             state.SkipWithError("not read");
-                                     });
-                                 })
-        ->Unit(benchmark::kMillisecond)
-        ->Repetitions(9)
-        ->ReportAggregatesOnly();
-    benchmark::RegisterBenchmark(
-        (std::string("ours/") + name).c_str(),
-        [=](auto& state) {
+    bench::NineTimes(
+        benchmark::RegisterBenchmark((std::string("theirs/") + name).c_str(), [=](auto& state) {
+            Measure<QsciScintilla>(state, [&](QsciScintilla& editor) {
+                editor.setUtf8(true);
+                QFile device(file);
+                if (!device.open(QIODevice::ReadOnly) || !editor.read(&device))
+                    state.SkipWithError("not read");
+            });
+        }));
+    bench::NineTimes(
+        benchmark::RegisterBenchmark((std::string("ours/") + name).c_str(), [=](auto& state) {
             Measure<documents::CodeMax>(state, [&](documents::CodeMax& editor) {
                 editor.SetOption(documents::kSyntaxColorOption, true);
                 editor.SetOption(documents::kBraceMatchOption, true);
                 editor.OpenFile(platform::FromNative(file.toStdString()));
             });
-        })
-        ->Unit(benchmark::kMillisecond)
-        ->Repetitions(9)
-        ->ReportAggregatesOnly();
+        }));
 }
 
 } // namespace

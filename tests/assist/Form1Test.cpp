@@ -2,7 +2,6 @@
 #include "assist/Form1.h"
 #include "support/MainWindow.h"
 
-#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>

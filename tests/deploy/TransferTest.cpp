@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QtEndian>
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 using platform::Answer;
