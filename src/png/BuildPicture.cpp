@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The second half of LoadPNG: from the compressed image data to the picture in the box.
+#include "png/Blend.h"
+#include "png/CBitmap.h"
+#include "png/Convert.h"
+#include "png/Deinterlace.h"
+#include "png/LoadPNG.h"
+#include "png/Transparency.h"
+#include "png/Unfilter.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace png {
+namespace {
+
+constexpr size_t kZlibHeader = 2;
+// DEFLATE puts out at most 258 bytes for two bits.
+constexpr int64_t kMostGrowth = 1032;
+constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
+
+std::span<const uint8_t> View(const Bytes& bytes) {
+    return {bytes.data(), bytes.size()};
+}
+
+// The bytes of all rows as they come out of the stream, with their filter bytes.
+int64_t StoredBytes(const Header& header) {
+    return header.Interlacing == 0 ? header.Height * header.LineBytes() : InterlacedBytes(header);
+}
+
+// The most bits that a pixel has on its way to the bitmap, once the rows are there.
+int32_t WidestPixel(const Header& header, bool toRgba) {
+    if (toRgba)
+        return 32;
+    const bool wholeBytes = header.Interlacing == 1 || header.Bitdepht == 2;
+    return std::max(header.BitsPerPixel(), wholeBytes ? 8 : 1);
+}
+
+// Whether there is a picture at all, and every size on the way to it can be counted.
+bool IsCountable(const Header& header, bool toRgba) {
+    if (header.Width <= 0 || header.Height <= 0 || header.Interlacing > 1 ||
+        header.BitsPerPixel() == 0)
+        return false;
+    const int32_t bits = header.BitsPerPixel();
+    if (header.Interlacing == 1 && bits < 8 && bits != 1 && bits != 2 && bits != 4)
+        return false; // parts of bytes that no PNG file has
+    const auto stride = RowStride(static_cast<size_t>(header.Width),
+                                  static_cast<size_t>(WidestPixel(header, toRgba)));
+    return std::max(header.LineBytes(), static_cast<int64_t>(stride)) <= kMost / header.Height;
+}
+
+} // namespace
+
+void LoadPNG::BuildPicture() {
+    m_fields.HaveAlpha = false;
+    const bool keyed = IsKeyed();
+    const bool hasChannel = m_fields.ColorType == 4 || m_fields.ColorType == 6;
+    Picture picture;
+    if (!IsCountable(m_fields, keyed || hasChannel) || !Reconstruct(picture))
+        return;
+    Convert(picture);
+    if (keyed)
+        ApplyTransparence(picture);
+    Paint(picture);
+}
+
+bool LoadPNG::IsKeyed() const {
+    return m_fields.HaveTransparence && m_fields.SetTrans &&
+           (m_fields.ColorType == 0 || m_fields.ColorType == 2 || m_fields.ColorType == 3);
+}
+
+// Answers whether the rows are there.
+bool LoadPNG::Reconstruct(Picture& picture) {
+    const int64_t stored = StoredBytes(m_fields);
+    Bytes Data = std::move(m_fields.IdatData);
+    Data.DropFront(kZlibHeader);
+    if (m_fields.Compression == 0) {
+        if (stored > kMostGrowth * static_cast<int64_t>(Data.size()))
+            return false;
+        int64_t expected = m_fields.Height * m_fields.LineBytes();
+        if (m_fields.Interlacing == 1)
+            expected = std::max(expected + m_fields.Height, stored); // narrow pictures have more
+        auto ExpectedSize = static_cast<int32_t>(std::min(expected, kMost - 200));
+        int32_t Result = 0;
+        m_inflater.Inflate(Data, ExpectedSize, false, Result);
+    }
+    if (static_cast<int64_t>(Data.size()) < stored)
+        return false;
+    if (m_fields.Interlacing == 0)
+        UnfilterRows(m_fields, Data);
+    else
+        Data = Deinterlace(m_fields, std::move(Data));
+    picture.Data = std::move(Data);
+    picture.OutBits = m_fields.Bitdepht;
+    return true;
+}
+
+// Samples that no PNG file has stay as they are.
+void LoadPNG::Convert(Picture& picture) {
+    const int32_t depth = m_fields.Bitdepht;
+    const bool whole = depth == 8 || depth == 16;
+    const bool partial = depth == 1 || depth == 2 || depth == 4;
+    if (m_fields.ColorType == 0 && (whole || partial))
+        ConvertGrey(picture);
+    else if (m_fields.ColorType == 2 && whole)
+        ConvertTrueColor(picture);
+    else if (m_fields.ColorType == 3 && (depth == 8 || partial))
+        ConvertIndexed(picture);
+    else if ((m_fields.ColorType == 4 || m_fields.ColorType == 6) && whole)
+        ConvertAlpha(picture);
+}
+
+void LoadPNG::ConvertGrey(Picture& picture) {
+    const bool laced = m_fields.Interlacing == 1;
+    const int32_t depth = m_fields.Bitdepht;
+    if (depth == 16)
+        Reduce16To8(picture.Data);
+    CBitmap::MakeGreyPalette(depth == 16 ? 8 : depth, laced && depth != 2 && depth != 16);
+    ConvertIndexed(picture);
+}
+
+// Indices, of colours or of greys: they keep their depth, but those of 2 bits become whole bytes,
+// as interlaced ones and reduced ones are already.
+void LoadPNG::ConvertIndexed(Picture& picture) {
+    const bool laced = m_fields.Interlacing == 1;
+    if (m_fields.Bitdepht == 2 && !laced) {
+        Expand2BitTo8(m_fields.Width, m_fields.Height, picture.Data, m_fields.LineBytes());
+        m_fields.WorkDepth = 8;
+        picture.OutBits = 8;
+        return;
+    }
+    if (laced || m_fields.Bitdepht == 16) {
+        m_fields.WorkDepth = 8;
+        picture.OutBits = 8;
+    }
+    AlignRows(m_fields, picture.OutBits, picture.Data);
+}
+
+void LoadPNG::ConvertTrueColor(Picture& picture) {
+    picture.OutBits = 24;
+    if (m_fields.Bitdepht == 16 && IsKeyed())
+        return; // the key is compared with both bytes of a sample
+    if (m_fields.Bitdepht == 16)
+        Reduce16To8(picture.Data);
+    SwapRedBlue24(picture.Data);
+    m_fields.WorkDepth = 8;
+    AlignRows(m_fields, 24, picture.Data);
+}
+
+void LoadPNG::ConvertAlpha(Picture& picture) {
+    m_fields.HaveAlpha = true;
+    if (m_fields.Bitdepht == 16)
+        Reduce16To8(picture.Data);
+    if (m_fields.ColorType == 4)
+        GreyAlphaToRgba(picture.Data);
+    else
+        SwapRedBlue32(picture.Data);
+    picture.OutBits = 32;
+    FlipRows(picture.Data, 4 * static_cast<size_t>(m_fields.Width));
+    picture.TopDown = false;
+    if (m_fields.SetAlpha)
+        Blend(picture);
+}
+
+void LoadPNG::ApplyTransparence(Picture& picture) {
+    const int32_t width = m_fields.Width;
+    const int32_t height = m_fields.Height;
+    const bool trueColor = m_fields.ColorType == 2;
+    const bool fits = trueColor ? picture.OutBits == 24 : picture.OutBits <= 8;
+    if (!fits || !HoldsRows(picture)) {
+        picture.Data = Bytes(); // samples that no PNG file has: nothing will be painted
+        return;
+    }
+    if (trueColor) {
+        const std::optional<ColorKey> key = ReadColorKey(View(m_fields.TrnsData));
+        if (m_fields.Bitdepht == 16)
+            RgbKey16ToRgba(key, picture.Data);
+        else
+            RgbKeyToRgba(width, height, key, picture.Data);
+    } else {
+        if (m_fields.ColorType == 0)
+            MakeGreyKey();
+        IndexedToRgba(width, height, picture.OutBits, View(m_fields.PaletteData),
+                      View(m_fields.TrnsData), picture.Data);
+    }
+    FlipRows(picture.Data, 4 * static_cast<size_t>(width));
+    picture.TopDown = false;
+    Blend(picture);
+}
+
+// The palette becomes the greys and the tRNS chunk a table of their alphas. The key is the low byte
+// of its 16-bit value.
+void LoadPNG::MakeGreyKey() {
+    m_fields.PaletteData = CBitmap::MakeGreyPalette(m_fields.Bitdepht, false);
+    Bytes alphas(m_fields.PaletteData.size() / 3);
+    std::ranges::fill(alphas, uint8_t{255});
+    if (m_fields.TrnsData.size() >= 2 && m_fields.TrnsData[1] < alphas.size())
+        alphas[m_fields.TrnsData[1]] = 0;
+    m_fields.TrnsData = std::move(alphas);
+}
+
+void LoadPNG::Blend(Picture& picture) {
+    BlendOnBackground(m_fields, m_fields.BackgroundPicture, picture.Data, m_fields.DrawX,
+                      m_fields.DrawY);
+    picture.OutBits = 24;
+}
+
+bool LoadPNG::HoldsRows(const Picture& picture) const {
+    switch (picture.OutBits) {
+    case 1:
+    case 4:
+    case 8:
+    case 24:
+    case 32: {
+        const size_t stride =
+            RowStride(static_cast<size_t>(m_fields.Width), static_cast<size_t>(picture.OutBits));
+        return picture.Data.size() >= stride * static_cast<size_t>(m_fields.Height);
+    }
+    default:
+        return false;
+    }
+}
+
+void LoadPNG::Paint(Picture& picture) {
+    const int32_t width = m_fields.Width;
+    const int32_t height = m_fields.Height;
+    if (!HoldsRows(picture))
+        return; // samples that no PNG file has don't fill a bitmap
+    switch (picture.OutBits) {
+    case 1:
+        if (m_fields.ColorType == 3)
+            CBitmap::SetPaletteFor1Bit(View(m_fields.PaletteData));
+        else
+            CBitmap::SetBlackWhitePalette();
+        CBitmap::CreateBitmap1(picture.Data, width, height, true);
+        break;
+    case 4:
+        if (m_fields.ColorType != 0)
+            CBitmap::SetPaletteFor4Bit(View(m_fields.PaletteData));
+        CBitmap::CreateBitmap4(picture.Data, width, height, true);
+        break;
+    case 8:
+        if (m_fields.ColorType != 0 && m_fields.ColorType != 4)
+            CBitmap::SetPaletteFor8Bit(View(m_fields.PaletteData));
+        CBitmap::CreateBitmap8(picture.Data, width, height, true);
+        break;
+    default:
+        CBitmap::CreateBitmapTrue(picture.Data, width, height, picture.TopDown,
+                                  picture.OutBits == 24 ? 1 : 0);
+    }
+    if (m_fields.PicBox != nullptr)
+        CBitmap::DrawBitmap(width, height, *m_fields.PicBox, true, m_fields.DrawX, m_fields.DrawY,
+                            m_fields.SetToBG);
+    CBitmap::BitmapHandle.reset();
+}
+
+} // namespace png

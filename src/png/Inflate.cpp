@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "png/Inflate.h"
+
+#include "png/DeflateTables.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace png {
+namespace {
+
+constexpr int32_t kSpare = 100;
+constexpr int32_t kStored = 0;
+constexpr int32_t kReserved = 3;
+constexpr int32_t kDamaged = -1;
+constexpr int32_t kContradicted = -2;
+constexpr int32_t kWideLength = 258; // in Deflate64 16 more bits tell the length
+
+// How a symbol of the code lengths is repeated.
+struct Repeat {
+    int32_t bits;
+    int32_t base;
+};
+constexpr std::array<Repeat, 3> kRepeats = {{{2, 3}, {3, 3}, {7, 11}}}; // symbols 16, 17, 18
+
+std::array<uint8_t, kStaticLiterals> StaticLengths() {
+    std::array<uint8_t, kStaticLiterals> lengths{};
+    std::fill(lengths.begin(), lengths.begin() + 144, uint8_t{8});
+    std::fill(lengths.begin() + 144, lengths.begin() + 256, uint8_t{9});
+    std::fill(lengths.begin() + 256, lengths.begin() + 280, uint8_t{7});
+    std::fill(lengths.begin() + 280, lengths.end(), uint8_t{8});
+    return lengths;
+}
+
+} // namespace
+
+void Inflater::Inflate(Bytes& Data, int32_t& ExpectedSize, bool WideLengths, int32_t& Result) {
+    ExpectedSize += kSpare;
+    Result = 0;
+    InStream = std::move(Data);
+    InitInflate(ExpectedSize);
+    Next next = Next::Block;
+    for (bool last = false; next == Next::Block && !last;) {
+        last = GetBits(1) != 0;
+        const int32_t type = GetBits(2);
+        if (m_exhausted || type == kReserved) {
+            Result = kDamaged;
+            break;
+        }
+        if (type == kStored) {
+            next = StoredBlock(Result);
+            continue;
+        }
+        const int32_t trees = type == 1 ? UseStaticTrees() : ReadDynamicTrees();
+        if (m_exhausted) {
+            Result = kDamaged;
+            break;
+        }
+        if (trees != 0) {
+            if (m_message)
+                m_message("Error in tree creation (Static)");
+            Data = std::move(InStream);
+            OutStream = Bytes();
+            return;
+        }
+        next = DecodeBlock(WideLengths, Result);
+    }
+    InStream = Bytes();
+    OutStream.Resize(static_cast<size_t>(OutPos));
+    OutStream.Trim();
+    Data = std::move(OutStream);
+}
+
+void Inflater::InitInflate(int32_t capacity) {
+    m_capacity = capacity;
+    OutStream = Bytes(static_cast<size_t>(m_capacity) + 1);
+    LitTable = CodeTable();
+    DistTable = CodeTable();
+    OutPos = 0;
+    InPos = 0;
+    BitBuffer = 0;
+    BitCount = 0;
+    m_exhausted = false;
+}
+
+Inflater::Next Inflater::StoredBlock(int32_t& Result) {
+    const int64_t last = static_cast<int64_t>(InStream.size()) - 1;
+    if (InPos + 4 > last) {
+        Result = kDamaged;
+        return Next::Finish;
+    }
+    InPos -= BitCount / 8;
+    BitBuffer = 0;
+    BitCount = 0;
+    const uint8_t* head = InStream.data() + InPos;
+    const int32_t length = head[0] | head[1] << 8;
+    const int32_t complement = head[2] | head[3] << 8;
+    InPos += 4;
+    if (length != (~complement & 0xFFFF))
+        Result = kContradicted;
+    if (InPos + length - 1 > last || OutPos + length - 1 > m_capacity) {
+        Result = kDamaged;
+        return Next::Finish;
+    }
+    if (length > 0)
+        std::memcpy(OutStream.data() + OutPos, InStream.data() + InPos,
+                    static_cast<size_t>(length));
+    InPos += length;
+    OutPos += length;
+    return Next::Block;
+}
+
+// The plain loop: one symbol at a time, every step looked after.
+Inflater::Next Inflater::DecodeBlock(bool wideLengths, int32_t& Result) {
+    for (;;) {
+        const int32_t symbol = DecodeSymbol(LitTable, MinLitBits, MaxLitBits);
+        if (m_exhausted)
+            break;
+        if (symbol == kEndOfBlock)
+            return Next::Block;
+        if (symbol < kEndOfBlock) {
+            if (OutPos > m_capacity) {
+                OutPos = m_capacity;
+                return Next::Finish;
+            }
+            OutStream[static_cast<size_t>(OutPos++)] = static_cast<uint8_t>(symbol);
+            continue;
+        }
+        const auto s = static_cast<size_t>(symbol - kFirstLength);
+        int32_t length = LengthBase[s] + GetBits(LengthExtra[s]);
+        if (wideLengths && length == kWideLength)
+            length = GetBits(16) + 3;
+        const auto d = static_cast<size_t>(DecodeSymbol(DistTable, MinDistBits, MaxDistBits));
+        if (m_exhausted)
+            break;
+        const int32_t distance = DistBase[d] + GetBits(DistExtra[d]);
+        if (m_exhausted || distance > OutPos)
+            break;
+        if (CopyMatch(length, distance) == Next::Finish)
+            return Next::Finish;
+    }
+    Result = kDamaged;
+    return Next::Finish;
+}
+
+Inflater::Next Inflater::CopyMatch(int32_t length, int32_t distance) {
+    for (; length > 0; --length) {
+        if (OutPos > m_capacity) {
+            OutPos = m_capacity;
+            return Next::Finish;
+        }
+        OutStream[static_cast<size_t>(OutPos)] = OutStream[static_cast<size_t>(OutPos - distance)];
+        ++OutPos;
+    }
+    return Next::Block;
+}
+
+int32_t Inflater::UseStaticTrees() {
+    int32_t left = 0;
+    if (StaticBuilt) {
+        MinLitBits = 7;
+        MaxLitBits = 9;
+        MinDistBits = 5;
+        MaxDistBits = 5;
+    } else {
+        left = CreateCodeTable(StaticLitTable, StaticLengths(), MaxLitBits, MinLitBits);
+        if (left != 0)
+            return kDamaged;
+        std::array<uint8_t, kStaticDistances> distances{};
+        distances.fill(5);
+        left = CreateCodeTable(StaticDistTable, distances, MaxDistBits, MinDistBits);
+        StaticBuilt = true;
+    }
+    LitTable = StaticLitTable;
+    DistTable = StaticDistTable;
+    return left;
+}
+
+int32_t Inflater::ReadDynamicTrees() {
+    const int32_t literals = GetBits(5) + 257;
+    const int32_t distances = GetBits(5) + 1;
+    const int32_t ordered = GetBits(4) + 4;
+    std::array<uint8_t, CodeOrder.size()> orderedLengths{};
+    for (int32_t i = 0; i < ordered; ++i)
+        orderedLengths[CodeOrder[static_cast<size_t>(i)]] = static_cast<uint8_t>(GetBits(3));
+    CodeTable table;
+    int32_t minBits = 0;
+    int32_t maxBits = 0;
+    if (CreateCodeTable(table, orderedLengths, maxBits, minBits) != 0)
+        return kDamaged;
+    std::array<uint8_t, kStaticLiterals + kStaticDistances> all{};
+    const auto lengths = std::span(all).first(static_cast<size_t>(literals + distances));
+    const int32_t failure = ReadCodeLengths(lengths, table, minBits, maxBits);
+    if (failure != 0)
+        return failure;
+    const auto split = static_cast<size_t>(literals);
+    if (CreateCodeTable(LitTable, lengths.first(split), MaxLitBits, MinLitBits) != 0)
+        return kDamaged;
+    return CreateCodeTable(DistTable, lengths.subspan(split), MaxDistBits, MinDistBits);
+}
+
+int32_t Inflater::ReadCodeLengths(std::span<uint8_t> lengths, const CodeTable& table,
+                                  int32_t minBits, int32_t maxBits) {
+    for (size_t i = 0; i < lengths.size() && !m_exhausted;) {
+        const int32_t symbol = DecodeSymbol(table, minBits, maxBits);
+        if (symbol < 16) {
+            lengths[i++] = static_cast<uint8_t>(symbol);
+            continue;
+        }
+        if (symbol == 16 && i == 0)
+            return -5;
+        const uint8_t value = symbol == 16 ? lengths[i - 1] : uint8_t{0};
+        const Repeat& repeat = kRepeats[static_cast<size_t>(symbol - 16)];
+        const auto count = static_cast<size_t>(repeat.base + GetBits(repeat.bits));
+        if (i + count > lengths.size())
+            return -6;
+        std::fill_n(lengths.begin() + static_cast<ptrdiff_t>(i), count, value);
+        i += count;
+    }
+    return 0;
+}
+
+int32_t Inflater::DecodeSymbol(const CodeTable& table, int32_t minBits, int32_t maxBits) {
+    NeedBits(maxBits);
+    for (int32_t length = minBits; length <= std::min(maxBits, BitCount); ++length) {
+        const auto i = static_cast<size_t>(BitBuffer & BitMask[static_cast<size_t>(length)]);
+        if (table.CodeLengths[i] == length) {
+            DropBits(length);
+            return table.CodeSymbols[i];
+        }
+    }
+    m_exhausted = true;
+    return 0;
+}
+
+void Inflater::NeedBits(int32_t n) {
+    while (BitCount < n && InPos < static_cast<int64_t>(InStream.size())) {
+        BitBuffer |= InStream[static_cast<size_t>(InPos++)] << BitCount;
+        BitCount += 8;
+    }
+}
+
+void Inflater::DropBits(int32_t n) {
+    BitBuffer >>= n;
+    BitCount -= n;
+}
+
+int32_t Inflater::GetBits(int32_t n) {
+    NeedBits(n);
+    if (BitCount < n) {
+        m_exhausted = true;
+        return 0;
+    }
+    const int32_t bits = BitBuffer & BitMask[static_cast<size_t>(n)];
+    DropBits(n);
+    return bits;
+}
+
+} // namespace png

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "png/LoadPNG.h"
+
+#include "png/CBitmap.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <new>
+
+namespace png {
+namespace {
+
+constexpr int32_t kNoPng = 1;
+constexpr int32_t kTooShort = 3;
+constexpr int32_t kNoImageData = 4;
+
+constexpr size_t kHeaderBytes = 13;
+constexpr size_t kTimeBytes = 7;
+constexpr size_t kGamaBytes = 4;
+constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
+// A text of 12 times its compressed size is as long as any gets.
+constexpr int64_t kTextGrowth = 12;
+
+std::span<const uint8_t> View(const Bytes& bytes) {
+    return {bytes.data(), bytes.size()};
+}
+
+void AppendText(std::string& text, std::span<const uint8_t> bytes) {
+    text.append(bytes.begin(), bytes.end());
+    text.push_back('\0');
+}
+
+int32_t ColorValue(int32_t red, int32_t green, int32_t blue) {
+    return red + 256 * green + 65536 * blue;
+}
+
+int32_t EntryOf(std::span<const uint8_t> palette, size_t index) {
+    const std::span<const uint8_t> entry = palette.subspan(3 * index, 3);
+    return ColorValue(entry[0], entry[1], entry[2]);
+}
+
+// A sample of the given depth as one of 8 bits. More than the depth allows counts as full.
+int32_t To8Bits(const uint8_t* sample, int32_t bitDepth) {
+    const double full = std::pow(2.0, bitDepth) - 1;
+    return static_cast<int32_t>(
+        std::nearbyint(std::min(WordToLong(SwapWord(sample)) / full, 1.0) * 255));
+}
+
+} // namespace
+
+double LoadPNG::gama() const {
+    return m_fields.GamaRaw / 100000.0;
+}
+
+void LoadPNG::SetOwnBkgndColor(bool OwnBkgndOn, int32_t BackColor) {
+    m_fields.OwnBkgndOn = OwnBkgndOn;
+    m_fields.OwnBackColor = BackColor;
+}
+
+void LoadPNG::SetToBkgrnd(bool SetToBG, int32_t X, int32_t Y) {
+    m_fields.SetToBG = SetToBG;
+    m_fields.DrawX = X;
+    m_fields.DrawY = Y;
+}
+
+int32_t LoadPNG::OpenPNG(const std::string& filename) {
+    m_fields.HasBKGDChunk = false;
+    m_fields.HaveTransparence = false;
+    m_fields.WorkDepth = 0;
+    m_fields.IdatSize = 0;
+    m_fields.IdatData = Bytes();
+    try {
+        if (ReadChunks(filename))
+            BuildPicture();
+    } catch (const std::bad_alloc&) {
+        CBitmap::BitmapHandle.reset(); // too large for this machine: nothing is painted
+    }
+    return 0;
+}
+
+bool LoadPNG::ReadChunks(const std::string& filename) {
+    ChunkReader reader(filename);
+    if (!reader.IsPngSignature()) {
+        m_fields.ErrorNumber = kNoPng;
+        return false;
+    }
+    do {
+        if (!ReadChunk(reader)) {
+            m_fields.ErrorNumber = kTooShort;
+            return false;
+        }
+    } while (reader.Type() != "IEND");
+    if (m_fields.IdatSize == 0)
+        m_fields.ErrorNumber = kNoImageData;
+    return m_fields.IdatSize != 0;
+}
+
+bool LoadPNG::ReadChunk(ChunkReader& reader) {
+    if (reader.NextChunk() == ChunkReader::Found::TooShort)
+        return false;
+    if (reader.Type() != "IDAT") {
+        Bytes data;
+        if (!reader.ReadData(data))
+            return false;
+        ActOn(reader.Type(), std::move(data));
+        return true;
+    }
+    if (m_fields.IdatSize > kMost - reader.Length())
+        return reader.SkipData(); // more than can be counted; the picture can't become whole
+    if (m_fields.IdatSize == 0)
+        m_fields.IdatData.Reserve(static_cast<size_t>(reader.FileLength()));
+    if (!reader.ReadData(m_fields.IdatData))
+        return false;
+    m_fields.IdatSize += reader.Length();
+    return true;
+}
+
+void LoadPNG::ActOn(const std::string& type, Bytes data) {
+    if (type == "IHDR") {
+        ReadHeaderChunk(data);
+    } else if (type == "PLTE") {
+        m_fields.PaletteData = std::move(data);
+    } else if (type == "bKGD") {
+        m_fields.BkgdData = std::move(data);
+        ReadBkgdChunk();
+        m_fields.HasBKGDChunk = true;
+    } else if (type == "gAMA") {
+        if (data.size() >= kGamaBytes)
+            m_fields.GamaRaw = SwapLong(data.data());
+    } else if (type == "tEXt") {
+        AppendText(m_fields.Text, View(data));
+    } else if (type == "zTXt") {
+        ReadZtxtChunk(data);
+    } else if (type == "tIME") {
+        ReadTimeChunk(data);
+    } else if (type == "tRNS") {
+        m_fields.HaveTransparence = true;
+        m_fields.TrnsData = std::move(data);
+    }
+}
+
+// Bytes that a short header lacks count as 0.
+void LoadPNG::ReadHeaderChunk(const Bytes& data) {
+    std::array<uint8_t, kHeaderBytes> bytes{};
+    std::copy_n(data.begin(), std::min(data.size(), bytes.size()), bytes.begin());
+    m_fields.Width = SwapLong(bytes.data());
+    m_fields.Height = SwapLong(&bytes[4]);
+    m_fields.Bitdepht = bytes[8];
+    m_fields.ColorType = bytes[9];
+    m_fields.Compression = bytes[10];
+    m_fields.Filter = bytes[11];
+    m_fields.Interlacing = bytes[12];
+}
+
+void LoadPNG::ReadBkgdChunk() {
+    const Bytes& bkgd = m_fields.BkgdData;
+    const int32_t before = std::exchange(m_fields.BkgdColor, 0);
+    switch (m_fields.ColorType) {
+    case 0:
+    case 4: {
+        if (bkgd.size() != 2)
+            return;
+        const int32_t grey = WordToLong(SwapWord(bkgd.data()));
+        if (grey > std::pow(2.0, m_fields.Bitdepht) - 1)
+            return;
+        const Bytes greys = CBitmap::MakeGreyPalette(m_fields.Bitdepht, false);
+        const auto index = static_cast<size_t>(grey);
+        m_fields.BkgdColor = 3 * index < greys.size() ? EntryOf(View(greys), index) : before;
+        return;
+    }
+    case 2:
+    case 6:
+        if (bkgd.size() == 6)
+            m_fields.BkgdColor = ColorValue(To8Bits(&bkgd[0], m_fields.Bitdepht),
+                                            To8Bits(&bkgd[2], m_fields.Bitdepht),
+                                            To8Bits(&bkgd[4], m_fields.Bitdepht));
+        return;
+    case 3:
+        if (bkgd.size() == 1 && 3 * bkgd[0] + 2U < m_fields.PaletteData.size())
+            m_fields.BkgdColor = EntryOf(View(m_fields.PaletteData), bkgd[0]);
+        return;
+    default:
+        m_fields.BkgdColor = before;
+    }
+}
+
+void LoadPNG::ReadZtxtChunk(const Bytes& data) {
+    const auto keyword = static_cast<size_t>(FindNul(View(data), 0) + 1);
+    AppendText(m_fields.zText, View(data).first(keyword));
+    // Behind the keyword stand its NUL, the method and the two bytes of the zlib header.
+    Bytes text(View(data).subspan(std::min(keyword + 4, data.size())));
+    const int64_t expected = kTextGrowth * (static_cast<int64_t>(text.size()) - 1);
+    auto ExpectedSize = static_cast<int32_t>(std::min(expected, kMost / 2));
+    int32_t Result = 0;
+    m_inflater.Inflate(text, ExpectedSize, false, Result);
+    AppendText(m_fields.zText, View(text));
+}
+
+void LoadPNG::ReadTimeChunk(const Bytes& data) {
+    if (data.size() < kTimeBytes)
+        return;
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%02d.%02d.%d %02d:%02d:%02d", data[3], data[2],
+                  SwapWord(data.data()), data[4], data[5], data[6]);
+    m_fields.ModiTime = text.data();
+}
+
+} // namespace png

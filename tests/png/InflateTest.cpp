@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "png/Inflate.h"
+
+#include "PngFile.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// What one call of Inflate leaves behind.
+struct Outcome {
+    std::string data;
+    int32_t result = 0;
+    std::string message;
+    bool operator==(const Outcome&) const = default;
+};
+
+// Writes a stream bit by bit.
+class Stream {
+public:
+    Stream& Bits(uint32_t value, int count) {
+        for (int bit = 0; bit < count; ++bit, ++m_count) {
+            if (m_count % 8 == 0)
+                m_bytes.push_back('\0');
+            m_bytes.back() = char(m_bytes.back() | (value >> bit & 1U) << m_count % 8);
+        }
+        return *this;
+    }
+    Stream& Code(uint32_t value, int count) { return Bits(png::ReverseBits(value, count), count); }
+    Stream& Fixed(bool last) { return Bits(last, 1).Bits(1, 2); }
+    /// A symbol of the fixed codes.
+    Stream& Literal(uint32_t symbol) {
+        if (symbol < 144)
+            return Code(0x30 + symbol, 8);
+        if (symbol < 256)
+            return Code(0x190 + symbol - 144, 9);
+        return symbol < 280 ? Code(symbol - 256, 7) : Code(0xC0 + symbol - 280, 8);
+    }
+    Stream& Stored(bool last, uint32_t length, uint32_t complement, const std::string& bytes) {
+        Bits(last, 1).Bits(0, 2);
+        m_count = m_bytes.size() * 8;
+        Bits(length, 16).Bits(complement, 16);
+        for (const char byte : bytes)
+            Bits(static_cast<unsigned char>(byte), 8);
+        return *this;
+    }
+    /// The head of a dynamic block: the lengths of the code length codes, in their order.
+    Stream& Dynamic(uint32_t literals, uint32_t distances,
+                    std::initializer_list<uint32_t> lengths) {
+        Bits(1, 1).Bits(2, 2).Bits(literals - 257, 5).Bits(distances - 1, 5);
+        Bits(uint32_t(lengths.size()) - 4, 4);
+        for (const uint32_t length : lengths)
+            Bits(length, 3);
+        return *this;
+    }
+    std::string Take() const { return m_bytes; }
+
+private:
+    std::string m_bytes;
+    size_t m_count = 0;
+};
+
+Outcome Decode(png::Inflater& inflater, const std::string& stream, int32_t expected,
+               bool wide = false) {
+    Outcome outcome;
+    inflater.MessageBox([&](const std::string& text) { outcome.message = text; });
+    png::Bytes data(std::span(reinterpret_cast<const uint8_t*>(stream.data()), stream.size()));
+    inflater.Inflate(data, expected, wide, outcome.result);
+    outcome.data.assign(data.begin(), data.end());
+    return outcome;
+}
+
+// Both loops must agree; answers what they say.
+Outcome Inflated(const std::string& stream, int32_t expected = 1000, bool wide = false) {
+    png::Inflater fast;
+    png::Inflater plain;
+    plain.Accelerate(false);
+    const Outcome outcome = Decode(plain, stream, expected, wide);
+    EXPECT_EQ(outcome, Decode(fast, stream, expected, wide));
+    return outcome;
+}
+
+const std::string kTreeMessage = "Error in tree creation (Static)";
+// What stands behind the stream in every file.
+const std::string kChecksum = "\1\2\3\4";
+
+TEST(InflateTest, FixedBlocksAndMatches) {
+    Stream stream;
+    stream.Fixed(false).Literal('a').Literal(285).Code(0, 5).Literal(256); // 258 of distance 1
+    stream.Fixed(true).Literal('b').Literal(257).Code(1, 5).Literal(256);  // distance 2
+    EXPECT_EQ((Outcome{std::string(259, 'a') + "baba", 0, ""}),
+              Inflated(stream.Take() + kChecksum));
+
+    // Distances of Deflate64, and its length.
+    std::string far(50000, '\0');
+    for (size_t i = 0; i < far.size(); ++i)
+        far[i] = char(i * i >> 7);
+    Stream wide;
+    wide.Stored(false, 50000, ~50000U, far);
+    wide.Fixed(true).Literal(257).Code(30, 5).Bits(1, 14);
+    wide.Literal(257).Code(31, 5).Bits(2, 14).Literal(256);
+    std::string expected = far + far.substr(50000 - 32770, 3);
+    expected += expected.substr(50003 - 49155, 3);
+    EXPECT_EQ((Outcome{expected, 0, ""}), Inflated(wide.Take(), 60000));
+    Stream longer;
+    longer.Fixed(true).Literal('x').Literal(285).Bits(697, 16).Code(0, 5).Literal(256);
+    EXPECT_EQ((Outcome{std::string(701, 'x'), 0, ""}), Inflated(longer.Take(), 1000, true));
+}
+
+TEST(InflateTest, StoredBlocks) {
+    EXPECT_EQ((Outcome{"", 0, ""}),
+              Inflated(Stream().Stored(true, 0, 0xFFFF, "").Take() + kChecksum));
+    EXPECT_EQ((Outcome{"abc", -2, ""}), Inflated(Stream().Stored(true, 3, 0, "abc").Take()));
+    EXPECT_EQ((Outcome{"", -1, ""}), Inflated(Stream().Stored(true, 3, ~3U, "ab").Take()));
+    EXPECT_EQ((Outcome{"", -1, ""}),
+              Inflated(Stream().Stored(true, 200, ~200U, std::string(200, 'x')).Take(), 50));
+    // No block is the last one; the next head isn't there.
+    EXPECT_EQ((Outcome{"ab", -1, ""}),
+              Inflated(Stream().Stored(false, 2, ~2U, "ab").Take() + '\0'));
+    EXPECT_EQ((Outcome{"ab", -1, ""}),
+              Inflated(Stream().Stored(false, 2, ~2U, "ab").Take() + '\7'));
+}
+
+TEST(InflateTest, DamagedBlocksKeepWhatCameBefore) {
+    const auto start = [] { return Stream().Fixed(true).Literal('a'); };
+    EXPECT_EQ((Outcome{"a", -1, ""}), Inflated(start().Literal(257).Code(1, 5).Take())); // too far
+    EXPECT_EQ((Outcome{"ab", -1, ""}), Inflated(start().Literal('b').Take()));           // no end
+    EXPECT_EQ((Outcome{"a", -1, ""}), Inflated(start().Literal(284).Bits(0, 3).Take()));
+    EXPECT_EQ((Outcome{"", -1, ""}), Inflated(""));
+    // The output is cut at 100 bytes more than expected.
+    EXPECT_EQ((Outcome{std::string(105, 'a'), 0, ""}),
+              Inflated(start().Literal(285).Code(0, 5).Literal(256).Take(), 5));
+}
+
+TEST(InflateTest, CodesThatCannotBeBuiltLeaveTheStream) {
+    // Code length symbols: 0 and 1 of one bit, or 16 and 18, as the order 16, 17, 18, 0, ... has
+    // them.
+    const auto zerosAndOnes = [](uint32_t literals) {
+        return Stream().Dynamic(literals, 1,
+                                {0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1});
+    };
+    Stream lone = zerosAndOnes(257); // two literals, but a single distance code
+    lone.Bits(1, 1).Bits(0, 32).Bits(0, 32).Bits(0, 32).Bits(0, 32).Bits(0, 32).Bits(0, 32);
+    lone.Bits(0, 32).Bits(0, 31).Bits(1, 1).Bits(1, 1);
+    Stream many = zerosAndOnes(257);
+    many.Bits(7, 3);
+    Stream repeatFirst = Stream().Dynamic(257, 1, {1, 0, 1, 0});
+    repeatFirst.Bits(0, 8);
+    Stream repeatPast = Stream().Dynamic(257, 1, {1, 0, 1, 0});
+    repeatPast.Bits(1, 1).Bits(127, 7).Bits(1, 1).Bits(127, 7);
+    Stream incomplete = Stream().Dynamic(257, 1, {2, 0, 1, 0});
+    for (const Stream& stream : {lone, many, repeatFirst, repeatPast, incomplete}) {
+        const std::string bytes = stream.Take() + std::string(400, '\0');
+        EXPECT_EQ((Outcome{bytes, 0, kTreeMessage}), Inflated(bytes)) << &stream - &lone;
+    }
+    EXPECT_EQ((Outcome{"", -1, ""}),
+              Inflated(repeatPast.Take().substr(0, 4))); // it only ends early
+}
+
+// Streams by zlib, whole, cut, changed, and read with a buffer too small for them: as zlib reads
+// them, and the same with both loops; one pair of objects for all, as one decoder reads many files.
+TEST(InflateTest, BothLoopsReadWhatZlibWrites) {
+    std::mt19937 random(7);
+    png::Inflater fast;
+    png::Inflater plain;
+    plain.Accelerate(false);
+    for (int round = 0; round < 600; ++round) {
+        std::string text(1 + random() % (round % 10 == 0 ? 200000 : 3000), '\0');
+        const uint32_t letters = 1 + random() % 256;
+        for (size_t i = 0; i < text.size(); ++i)
+            text[i] = char(i > 40 && random() % 4 != 0 ? text[i - 1 - random() % 2 * 37]
+                                                       : random() % letters);
+        std::string stream = recipes::Deflated(text, int(random() % 10)).substr(2);
+        const auto size = int32_t(text.size());
+        ASSERT_EQ((Outcome{text, 0, ""}), Decode(fast, stream, size));
+        ASSERT_EQ((Outcome{text, 0, ""}), Decode(plain, stream, size));
+        const int32_t less = int32_t(random() % text.size()) - 100;
+        ASSERT_EQ(Decode(plain, stream, less), Decode(fast, stream, less));
+        for (int damage = 0; damage < 5; ++damage) {
+            std::string changed = stream.substr(0, 1 + random() % stream.size());
+            changed[random() % changed.size()] ^= char(1 << random() % 8);
+            ASSERT_EQ(Decode(plain, changed, size), Decode(fast, changed, size)) << round;
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Recipes for PNG files, good and bad, and a box that takes their pictures.
+#pragma once
+
+#include "png/LoadPNG.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <fcntl.h>
+#include <random>
+#include <string>
+#include <sys/mman.h>
+#include <unistd.h>
+#include <vector>
+#include <zlib.h>
+
+namespace recipes {
+
+inline const std::string kSignature = "\x89PNG\r\n\x1A\n";
+inline const std::string kEnd = std::string("\0\0\0\0IEND\xAE\x42\x60\x82", 12);
+
+inline std::string Long(uint32_t value) {
+    return {char(value >> 24), char(value >> 16), char(value >> 8), char(value)};
+}
+
+inline std::string Chunk(const std::string& type, const std::string& data) {
+    const std::string body = type + data;
+    const uLong crc = crc32(0, reinterpret_cast<const Bytef*>(body.data()), uInt(body.size()));
+    return Long(uint32_t(data.size())) + body + Long(uint32_t(crc));
+}
+
+inline std::string Deflated(const std::string& bytes, int level = 6) {
+    std::string packed(compressBound(uLong(bytes.size())), '\0');
+    uLongf size = packed.size();
+    compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
+              reinterpret_cast<const Bytef*>(bytes.data()), uLong(bytes.size()), level);
+    packed.resize(size);
+    return packed;
+}
+
+struct Kind {
+    int type = 6;
+    int depth = 8;
+    bool laced = false;
+    uint32_t width = 1;
+    uint32_t height = 1;
+
+    int Channels() const { return type == 2 ? 3 : type == 4 ? 2 : type == 6 ? 4 : 1; }
+};
+
+inline std::string Ihdr(const Kind& kind) {
+    return Chunk("IHDR", Long(kind.width) + Long(kind.height) +
+                             std::string{char(kind.depth), char(kind.type), 0, 0, kind.laced});
+}
+
+/// Stored rows of any content: whatever their bytes are, they are the filtered rows of a picture.
+/// A filter of 5 stands for a mixture.
+inline std::string Rows(const Kind& kind, int filter, std::mt19937& random) {
+    static constexpr uint32_t kStart[7][2] = {{0, 0}, {4, 0}, {0, 4}, {2, 0},
+                                              {0, 2}, {1, 0}, {0, 1}};
+    static constexpr uint32_t kStep[7][2] = {{8, 8}, {8, 8}, {4, 8}, {4, 4},
+                                             {2, 4}, {2, 2}, {1, 2}};
+    std::string rows;
+    for (int pass = kind.laced ? 0 : 6; pass < 7; ++pass) {
+        const auto lines = [&](uint32_t side, int axis) {
+            const uint32_t start = kind.laced ? kStart[pass][axis] : 0;
+            const uint32_t step = kind.laced ? kStep[pass][axis] : 1;
+            return side > start ? (side - start + step - 1) / step : 0;
+        };
+        const uint32_t columns = lines(kind.width, 0);
+        if (columns == 0)
+            continue;
+        const size_t length = (size_t(columns) * size_t(kind.Channels() * kind.depth) + 7) / 8;
+        for (uint32_t y = 0; y < lines(kind.height, 1); ++y) {
+            rows += char(filter < 5 ? uint32_t(filter) : random() % 5);
+            for (size_t i = 0; i < length; ++i)
+                rows += char(random() % 3 == 0 ? random() : 255);
+        }
+    }
+    return rows;
+}
+
+/// A file in memory that has a name as long as the object lives.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& bytes) : m_file(memfd_create("png", 0)) {
+        if (m_file < 0 || write(m_file, bytes.data(), bytes.size()) != ssize_t(bytes.size()))
+            std::abort();
+    }
+    ~TemporaryFile() { close(m_file); }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    std::string Name() const { return "/proc/self/fd/" + std::to_string(m_file); }
+
+private:
+    int m_file;
+};
+
+/// A box on a plain buffer of blue, green, red, 255; 15 twips are a pixel.
+class MemoryBox : public png::PictureBox {
+public:
+    class Owner : public png::ScaleOwner {
+    public:
+        png::ScaleMode ScaleMode() const override { return unit; }
+        void ScaleMode(png::ScaleMode value) override { unit = value; }
+        png::ScaleMode unit = png::ScaleMode::Twips;
+    };
+
+    explicit MemoryBox(int width = 0, int height = 0, int border = 0)
+        : m_border(border), m_width(width + 2 * border), m_height(height + 2 * border) {
+        Fit();
+    }
+    png::ScaleMode ScaleMode() const override { return unit; }
+    void ScaleMode(png::ScaleMode value) override { unit = value; }
+    png::ScaleOwner* Parent() override { return &parent; }
+    double Width() const override { return m_width * In(parent.unit); }
+    void Width(double value) override { m_width = int(value / In(parent.unit)), Fit(); }
+    double Height() const override { return m_height * In(parent.unit); }
+    void Height(double value) override { m_height = int(value / In(parent.unit)), Fit(); }
+    double ScaleWidth() const override { return Columns() * In(unit); }
+    double ScaleHeight() const override { return Lines() * In(unit); }
+    double TwipsPerPixelX() const override { return 15; }
+    double TwipsPerPixelY() const override { return 15; }
+    void Cls() override { std::fill(pixels.begin(), pixels.end(), uint8_t{0}); }
+    void StretchBlt(int x, int y, int width, int height, const png::Bitmap& source, int sourceWidth,
+                    int sourceHeight) override {
+        painted = width == sourceWidth && height == sourceHeight; // nothing is ever scaled
+        bits = source.Header().BitCount;
+        std::vector<uint8_t> row(4 * size_t(source.Width()));
+        for (int line = 0; line < std::min(source.Height(), Lines() - y); ++line) {
+            source.CopyRow(line, row.data());
+            const int columns = std::min(source.Width(), Columns() - x);
+            std::copy_n(row.begin(), 4 * std::max(0, columns), At(x, y + line));
+        }
+    }
+    bool GetDIBits(int x, int y, int width, int height, std::span<uint8_t> to) const override {
+        for (int line = 0; line < height; ++line) {
+            uint8_t* row = &to[size_t(height - 1 - line) * png::RowStride(size_t(width), 24)];
+            for (int column = 0; column < width; ++column)
+                std::copy_n(const_cast<MemoryBox*>(this)->At(x + column, y + line), 3,
+                            row + 3 * column);
+        }
+        return true;
+    }
+    void PictureFromImage() override { kept = true; }
+
+    int Columns() const { return m_width - 2 * m_border; }
+    int Lines() const { return m_height - 2 * m_border; }
+    std::vector<uint8_t>::iterator At(int x, int y) {
+        return pixels.begin() + 4 * (ptrdiff_t(y) * Columns() + x);
+    }
+
+    Owner parent;
+    png::ScaleMode unit = png::ScaleMode::Pixels;
+    std::vector<uint8_t> pixels;
+    bool painted = false;
+    bool kept = false;
+    int bits = 0;
+
+private:
+    static double In(png::ScaleMode unit) { return unit == png::ScaleMode::Twips ? 15 : 1; }
+    void Fit() { pixels.resize(size_t(4) * size_t(Columns()) * size_t(Lines())); }
+
+    int m_border;
+    int m_width;
+    int m_height;
+};
+
+} // namespace recipes
