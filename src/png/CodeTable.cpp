@@ -33,8 +33,7 @@ uint32_t ReverseBits(uint32_t value, int count) {
     return reversed;
 }
 
-int32_t CreateCodeTable(CodeTable& table, std::span<const uint8_t> lengths, int32_t& MaxBits,
-                        int32_t& MinBits) {
+int32_t CheckCodeLengths(std::span<const uint8_t> lengths, int32_t& MaxBits, int32_t& MinBits) {
     const Counts count = CountLengths(lengths);
     MinBits = kMaxCodeBits;
     for (int32_t bits = kMaxCodeBits; bits > 0; --bits) {
@@ -44,14 +43,15 @@ int32_t CreateCodeTable(CodeTable& table, std::span<const uint8_t> lengths, int3
         MinBits = bits;
     }
     int32_t left = 1;
-    for (int32_t bits = 1; bits <= MaxBits; ++bits) {
+    for (int32_t bits = 1; bits <= MaxBits && left >= 0; ++bits)
         left = 2 * left - count[static_cast<size_t>(bits)];
-        if (left < 0)
-            return left;
-    }
+    return left;
+}
+
+void FillCodeTable(CodeTable& table, std::span<const uint8_t> lengths, int32_t MaxBits) {
     table.CodeLengths.assign(size_t{1} << MaxBits, 0);
     table.CodeSymbols.assign(size_t{1} << MaxBits, 0);
-    Counts next = FirstCodes(count);
+    Counts next = FirstCodes(CountLengths(lengths));
     for (size_t symbol = 0; symbol < lengths.size(); ++symbol) {
         const uint8_t length = lengths[symbol];
         if (length == 0)
@@ -60,6 +60,13 @@ int32_t CreateCodeTable(CodeTable& table, std::span<const uint8_t> lengths, int3
         table.CodeLengths[index] = length;
         table.CodeSymbols[index] = static_cast<uint16_t>(symbol);
     }
+}
+
+int32_t CreateCodeTable(CodeTable& table, std::span<const uint8_t> lengths, int32_t& MaxBits,
+                        int32_t& MinBits) {
+    const int32_t left = CheckCodeLengths(lengths, MaxBits, MinBits);
+    if (left >= 0)
+        FillCodeTable(table, lengths, MaxBits);
     return left;
 }
 

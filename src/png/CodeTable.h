@@ -21,10 +21,15 @@ struct CodeTable {
 /// The low `count` bits of `value` in reversed order.
 uint32_t ReverseBits(uint32_t value, int count);
 
-/// Builds the table of symbols 0 to `lengths.size()` - 1, whose code lengths are at most 15; 0
-/// means that a symbol doesn't occur. MaxBits rises to the longest length and never falls; MinBits
-/// becomes the shortest. Answers 0 for a complete set, else how many codes are left over or,
-/// negative, lack; with too many codes the table stays as it was.
+/// Looks at a set of code lengths, each at most 15; 0 means that a symbol doesn't occur. MaxBits
+/// rises to the longest length and never falls; MinBits becomes the shortest. Answers 0 for a
+/// complete set, else how many codes are left over or, negative, lack.
+int32_t CheckCodeLengths(std::span<const uint8_t> lengths, int32_t& MaxBits, int32_t& MinBits);
+
+/// Fills the table of symbols 0 to `lengths.size()` - 1, for codes of up to MaxBits.
+void FillCodeTable(CodeTable& table, std::span<const uint8_t> lengths, int32_t MaxBits);
+
+/// Both in one. With too many codes the table stays as it was.
 int32_t CreateCodeTable(CodeTable& table, std::span<const uint8_t> lengths, int32_t& MaxBits,
                         int32_t& MinBits);
 

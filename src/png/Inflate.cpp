@@ -23,13 +23,12 @@ struct Repeat {
 };
 constexpr std::array<Repeat, 3> kRepeats = {{{2, 3}, {3, 3}, {7, 11}}}; // symbols 16, 17, 18
 
-std::array<uint8_t, kStaticLiterals> StaticLengths() {
-    std::array<uint8_t, kStaticLiterals> lengths{};
-    std::fill(lengths.begin(), lengths.begin() + 144, uint8_t{8});
-    std::fill(lengths.begin() + 144, lengths.begin() + 256, uint8_t{9});
-    std::fill(lengths.begin() + 256, lengths.begin() + 280, uint8_t{7});
-    std::fill(lengths.begin() + 280, lengths.end(), uint8_t{8});
-    return lengths;
+void SetStaticLengths(std::span<uint8_t> literals, std::span<uint8_t> distances) {
+    std::fill(literals.begin(), literals.begin() + 144, uint8_t{8});
+    std::fill(literals.begin() + 144, literals.begin() + 256, uint8_t{9});
+    std::fill(literals.begin() + 256, literals.begin() + 280, uint8_t{7});
+    std::fill(literals.begin() + 280, literals.end(), uint8_t{8});
+    std::ranges::fill(distances, uint8_t{5});
 }
 
 } // namespace
@@ -110,9 +109,41 @@ Inflater::Next Inflater::StoredBlock(int32_t& Result) {
     return Next::Block;
 }
 
-// The plain loop: one symbol at a time, every step looked after.
+// Lets the accelerated loop go as far as it can. Answers whether it read the block's end.
+bool Inflater::RunAhead() {
+    if (InPos + static_cast<int64_t>(kInMargin) > static_cast<int64_t>(InStream.size()) ||
+        OutPos + static_cast<int64_t>(kOutMargin) > m_capacity)
+        return false;
+    if (!m_fastBuilt) {
+        if (!m_fast)
+            m_fast = std::make_unique<FastTables>();
+        BuildFastTables(*m_fast, m_litLengths, m_distLengths);
+        m_fastBuilt = true;
+    }
+    const auto start = static_cast<uint64_t>(InPos * 8 - BitCount);
+    FastBlock block = {*m_fast, std::span(InStream.data(), InStream.size()),
+                       std::span(OutStream.data(), OutStream.size()), start,
+                       static_cast<size_t>(OutPos)};
+    const bool ended = DecodeFast(block);
+    if (block.inPosition == start)
+        return false;
+    OutPos = static_cast<int64_t>(block.outPosition);
+    InPos = static_cast<int64_t>(block.inPosition / 8);
+    BitBuffer = 0;
+    BitCount = 0;
+    const auto used = static_cast<int32_t>(block.inPosition % 8);
+    if (used != 0)
+        static_cast<void>(GetBits(used));
+    return ended;
+}
+
+// The plain loop, one symbol at a time, as far as the accelerated one doesn't go.
 Inflater::Next Inflater::DecodeBlock(bool wideLengths, int32_t& Result) {
+    m_fastBuilt = false;
     for (;;) {
+        if (m_accelerate && !wideLengths && RunAhead())
+            return Next::Block;
+        FillTables();
         const int32_t symbol = DecodeSymbol(LitTable, MinLitBits, MaxLitBits);
         if (m_exhausted)
             break;
@@ -155,7 +186,18 @@ Inflater::Next Inflater::CopyMatch(int32_t length, int32_t distance) {
     return Next::Block;
 }
 
+void Inflater::FillTables() {
+    if (m_filled)
+        return;
+    FillCodeTable(LitTable, m_litLengths, MaxLitBits);
+    FillCodeTable(DistTable, m_distLengths, MaxDistBits);
+    m_filled = true;
+}
+
 int32_t Inflater::UseStaticTrees() {
+    m_litLengths = std::span(m_lengths).first(kStaticLiterals);
+    m_distLengths = std::span(m_lengths).last(kStaticDistances);
+    SetStaticLengths(m_litLengths, m_distLengths);
     int32_t left = 0;
     if (StaticBuilt) {
         MinLitBits = 7;
@@ -163,40 +205,39 @@ int32_t Inflater::UseStaticTrees() {
         MinDistBits = 5;
         MaxDistBits = 5;
     } else {
-        left = CreateCodeTable(StaticLitTable, StaticLengths(), MaxLitBits, MinLitBits);
-        if (left != 0)
+        if (CreateCodeTable(StaticLitTable, m_litLengths, MaxLitBits, MinLitBits) != 0)
             return kDamaged;
-        std::array<uint8_t, kStaticDistances> distances{};
-        distances.fill(5);
-        left = CreateCodeTable(StaticDistTable, distances, MaxDistBits, MinDistBits);
+        left = CreateCodeTable(StaticDistTable, m_distLengths, MaxDistBits, MinDistBits);
         StaticBuilt = true;
     }
     LitTable = StaticLitTable;
     DistTable = StaticDistTable;
+    m_filled = true;
     return left;
 }
 
 int32_t Inflater::ReadDynamicTrees() {
-    const int32_t literals = GetBits(5) + 257;
-    const int32_t distances = GetBits(5) + 1;
-    const int32_t ordered = GetBits(4) + 4;
+    const auto literals = static_cast<size_t>(GetBits(5) + 257);
+    const auto distances = static_cast<size_t>(GetBits(5) + 1);
+    const auto ordered = static_cast<size_t>(GetBits(4) + 4);
     std::array<uint8_t, CodeOrder.size()> orderedLengths{};
-    for (int32_t i = 0; i < ordered; ++i)
-        orderedLengths[CodeOrder[static_cast<size_t>(i)]] = static_cast<uint8_t>(GetBits(3));
+    for (size_t i = 0; i < ordered; ++i)
+        orderedLengths[CodeOrder[i]] = static_cast<uint8_t>(GetBits(3));
     CodeTable table;
     int32_t minBits = 0;
     int32_t maxBits = 0;
     if (CreateCodeTable(table, orderedLengths, maxBits, minBits) != 0)
         return kDamaged;
-    std::array<uint8_t, kStaticLiterals + kStaticDistances> all{};
-    const auto lengths = std::span(all).first(static_cast<size_t>(literals + distances));
+    const auto lengths = std::span(m_lengths).first(literals + distances);
     const int32_t failure = ReadCodeLengths(lengths, table, minBits, maxBits);
     if (failure != 0)
         return failure;
-    const auto split = static_cast<size_t>(literals);
-    if (CreateCodeTable(LitTable, lengths.first(split), MaxLitBits, MinLitBits) != 0)
+    m_litLengths = lengths.first(literals);
+    m_distLengths = lengths.subspan(literals);
+    m_filled = false;
+    if (CheckCodeLengths(m_litLengths, MaxLitBits, MinLitBits) != 0)
         return kDamaged;
-    return CreateCodeTable(DistTable, lengths.subspan(split), MaxDistBits, MinDistBits);
+    return CheckCodeLengths(m_distLengths, MaxDistBits, MinDistBits);
 }
 
 int32_t Inflater::ReadCodeLengths(std::span<uint8_t> lengths, const CodeTable& table,

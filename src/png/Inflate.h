@@ -3,9 +3,14 @@
 
 #include "png/Bytes.h"
 #include "png/CodeTable.h"
+#include "png/DeflateTables.h"
+#include "png/FastCodes.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <span>
 #include <string>
 
 namespace png {
@@ -33,6 +38,8 @@ private:
     enum class Next { Block, Finish };
 
     void InitInflate(int32_t capacity);
+    void FillTables();
+    bool RunAhead();
     Next DecodeBlock(bool wideLengths, int32_t& Result);
     Next StoredBlock(int32_t& Result);
     Next CopyMatch(int32_t length, int32_t distance);
@@ -60,6 +67,14 @@ private:
     int32_t MinDistBits = 0;
     int32_t MaxDistBits = 0;
     bool StaticBuilt = false;
+
+    // The lengths of the block's codes. Tables are made of them once they are needed.
+    std::array<uint8_t, kStaticLiterals + kStaticDistances> m_lengths{};
+    std::span<uint8_t> m_litLengths;
+    std::span<uint8_t> m_distLengths;
+    bool m_filled = false;
+    bool m_fastBuilt = false;
+    std::unique_ptr<FastTables> m_fast;
 
     int64_t m_capacity = 0;
     bool m_exhausted = false; ///< bits were wanted that the stream doesn't have
