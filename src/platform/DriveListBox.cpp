@@ -22,6 +22,7 @@ QString LabelOf(const Drive& drive) {
 DriveListBox::DriveListBox(QWidget* parent) : QComboBox(parent) {
     Refresh();
     setCurrentIndex(-1);
+    connect(this, &QComboBox::currentIndexChanged, this, &DriveListBox::Changed);
     // The system marks this file whenever a volume is mounted or unmounted.
     auto* mounts = new QFile(QStringLiteral("/proc/self/mountinfo"), this);
     if (!mounts->open(QIODevice::ReadOnly))
@@ -40,6 +41,7 @@ void DriveListBox::Drive(const QString& drive) {
 
 void DriveListBox::Refresh() {
     const QString chosen = Drive();
+    m_refreshing = true;
     clear();
     for (const platform::Drive& drive : CurrentDrives().List()) {
         const QString value = QLatin1Char(drive.letter) + QStringLiteral(":");
@@ -47,6 +49,15 @@ void DriveListBox::Refresh() {
         addItem(label.isEmpty() ? value : QStringLiteral("%1 [%2]").arg(value, label), value);
     }
     Drive(chosen);
+    m_refreshing = false;
+    Changed();
+}
+
+void DriveListBox::Changed() {
+    if (m_refreshing || m_drive == Drive())
+        return;
+    m_drive = Drive();
+    Q_EMIT Change();
 }
 
 } // namespace platform

@@ -18,6 +18,16 @@ public:
     void Drive(const QString& drive);
     /// Lists what is there now. The choice stays unless its drive is gone.
     void Refresh();
+
+Q_SIGNALS:
+    /// Another drive is chosen, or none any more.
+    void Change();
+
+private:
+    void Changed();
+
+    QString m_drive;
+    bool m_refreshing = false;
 };
 
 } // namespace platform

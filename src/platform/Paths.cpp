@@ -37,6 +37,8 @@ qsizetype CharacterLength(QByteArrayView bytes) {
     return 0;
 }
 
+} // namespace
+
 QString FromNativeName(QByteArrayView name) {
     QString text;
     const auto travel = [&](QByteArrayView bytes) {
@@ -57,6 +59,8 @@ QString FromNativeName(QByteArrayView name) {
     }
     return text;
 }
+
+namespace {
 
 std::string ToNativeName(const QString& name) {
     QByteArray bytes;

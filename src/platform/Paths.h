@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <filesystem>
 
@@ -22,6 +23,8 @@ std::filesystem::path ToNative(const QString& path, LastName lastName = LastName
 
 /// The program path of a native path; a relative one starts at the current directory.
 QString FromNative(const std::filesystem::path& native);
+/// A single name of a native path as a name of a program path.
+QString FromNativeName(QByteArrayView name);
 
 /// A name or path as people should read it: travelling characters as themselves, bytes that are no
 /// text as the replacement character.
