@@ -14,9 +14,20 @@ std::vector<FileFilter> FilterPairs(const QString& text, QChar separator) {
 }
 
 void CommonDialog::ShowSave() {
-    m_fileName = CurrentDialogs().AskSaveName(
-        {m_owner, QStringLiteral("Guardar como"), QString(), FilterPairs(m_filter, u'|')});
-    m_fileTitle = m_fileName.section(u'\\', -1);
+    Take(CurrentDialogs().AskSaveName(
+        {m_owner, QStringLiteral("Guardar como"), QString(), FilterPairs(m_filter, u'|')}));
+}
+
+void CommonDialog::ShowOpen() {
+    const QString pick = CurrentDialogs().AskOpenName(
+        {m_owner, QStringLiteral("Abrir"), QString(), FilterPairs(m_filter, u'|')});
+    if (!pick.isEmpty())
+        Take(pick);
+}
+
+void CommonDialog::Take(const QString& fileName) {
+    m_fileName = fileName;
+    m_fileTitle = fileName.section(u'\\', -1);
 }
 
 } // namespace platform

@@ -15,12 +15,16 @@ public:
     /// Names and patterns in turn, with "|" between them: "Archivos .qmk|*.qmk".
     void Filter(const QString& filter) { m_filter = filter; }
     void ShowSave();
-    /// Full program path of the pick; empty if the user left the dialog.
+    /// The name of the last pick stays if the user leaves the dialog.
+    void ShowOpen();
+    /// Full program path of the pick; empty if the user left the save dialog.
     const QString& FileName() const { return m_fileName; }
     /// The part of FileName behind the folder.
     const QString& FileTitle() const { return m_fileTitle; }
 
 private:
+    void Take(const QString& fileName);
+
     QWidget* m_owner;
     QString m_filter;
     QString m_fileName;

@@ -15,6 +15,7 @@ enum class FailureCode {
     PathNotFound = 76,
     InvalidText = 321,
     InvalidArgument = 380,
+    InvalidPicture = 481,
 };
 
 /// The one exception type of the program. `text` is Spanish and meant for the user's eyes.
