@@ -3,6 +3,8 @@
 
 #include "assist/Form1.h"
 #include "assist/Form4.h"
+#include "assist/Form5.h"
+#include "assist/Form6.h"
 #include "assist/Plantillas.h"
 #include "deploy/GenerarLua.h"
 #include "deploy/PruebaLua.h"
@@ -354,13 +356,18 @@ void MDIForm1::mnugenerarlua_Click() {
 }
 
 template<class Ventana, class... Argumentos>
-void MDIForm1::Mostrar(QPointer<platform::Form>& ventana, Argumentos&... argumentos) {
+Ventana& MDIForm1::Unica(QPointer<platform::Form>& ventana, Argumentos&... argumentos) {
     if (!ventana) {
         ventana = new Ventana(argumentos...);
         Adopt(ventana);
         connect(ventana, &platform::Form::Unloaded, this, [&ventana] { ventana.clear(); });
     }
-    ventana->Show();
+    return static_cast<Ventana&>(*ventana);
+}
+
+template<class Ventana, class... Argumentos>
+void MDIForm1::Mostrar(QPointer<platform::Form>& ventana, Argumentos&... argumentos) {
+    Unica<Ventana>(ventana, argumentos...).Show();
 }
 
 void MDIForm1::mnuherramientasventana_Click() {
@@ -369,6 +376,25 @@ void MDIForm1::mnuherramientasventana_Click() {
 void MDIForm1::mnuherramientascolores_Click() {
     Mostrar<assist::Form1>(m_form1);
 }
+
+assist::Form5& MDIForm1::Form5Cargado() {
+    documents::MarcoDocumentos& marco = *this;
+    assist::MarcoCoordenadas& coordenadas = *this;
+    auto& form5 = Unica<assist::Form5>(m_form5, marco, coordenadas);
+    form5.Load();
+    return form5;
+}
+
+void MDIForm1::MostrarForm6() {
+    documents::MarcoDocumentos& marco = *this;
+    assist::MarcoCoordenadas& coordenadas = *this;
+    Mostrar<assist::Form6>(m_form6, marco, coordenadas);
+}
+
+void MDIForm1::pspscreen_Click() {
+    Form5Cargado().Show();
+}
+
 void MDIForm1::mnuopcionesconfiguracion_Click() {
     Mostrar<Form2>(m_form2);
 }
@@ -387,8 +413,10 @@ void MDIForm1::mnuventanaorganizar_Click() {
 }
 
 void MDIForm1::TodasAlEstado(platform::WindowState estado) {
-    for (platform::Form* form : Forms())
-        form->State(estado);
+    for (platform::Form* form : Forms()) {
+        if (!form->Shell()->isHidden()) // what is loaded only stays so
+            form->State(estado);
+    }
 }
 
 void MDIForm1::mnuventanaminimizar_Click() {

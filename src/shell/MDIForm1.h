@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "assist/MarcoCoordenadas.h"
 #include "documents/MarcoDocumentos.h"
 #include "documents/frmDocumento.h"
 #include "platform/CommonDialog.h"
@@ -18,7 +19,9 @@ namespace shell {
 
 /// The frame of the program: documents and tool windows are its children, and every command enters
 /// through its menu.
-class MDIForm1 : public platform::MDIFrame, public documents::MarcoDocumentos {
+class MDIForm1 : public platform::MDIFrame,
+                 public documents::MarcoDocumentos,
+                 public assist::MarcoCoordenadas {
     Q_OBJECT
 
 public:
@@ -38,6 +41,8 @@ public:
     void Rotulo(const QString& texto) override { Caption(texto); }
     int Ancho() const override { return Width(); }
     int Alto() const override { return Height(); }
+    assist::Form5& Form5Cargado() override;
+    void MostrarForm6() override;
 
     void mnuarchivonuevo_Click();
     void mnuarchivoabrir_Click();
@@ -55,6 +60,7 @@ public:
     void mnuedicionseleccionar_Click();
     void mnuherramientasventana_Click();
     void mnuherramientascolores_Click();
+    void pspscreen_Click();
     void mnuherramientasExplorador_Click();
     void mnucodigoshola_Click();
     void mnucodigosmenu_Click();
@@ -93,7 +99,9 @@ private:
     bool HayVentanas();
     void GuardarConNombre();
     void AnadirPlantilla(const QString& archivo);
-    /// Shows a window of which there is only one, made at its first use.
+    /// A window of which there is only one, made at its first use.
+    template<class Ventana, class... Argumentos>
+    Ventana& Unica(QPointer<platform::Form>& ventana, Argumentos&... argumentos);
     template<class Ventana, class... Argumentos>
     void Mostrar(QPointer<platform::Form>& ventana, Argumentos&... argumentos);
     void TodasAlEstado(platform::WindowState estado);
@@ -109,6 +117,8 @@ private:
     QPointer<platform::Form> m_form1;
     QPointer<platform::Form> m_form2;
     QPointer<platform::Form> m_form4;
+    QPointer<platform::Form> m_form5;
+    QPointer<platform::Form> m_form6;
     QPointer<platform::Form> m_transferForm;
 };
 

@@ -49,7 +49,7 @@ constexpr std::array kMenu = {
                 &M::mnuherramientasventana_Click},
     EntradaMenu{1, "mnuherramientascolores", u"Colores RGB", "F2",
                 &M::mnuherramientascolores_Click},
-    EntradaMenu{1, "pspscreen", u"Coordenadas de Pantalla", "F3"},
+    EntradaMenu{1, "pspscreen", u"Coordenadas de Pantalla", "F3", &M::pspscreen_Click},
     EntradaMenu{1, "mnuherramientasExplorador", u"Explorador de Archivos", "",
                 &M::mnuherramientasExplorador_Click},
 

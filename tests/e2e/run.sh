@@ -175,6 +175,19 @@ cmp "$project/EBOOT.PBP" "$QUILLMARK_HOME/data/EBOOT3.PBP" || fail "loader"
 begins "$project/script.lua" '1while true' || fail "script on the stick"
 press Escape
 
+# The coordinates tool by keyboard; a picture that isn't there is told.
+press F3
+sleep 0.5
+press Right space Tab Tab space
+wait_for "dialog of the picture" on_top '^Abrir$'
+type_text "$home/no.jpg"
+press Return
+wait_for "message about the picture" on_top '^Quillmark$'
+sleep 0.3
+press Return
+wait_for "main window again" main_window
+press Escape
+
 # The recent list lives on, and its entry opens the file.
 leave
 start
