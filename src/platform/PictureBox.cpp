@@ -189,7 +189,9 @@ void PictureBox::focusOutEvent(QFocusEvent* event) {
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    const QPointF inner = event->position() - contentsRect().topLeft();
+    // The event's own position has lost its fraction on its way from the window.
+    const QPoint corner = mapTo(window(), contentsRect().topLeft());
+    const QPointF inner = event->scenePosition() - corner;
     PointAt(static_cast<float>(inner.x() * kTwipsPerPixel),
             static_cast<float>(inner.y() * kTwipsPerPixel));
     Q_EMIT MouseMove(m_pointX, m_pointY);

@@ -38,10 +38,12 @@ protected:
     QString Text(const char* name) { return Find<QLabel>(name)->text(); }
     QString Position() { return Text("labelx") + u' ' + Text("labely"); }
     QRgb Seen(int x, int y) { return Box()->grab().toImage().pixel(x, y); }
+    // As the window system tells it, with a fraction on screens of another scale.
     void MoveTo(QPointF at) {
-        QMouseEvent move(QEvent::MouseMove, at, Box()->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(Box(), &move);
+        const QPointF inWindow = at + Box()->mapTo(&principal, QPoint());
+        QMouseEvent move(QEvent::MouseMove, inWindow, principal.mapToGlobal(QPoint()) + inWindow,
+                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(principal.windowHandle(), &move);
     }
     void Click(const char* button) { Find<QPushButton>(button)->click(); }
     void Choose(const QString& file) {
@@ -61,23 +63,23 @@ protected:
 
 TEST_F(Form5Test, ThePositionOfTheMouseIsTold) {
     EXPECT_EQ(principal.ActiveForm()->Caption(), QString(54, u' ') + u"Coordenadas de pantalla"_s);
-    QTest::mouseMove(principal.windowHandle(), Box()->mapTo(&principal, QPoint(200, 48)));
+    MoveTo({200, 48});
     EXPECT_EQ(Position(), u"200 48"_s);
     QTest::mouseClick(Box(), Qt::LeftButton, {}, {200, 48});
     MoveTo({0, 0});
     EXPECT_EQ(Position(), u"0 0"_s);
     EXPECT_EQ(Text("pp"), u"(200,48)"_s);
-    MoveTo({120.5, 5.6}); // as on screens of another scale
+    MoveTo({120.5, 5.6});
     EXPECT_EQ(Position(), u"120.5 5.6"_s);
     EXPECT_EQ(Find("Line2")->geometry(), QRect(120, 0, 1, 273));
     EXPECT_EQ(Find("Line3")->geometry(), QRect(0, 5, 481, 1));
     EXPECT_NE(Seen(120, 20), Seen(120, 24)); // seen on any picture
-    MoveTo({-3, 700});
+    Q_EMIT Box()->MouseMove(-45, 10500);     // a button held, outside
     EXPECT_EQ(Position(), u"-3 700"_s);
     QTest::keyClick(Box(), Qt::Key_Up, Qt::ShiftModifier);
     QTest::keyClick(Box(), Qt::Key_Right);
     QTest::keyClick(Box(), Qt::Key_Space);
-    EXPECT_EQ(Text("pp"), u"(1,272)"_s);
+    EXPECT_EQ(Text("pp"), u"(121,0)"_s);
 }
 
 TEST_F(Form5Test, AJpegIsShownInTheSameArea) {
