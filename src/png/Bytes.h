@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
 
 namespace png {
+
+// Pixels and codes are handled several bytes at a time.
+static_assert(std::endian::native == std::endian::little);
 
 /// A growable array of bytes for buffers of many megabytes. Unlike a vector it leaves new bytes
 /// unset and grows by no more than it is asked for. Throws std::bad_alloc without enough memory.

@@ -4,26 +4,43 @@
 #include "png/Deinterlace.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <utility>
 
 namespace png {
 namespace {
 
-template<size_t bytes>
-void SwapRedBlue(Bytes& buffer) {
-    for (size_t i = 0; i + bytes <= buffer.size(); i += bytes)
-        std::swap(buffer[i], buffer[i + 2]);
+// Four bytes at `pixel` with bytes 0 and 2 swapped.
+uint32_t Swapped(const uint8_t* pixel) {
+    uint32_t bytes = 0;
+    std::memcpy(&bytes, pixel, sizeof bytes);
+    return (bytes & 0xFF00FF00U) | (bytes & 0xFFU) << 16 | (bytes >> 16 & 0xFFU);
 }
 
 } // namespace
 
 void SwapRedBlue24(Bytes& buffer) {
-    SwapRedBlue<3>(buffer);
+    uint8_t* pixel = buffer.begin();
+    // Four pixels are read before one is written, so that no reading waits for a writing.
+    for (const uint8_t* end = buffer.end(); end - pixel >= 13; pixel += 12) {
+        const std::array<uint32_t, 4> four = {Swapped(pixel), Swapped(pixel + 3),
+                                              Swapped(pixel + 6), Swapped(pixel + 9)};
+        std::memcpy(pixel, &four[0], 4);
+        std::memcpy(pixel + 3, &four[1], 4);
+        std::memcpy(pixel + 6, &four[2], 4);
+        std::memcpy(pixel + 9, &four[3], 2);
+        pixel[11] = static_cast<uint8_t>(four[3] >> 16);
+    }
+    for (; buffer.end() - pixel >= 3; pixel += 3)
+        std::swap(pixel[0], pixel[2]);
 }
 
 void SwapRedBlue32(Bytes& buffer) {
-    SwapRedBlue<4>(buffer);
+    for (uint8_t* pixel = buffer.begin(); buffer.end() - pixel >= 4; pixel += 4) {
+        const uint32_t swapped = Swapped(pixel);
+        std::memcpy(pixel, &swapped, sizeof swapped);
+    }
 }
 
 void Reduce16To8(Bytes& buffer) {
@@ -40,13 +57,12 @@ void AlignRows(const Header& header, int32_t bits, Bytes& buffer) {
     if (bits == 32 || stride == length)
         return;
     const auto height = static_cast<size_t>(header.Height);
-    Bytes aligned(height * stride);
-    for (size_t y = 0; y < height; ++y) {
-        uint8_t* to = aligned.data() + y * stride;
-        std::copy_n(buffer.data() + y * length, length, to);
+    buffer.Resize(height * stride);
+    for (size_t y = height; y-- > 0;) { // the last row first, as they move up
+        uint8_t* to = buffer.data() + y * stride;
+        std::memmove(to, buffer.data() + y * length, length);
         std::fill(to + length, to + stride, uint8_t{0});
     }
-    buffer = std::move(aligned);
 }
 
 void Expand2BitTo8(int32_t width, int32_t height, Bytes& buffer, int64_t lineBytes) {

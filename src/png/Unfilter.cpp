@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/Unfilter.h"
 
+#include "png/UnfilterSimd.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -44,6 +46,8 @@ void FilterPaeth(Row row, PreviousRow previous, size_t distance) {
 }
 
 void UnfilterRow(uint8_t type, Row row, PreviousRow previous, size_t distance) {
+    if (UnfilterRowSimd(type, row, previous, distance))
+        return;
     switch (type) {
     case 1:
         FilterSub(row, distance);
