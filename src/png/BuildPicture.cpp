@@ -19,10 +19,6 @@ constexpr size_t kZlibHeader = 2;
 constexpr int64_t kMostGrowth = 1032;
 constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
 
-std::span<const uint8_t> View(const Bytes& bytes) {
-    return {bytes.data(), bytes.size()};
-}
-
 // The bytes of all rows as they come out of the stream, with their filter bytes.
 int64_t StoredBytes(const Header& header) {
     return header.Interlacing == 0 ? header.Height * header.LineBytes() : InterlacedBytes(header);
@@ -172,7 +168,7 @@ void LoadPNG::ApplyTransparence(Picture& picture) {
         return;
     }
     if (trueColor) {
-        const std::optional<ColorKey> key = ReadColorKey(View(m_fields.TrnsData));
+        const std::optional<ColorKey> key = ReadColorKey(m_fields.TrnsData.View());
         if (m_fields.Bitdepht == 16)
             RgbKey16ToRgba(key, picture.Data);
         else
@@ -180,8 +176,8 @@ void LoadPNG::ApplyTransparence(Picture& picture) {
     } else {
         if (m_fields.ColorType == 0)
             MakeGreyKey();
-        IndexedToRgba(width, height, picture.OutBits, View(m_fields.PaletteData),
-                      View(m_fields.TrnsData), picture.Data);
+        IndexedToRgba(width, height, picture.OutBits, m_fields.PaletteData.View(),
+                      m_fields.TrnsData.View(), picture.Data);
     }
     FlipRows(picture.Data, 4 * static_cast<size_t>(width));
     picture.TopDown = false;
@@ -229,19 +225,19 @@ void LoadPNG::Paint(Picture& picture) {
     switch (picture.OutBits) {
     case 1:
         if (m_fields.ColorType == 3)
-            CBitmap::SetPaletteFor1Bit(View(m_fields.PaletteData));
+            CBitmap::SetPaletteFor1Bit(m_fields.PaletteData.View());
         else
             CBitmap::SetBlackWhitePalette();
         CBitmap::CreateBitmap1(picture.Data, width, height, true);
         break;
     case 4:
         if (m_fields.ColorType != 0)
-            CBitmap::SetPaletteFor4Bit(View(m_fields.PaletteData));
+            CBitmap::SetPaletteFor4Bit(m_fields.PaletteData.View());
         CBitmap::CreateBitmap4(picture.Data, width, height, true);
         break;
     case 8:
         if (m_fields.ColorType != 0 && m_fields.ColorType != 4)
-            CBitmap::SetPaletteFor8Bit(View(m_fields.PaletteData));
+            CBitmap::SetPaletteFor8Bit(m_fields.PaletteData.View());
         CBitmap::CreateBitmap8(picture.Data, width, height, true);
         break;
     default:

@@ -40,6 +40,7 @@ public:
     uint8_t* end() { return data() + m_size; }
     const uint8_t* begin() const { return data(); }
     const uint8_t* end() const { return data() + m_size; }
+    std::span<const uint8_t> View() const { return {data(), m_size}; }
     uint8_t& operator[](size_t index) { return data()[index]; }
     const uint8_t& operator[](size_t index) const { return data()[index]; }
 

@@ -24,7 +24,7 @@ void SetPalette(std::span<RgbQuad> colors, std::span<const uint8_t> palette) {
 
 // Entries that the palette lacks stay.
 void SetFirst(std::span<RgbQuad> colors, const Bytes& palette) {
-    SetPalette(colors.first(palette.size() / 3), std::span(palette.data(), palette.size()));
+    SetPalette(colors.first(palette.size() / 3), palette.View());
 }
 
 template<size_t colors>

@@ -151,10 +151,10 @@ void BuildFastTables(FastTables& tables, std::span<const uint8_t> literals,
     FillTable(tables.distances.entries, kDistBits, distances, kDistEntries);
 }
 
-bool DecodeFast(FastBlock& block) {
+bool DecodeFast(FastBlock& block, [[maybe_unused]] bool fastest) {
 #ifdef QUILLMARK_PNG_X86
     static const bool modern = __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("ssse3");
-    if (modern)
+    if (modern && fastest)
         return FastLoopBmi2(block);
 #endif
     return FastLoopPlain(block);

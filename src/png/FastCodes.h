@@ -61,8 +61,9 @@ struct FastBlock {
 };
 
 /// Decodes as long as both ends are far enough away and nothing is odd, and moves the positions on.
-/// Answers true if the block's end was read.
-bool DecodeFast(FastBlock& block);
+/// Answers true if the block's end was read. `fastest` allows instructions that not all machines
+/// have.
+bool DecodeFast(FastBlock& block, bool fastest);
 
 /// The margins that DecodeFast keeps, in bytes; with less room it does nothing.
 inline constexpr size_t kInMargin = 48;

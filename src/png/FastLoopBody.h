@@ -108,6 +108,96 @@ inline unsigned ValueOf(const FastBits& stream, FastEntry entry) {
     return (entry >> kBaseShift) + static_cast<unsigned>(stream.Low(entry & kBitsField) >> code);
 }
 
+// The state between two looks at the tables. The entry looked at last isn't used up yet.
+struct Loop {
+    enum class Next { Length, Look, Stop };
+
+    const FastTables& tables;
+    const uint8_t* const outStart;
+    FastBits stream;
+    uint8_t* out;
+    FastEntry entry = 0;
+    unsigned undone = 0; // bits used of a symbol that is left to the plain loop
+    bool ended = false;
+
+    void Look() { entry = tables.literals.entries[stream.Low(kLitBits)]; }
+    bool Literals() const { return (entry & kLiterals) != 0; }
+
+    // Four looks use up at most 44 bits. False if they did and a refill is due.
+    bool PutLiterals() {
+        for (int look = 0; look < 4; ++look) {
+            if (!Literals())
+                return true;
+            const uint32_t literals = entry >> kLiteralShift;
+            std::memcpy(out, &literals, sizeof literals);
+            out += (entry & kLiterals) >> kLiteralsShift;
+            stream.Drop(entry & kBitsField);
+            Look();
+        }
+        return false;
+    }
+
+    void FollowLink(const FastEntry* table) {
+        undone += entry & kBitsField;
+        stream.Drop(entry & kBitsField);
+        entry = table[(entry >> kBaseShift) + stream.Low(entry >> kCodeShift & kCodeField)];
+    }
+
+    Next Exception() {
+        if ((entry & kLink) != 0)
+            FollowLink(tables.literals.entries);
+        if (Literals()) {
+            *out++ = static_cast<uint8_t>(entry >> kLiteralShift);
+            stream.Drop(entry & kBitsField);
+            undone = 0;
+            Look();
+            return Next::Look;
+        }
+        if ((entry & kExceptional) == 0)
+            return Next::Length;
+        ended = (entry & kEnd) != 0;
+        if (ended) {
+            stream.Drop(entry & kBitsField);
+            undone = 0;
+        }
+        return Next::Stop;
+    }
+
+    // False if the match would begin before the output does.
+    bool Match() {
+        const unsigned length = ValueOf(stream, entry);
+        undone += entry & kBitsField;
+        stream.Drop(entry & kBitsField);
+        stream.Refill();
+        entry = tables.distances.entries[stream.Low(kDistBits)];
+        if ((entry & kLink) != 0)
+            FollowLink(tables.distances.entries);
+        const unsigned distance = ValueOf(stream, entry);
+        if (distance > static_cast<size_t>(out - outStart))
+            return false;
+        stream.Drop(entry & kBitsField);
+        undone = 0;
+        Look(); // the table answers while the bytes are copied
+        CopyMatch(out, distance, length);
+        out += length;
+        return true;
+    }
+
+    // One round: literals, then a length and its distance. False at the block's end and where the
+    // plain loop has to go on.
+    bool Round() {
+        stream.Refill();
+        if (!PutLiterals())
+            return true;
+        if ((entry & kExceptional) != 0) {
+            const Next next = Exception();
+            if (next != Next::Length)
+                return next == Next::Look;
+        }
+        return Match();
+    }
+};
+
 inline bool FastLoop(FastBlock& block) {
     if (block.in.size() < kInMargin || block.out.size() < kOutMargin)
         return false;
@@ -115,93 +205,19 @@ inline bool FastLoop(FastBlock& block) {
     const uint8_t* const inFast = inStart + block.in.size() - kInMargin;
     uint8_t* const outStart = block.out.data();
     uint8_t* const outFast = outStart + block.out.size() - kOutMargin;
-    const FastEntry* const lit = block.tables.literals.entries;
-    const FastEntry* const dist = block.tables.distances.entries;
-    constexpr uint64_t litMask = (1U << kLitBits) - 1;
-    constexpr uint64_t distMask = (1U << kDistBits) - 1;
-
-    uint8_t* out = outStart + block.outPosition;
-    FastBits stream{inStart + block.inPosition / 8};
-    if (stream.in >= inFast || out >= outFast)
+    Loop loop{
+        block.tables, outStart, {inStart + block.inPosition / 8}, outStart + block.outPosition};
+    if (loop.stream.in >= inFast || loop.out >= outFast)
         return false;
-    stream.Refill();
-    stream.Drop(block.inPosition % 8);
-    bool ended = false;
-    unsigned undone = 0; // bits of a symbol that is left to the plain loop
-
-    FastEntry entry = lit[stream.bits & litMask];
-    do {
-        stream.Refill();
-        if ((entry & kLiterals) != 0) {
-            // Four looks use up at most 44 bits.
-            const auto put = [&] {
-                const uint32_t literals = entry >> kLiteralShift;
-                std::memcpy(out, &literals, sizeof literals);
-                out += (entry & kLiterals) >> kLiteralsShift;
-                stream.Drop(entry & kBitsField);
-                entry = lit[stream.bits & litMask];
-            };
-            put();
-            if ((entry & kLiterals) != 0) {
-                put();
-                if ((entry & kLiterals) != 0) {
-                    put();
-                    if ((entry & kLiterals) != 0) {
-                        put();
-                        continue;
-                    }
-                }
-            }
-        }
-        undone = 0;
-        if ((entry & kExceptional) != 0) {
-            if ((entry & kLink) != 0) {
-                undone = entry & kBitsField;
-                stream.Drop(entry & kBitsField);
-                const unsigned more = entry >> kCodeShift & kCodeField;
-                entry = lit[(entry >> kBaseShift) + stream.Low(more)];
-                if ((entry & kLiterals) != 0) {
-                    *out++ = static_cast<uint8_t>(entry >> kLiteralShift);
-                    stream.Drop(entry & kBitsField);
-                    stream.Refill();
-                    entry = lit[stream.bits & litMask];
-                    undone = 0;
-                    continue;
-                }
-            }
-            if ((entry & kExceptional) != 0) {
-                ended = (entry & kEnd) != 0;
-                if (ended) {
-                    stream.Drop(entry & kBitsField);
-                    undone = 0;
-                }
-                break;
-            }
-        }
-        const unsigned length = ValueOf(stream, entry);
-        undone += entry & kBitsField;
-        stream.Drop(entry & kBitsField);
-        stream.Refill();
-        entry = dist[stream.bits & distMask];
-        if ((entry & kLink) != 0) {
-            undone += entry & kBitsField;
-            stream.Drop(entry & kBitsField);
-            const unsigned more = entry >> kCodeShift & kCodeField;
-            entry = dist[(entry >> kBaseShift) + stream.Low(more)];
-        }
-        const unsigned distance = ValueOf(stream, entry);
-        if (distance > static_cast<size_t>(out - outStart))
-            break;
-        stream.Drop(entry & kBitsField);
-        undone = 0;
-        entry = lit[stream.bits & litMask];
-        CopyMatch(out, distance, length);
-        out += length;
-    } while (stream.in < inFast && out < outFast);
-
-    block.inPosition = static_cast<uint64_t>(stream.in - inStart) * 8 - stream.count - undone;
-    block.outPosition = static_cast<size_t>(out - outStart);
-    return ended;
+    loop.stream.Refill();
+    loop.stream.Drop(block.inPosition % 8);
+    loop.Look();
+    while (loop.Round() && loop.stream.in < inFast && loop.out < outFast) {
+    }
+    block.inPosition =
+        static_cast<uint64_t>(loop.stream.in - inStart) * 8 - loop.stream.count - loop.undone;
+    block.outPosition = static_cast<size_t>(loop.out - outStart);
+    return loop.ended;
 }
 
 } // namespace

@@ -121,10 +121,9 @@ bool Inflater::RunAhead() {
         m_fastBuilt = true;
     }
     const auto start = static_cast<uint64_t>(InPos * 8 - BitCount);
-    FastBlock block = {*m_fast, std::span(InStream.data(), InStream.size()),
-                       std::span(OutStream.data(), OutStream.size()), start,
-                       static_cast<size_t>(OutPos)};
-    const bool ended = DecodeFast(block);
+    FastBlock block = {*m_fast, InStream.View(), std::span(OutStream.data(), OutStream.size()),
+                       start, static_cast<size_t>(OutPos)};
+    const bool ended = DecodeFast(block, m_loop == Loop::Fastest);
     if (block.inPosition == start)
         return false;
     OutPos = static_cast<int64_t>(block.outPosition);
@@ -141,7 +140,7 @@ bool Inflater::RunAhead() {
 Inflater::Next Inflater::DecodeBlock(bool wideLengths, int32_t& Result) {
     m_fastBuilt = false;
     for (;;) {
-        if (m_accelerate && !wideLengths && RunAhead())
+        if (m_loop != Loop::Plain && !wideLengths && RunAhead())
             return Next::Block;
         FillTables();
         const int32_t symbol = DecodeSymbol(LitTable, MinLitBits, MaxLitBits);

@@ -31,8 +31,10 @@ public:
     void Inflate(Bytes& Data, int32_t& ExpectedSize, bool WideLengths, int32_t& Result);
 
     void MessageBox(MessageHook hook) { m_message = std::move(hook); }
-    /// False lets the plain loop alone decode; the outcome is the same.
-    void Accelerate(bool on) { m_accelerate = on; }
+    /// Which loop decodes as far as it can: the plain one, the accelerated one for all machines, or
+    /// the fastest that this machine has. The outcome is the same.
+    enum class Loop { Plain, Portable, Fastest };
+    void Use(Loop loop) { m_loop = loop; }
 
 private:
     enum class Next { Block, Finish };
@@ -78,7 +80,7 @@ private:
 
     int64_t m_capacity = 0;
     bool m_exhausted = false; ///< bits were wanted that the stream doesn't have
-    bool m_accelerate = true;
+    Loop m_loop = Loop::Fastest;
     MessageHook m_message;
 };
 

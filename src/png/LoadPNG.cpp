@@ -24,10 +24,6 @@ constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
 // A text of 12 times its compressed size is as long as any gets.
 constexpr int64_t kTextGrowth = 12;
 
-std::span<const uint8_t> View(const Bytes& bytes) {
-    return {bytes.data(), bytes.size()};
-}
-
 void AppendText(std::string& text, std::span<const uint8_t> bytes) {
     text.append(bytes.begin(), bytes.end());
     text.push_back('\0');
@@ -45,8 +41,8 @@ int32_t EntryOf(std::span<const uint8_t> palette, size_t index) {
 // A sample of the given depth as one of 8 bits. More than the depth allows counts as full.
 int32_t To8Bits(const uint8_t* sample, int32_t bitDepth) {
     const double full = std::pow(2.0, bitDepth) - 1;
-    return static_cast<int32_t>(
-        std::nearbyint(std::min(WordToLong(SwapWord(sample)) / full, 1.0) * 255));
+    const int32_t value = WordToLong(SwapWord(sample));
+    return value >= full ? 255 : static_cast<int32_t>(std::nearbyint(value / full * 255));
 }
 
 } // namespace
@@ -131,7 +127,7 @@ void LoadPNG::ActOn(const std::string& type, Bytes data) {
         if (data.size() >= kGamaBytes)
             m_fields.GamaRaw = SwapLong(data.data());
     } else if (type == "tEXt") {
-        AppendText(m_fields.Text, View(data));
+        AppendText(m_fields.Text, data.View());
     } else if (type == "zTXt") {
         ReadZtxtChunk(data);
     } else if (type == "tIME") {
@@ -168,7 +164,7 @@ void LoadPNG::ReadBkgdChunk() {
             return;
         const Bytes greys = CBitmap::MakeGreyPalette(m_fields.Bitdepht, false);
         const auto index = static_cast<size_t>(grey);
-        m_fields.BkgdColor = 3 * index < greys.size() ? EntryOf(View(greys), index) : before;
+        m_fields.BkgdColor = 3 * index < greys.size() ? EntryOf(greys.View(), index) : before;
         return;
     }
     case 2:
@@ -180,7 +176,7 @@ void LoadPNG::ReadBkgdChunk() {
         return;
     case 3:
         if (bkgd.size() == 1 && 3 * bkgd[0] + 2U < m_fields.PaletteData.size())
-            m_fields.BkgdColor = EntryOf(View(m_fields.PaletteData), bkgd[0]);
+            m_fields.BkgdColor = EntryOf(m_fields.PaletteData.View(), bkgd[0]);
         return;
     default:
         m_fields.BkgdColor = before;
@@ -188,15 +184,15 @@ void LoadPNG::ReadBkgdChunk() {
 }
 
 void LoadPNG::ReadZtxtChunk(const Bytes& data) {
-    const auto keyword = static_cast<size_t>(FindNul(View(data), 0) + 1);
-    AppendText(m_fields.zText, View(data).first(keyword));
+    const auto keyword = static_cast<size_t>(FindNul(data.View(), 0) + 1);
+    AppendText(m_fields.zText, data.View().first(keyword));
     // Behind the keyword stand its NUL, the method and the two bytes of the zlib header.
-    Bytes text(View(data).subspan(std::min(keyword + 4, data.size())));
+    Bytes text(data.View().subspan(std::min(keyword + 4, data.size())));
     const int64_t expected = kTextGrowth * (static_cast<int64_t>(text.size()) - 1);
     auto ExpectedSize = static_cast<int32_t>(std::min(expected, kMost / 2));
     int32_t Result = 0;
     m_inflater.Inflate(text, ExpectedSize, false, Result);
-    AppendText(m_fields.zText, View(text));
+    AppendText(m_fields.zText, text.View());
 }
 
 void LoadPNG::ReadTimeChunk(const Bytes& data) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Both loops of Inflate must agree on every stream, and with zlib on those that it accepts. The
+// All loops of Inflate must agree on every stream, and with zlib on those that it accepts. The
 // first two bytes say how much room there is.
 #include "png/Inflate.h"
 
@@ -18,10 +18,10 @@ struct Outcome {
     bool operator==(const Outcome&) const = default;
 };
 
-Outcome Decode(bool accelerated, std::span<const uint8_t> stream, int32_t expected) {
+Outcome Decode(png::Inflater::Loop loop, std::span<const uint8_t> stream, int32_t expected) {
     Outcome outcome;
     png::Inflater inflater;
-    inflater.Accelerate(accelerated);
+    inflater.Use(loop);
     inflater.MessageBox([&](const std::string&) { outcome.message = true; });
     png::Bytes data(stream);
     inflater.Inflate(data, expected, false, outcome.result);
@@ -53,8 +53,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
     const int32_t expected = data[0] * 1024 + data[1] - 100;
     std::vector<uint8_t> stream(data + 2, data + size);
     stream.resize(stream.size() + 4); // as in a file a checksum stands behind it
-    const Outcome fast = Decode(true, stream, expected);
-    if (fast != Decode(false, stream, expected))
+    using Loop = png::Inflater::Loop;
+    const Outcome fast = Decode(Loop::Fastest, stream, expected);
+    if (fast != Decode(Loop::Plain, stream, expected) ||
+        fast != Decode(Loop::Portable, stream, expected))
         std::abort();
     std::string reference;
     if (!ByZlib(std::span(stream).first(size - 2), reference) || fast.message)

@@ -3,6 +3,7 @@
 
 #include "PngFile.h"
 #include "png/CBitmap.h"
+#include "png/Unfilter.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -144,6 +145,35 @@ TEST_F(LoadPNGTest, EveryKindOfFileHasThePixelsOfTheReference) {
     std::printf("%d pictures equal\n", compared);
 }
 
+// The filters of the machine against the plain ones, for every distance and odd lengths.
+TEST_F(LoadPNGTest, FastFiltersAreThePlainOnes) {
+    for (const size_t distance : {1, 2, 3, 4, 6, 8, 9}) {
+        for (size_t length = 0; length < 100; length += 1 + random() % 7) {
+            std::vector<uint8_t> above(length), row(length);
+            for (std::vector<uint8_t>* bytes : {&above, &row})
+                std::ranges::generate(*bytes, [&] { return uint8_t(random()); });
+            for (uint8_t type = 0; type < 6; ++type) {
+                std::vector<uint8_t> plain = row, fast = row;
+                png::UnfilterRow(type, fast, above, distance);
+                switch (type) {
+                case 1:
+                    png::FilterSub(plain, distance);
+                    break;
+                case 2:
+                    png::FilterUp(plain, above);
+                    break;
+                case 3:
+                    png::FilterAverage(plain, above, distance);
+                    break;
+                case 4:
+                    png::FilterPaeth(plain, above, distance);
+                }
+                ASSERT_EQ(plain, fast) << int(type) << " " << distance << " " << length;
+            }
+        }
+    }
+}
+
 TEST_F(LoadPNGTest, ColoursThatThePaletteLacksAreBlackAndKeysPastItAreIgnored) {
     const auto file = [&](Kind kind, const std::string& chunks, const std::string& rows) {
         return kSignature + Ihdr(kind) + chunks + Chunk("IDAT", Deflated(rows)) + kEnd;
@@ -254,6 +284,7 @@ TEST_F(LoadPNGTest, ChunksTellWhatTheyTell) {
         {3, 8, palette + Chunk("bKGD", "\x01"), 0x060504},
         {3, 8, palette + Chunk("bKGD", "\x02"), 0},
         {2, 8, Chunk("bKGD", "\x01"), 0},
+        {2, 0, Chunk("bKGD", std::string(6, '\0')), 0xFFFFFF}, // no depth at all
     };
     for (const auto& background : backgrounds) {
         Open(file(background.chunks, background.type, background.depth));
