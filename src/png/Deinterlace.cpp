@@ -77,7 +77,7 @@ void ScatterPassRow(Target& target, std::span<const uint8_t> row, const Pass& pa
         return Scatter<8>(to, row.data(), pixels, step);
     default: // no sound file has such pixels
         for (size_t k = 0; k < pixels; ++k)
-            std::copy_n(row.begin() + k * target.bytesPerPixel, target.bytesPerPixel,
+            std::copy_n(row.data() + k * target.bytesPerPixel, target.bytesPerPixel,
                         to + k * step * target.bytesPerPixel);
     }
 }

@@ -51,7 +51,7 @@ uint32_t NextReversed(uint32_t code, uint32_t length) {
 
 // The symbols in the order of their codes, and how many there are of each length.
 struct SortedSymbols {
-    std::array<uint16_t, kStaticLiterals> symbols;
+    std::array<uint16_t, kStaticLiterals> symbols{};
     std::array<uint16_t, kLongestCode + 2> count{};
 
     explicit SortedSymbols(std::span<const uint8_t> lengths) {

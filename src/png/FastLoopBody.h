@@ -24,7 +24,7 @@ struct Copy16 {
 };
 
 inline void CopyChunk(uint8_t* to, const uint8_t* from) {
-    Copy16 chunk;
+    Copy16 chunk{};
     std::memcpy(&chunk, from, sizeof chunk);
     std::memcpy(to, &chunk, sizeof chunk);
 }
@@ -87,7 +87,7 @@ inline void CopyMatch(uint8_t* out, unsigned distance, unsigned length) {
 
 // Bits taken from the stream but not used yet. Behind the counted ones stand more of the stream.
 struct FastBits {
-    const uint8_t* in;
+    const uint8_t* in = nullptr;
     uint64_t bits = 0;
     unsigned count = 0;
 
@@ -113,9 +113,9 @@ struct Loop {
     enum class Next { Length, Look, Stop };
 
     const FastTables& tables;
-    const uint8_t* const outStart;
+    const uint8_t* const outStart = nullptr;
     FastBits stream;
-    uint8_t* out;
+    uint8_t* out = nullptr;
     FastEntry entry = 0;
     unsigned undone = 0; // bits used of a symbol that is left to the plain loop
     bool ended = false;

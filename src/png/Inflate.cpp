@@ -19,7 +19,7 @@ constexpr int32_t kWideLength = 258; // in Deflate64 16 more bits tell the lengt
 // How a symbol of the code lengths is repeated.
 struct Repeat {
     int32_t bits;
-    int32_t base;
+    size_t base;
 };
 constexpr std::array<Repeat, 3> kRepeats = {{{2, 3}, {3, 3}, {7, 11}}}; // symbols 16, 17, 18
 
@@ -216,9 +216,9 @@ int32_t Inflater::UseStaticTrees() {
 }
 
 int32_t Inflater::ReadDynamicTrees() {
-    const auto literals = static_cast<size_t>(GetBits(5) + 257);
-    const auto distances = static_cast<size_t>(GetBits(5) + 1);
-    const auto ordered = static_cast<size_t>(GetBits(4) + 4);
+    const auto literals = size_t{257} + static_cast<size_t>(GetBits(5));
+    const auto distances = size_t{1} + static_cast<size_t>(GetBits(5));
+    const auto ordered = size_t{4} + static_cast<size_t>(GetBits(4));
     std::array<uint8_t, CodeOrder.size()> orderedLengths{};
     for (size_t i = 0; i < ordered; ++i)
         orderedLengths[CodeOrder[i]] = static_cast<uint8_t>(GetBits(3));
@@ -251,7 +251,7 @@ int32_t Inflater::ReadCodeLengths(std::span<uint8_t> lengths, const CodeTable& t
             return -5;
         const uint8_t value = symbol == 16 ? lengths[i - 1] : uint8_t{0};
         const Repeat& repeat = kRepeats[static_cast<size_t>(symbol - 16)];
-        const auto count = static_cast<size_t>(repeat.base + GetBits(repeat.bits));
+        const auto count = repeat.base + static_cast<size_t>(GetBits(repeat.bits));
         if (i + count > lengths.size())
             return -6;
         std::fill_n(lengths.begin() + static_cast<ptrdiff_t>(i), count, value);
