@@ -102,15 +102,25 @@ constexpr std::array<Pixels<bits>, 256> kUnpacked = [] {
     return table;
 }();
 
-template<size_t bits>
-void Expand(std::span<const uint8_t> row, std::span<uint8_t> pixels) {
-    constexpr size_t perByte = 8 / bits;
-    const size_t whole = pixels.size() / perByte;
-    for (size_t i = 0; i < whole; ++i)
-        std::memcpy(pixels.data() + i * perByte, kUnpacked<bits>[row[i]].data(), perByte);
-    const size_t rest = pixels.size() - whole * perByte;
-    if (rest > 0)
-        std::memcpy(pixels.data() + whole * perByte, kUnpacked<bits>[row[whole]].data(), rest);
+const Pixels<1>& Unpack1Bit(uint8_t byte) {
+    return kUnpacked<1>[byte];
+}
+
+const Pixels<2>& Unpack2Bit(uint8_t byte) {
+    return kUnpacked<2>[byte];
+}
+
+const Pixels<4>& Unpack4Bit(uint8_t byte) {
+    return kUnpacked<4>[byte];
+}
+
+template<class Unpack>
+void Expand(std::span<const uint8_t> row, std::span<uint8_t> pixels, Unpack unpack) {
+    const size_t perByte = unpack(0).size();
+    for (size_t at = 0, i = 0; at < pixels.size(); at += perByte, ++i) {
+        const auto& unpacked = unpack(row[i]);
+        std::copy_n(unpacked.begin(), std::min(perByte, pixels.size() - at), &pixels[at]);
+    }
 }
 
 } // namespace
@@ -132,11 +142,11 @@ int64_t InterlacedBytes(const Header& header) {
 void ExpandRowToBytes(std::span<const uint8_t> row, int32_t bitDepth, std::span<uint8_t> pixels) {
     switch (bitDepth) {
     case 1:
-        return Expand<1>(row, pixels);
+        return Expand(row, pixels, Unpack1Bit);
     case 2:
-        return Expand<2>(row, pixels);
+        return Expand(row, pixels, Unpack2Bit);
     default:
-        return Expand<4>(row, pixels);
+        return Expand(row, pixels, Unpack4Bit);
     }
 }
 
