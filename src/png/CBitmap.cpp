@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace png::CBitmap {
@@ -35,6 +36,11 @@ void CreateBitmap(BitmapInfo<colors>& info, uint16_t bits, Bytes& buffer, int32_
     info.Header.Height = TopDown ? -height : height;
     info.Header.BitCount = bits;
     BitmapHandle = std::make_unique<Bitmap>(info.Header, info.Colors, std::move(buffer));
+}
+
+int ToInt(double length) {
+    constexpr double most = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(std::nearbyint(length), 0.0, most));
 }
 
 // Puts a window's unit back at its end.
@@ -151,8 +157,8 @@ void DrawBitmap(int32_t width, int32_t height, PictureBox& box, bool FitBox, int
             painted = FitToBox(box);
         }
         if (const std::unique_ptr<Bitmap> bitmap = std::exchange(BitmapHandle, nullptr))
-            box.StretchBlt(X, Y, int(painted.x), int(painted.y), *bitmap, int(source.x),
-                           int(source.y));
+            box.StretchBlt(X, Y, ToInt(painted.x), ToInt(painted.y), *bitmap, ToInt(source.x),
+                           ToInt(source.y));
     }
     box.PictureFromImage();
 }

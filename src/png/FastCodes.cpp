@@ -153,7 +153,8 @@ void BuildFastTables(FastTables& tables, std::span<const uint8_t> literals,
 
 bool DecodeFast(FastBlock& block, [[maybe_unused]] bool fastest) {
 #ifdef QUILLMARK_PNG_X86
-    static const bool modern = __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("ssse3");
+    static const bool modern = __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2") &&
+                               __builtin_cpu_supports("ssse3");
     if (modern && fastest)
         return FastLoopBmi2(block);
 #endif

@@ -53,9 +53,11 @@ void BuildFastTables(FastTables& tables, std::span<const uint8_t> literals,
 
 /// Where the accelerated loop works. Positions in the stream are in bits.
 struct FastBlock {
-    const FastTables& tables;
-    std::span<const uint8_t> in;
-    std::span<uint8_t> out;
+    const FastTables* tables;
+    const uint8_t* in;
+    size_t inSize;
+    uint8_t* out;
+    size_t outSize;
     uint64_t inPosition;
     size_t outPosition;
 };

@@ -199,14 +199,14 @@ struct Loop {
 };
 
 inline bool FastLoop(FastBlock& block) {
-    if (block.in.size() < kInMargin || block.out.size() < kOutMargin)
+    if (block.inSize < kInMargin || block.outSize < kOutMargin)
         return false;
-    const uint8_t* const inStart = block.in.data();
-    const uint8_t* const inFast = inStart + block.in.size() - kInMargin;
-    uint8_t* const outStart = block.out.data();
-    uint8_t* const outFast = outStart + block.out.size() - kOutMargin;
+    const uint8_t* const inStart = block.in;
+    const uint8_t* const inFast = inStart + block.inSize - kInMargin;
+    uint8_t* const outStart = block.out;
+    uint8_t* const outFast = outStart + block.outSize - kOutMargin;
     Loop loop{
-        block.tables, outStart, {inStart + block.inPosition / 8}, outStart + block.outPosition};
+        *block.tables, outStart, {inStart + block.inPosition / 8}, outStart + block.outPosition};
     if (loop.stream.in >= inFast || loop.out >= outFast)
         return false;
     loop.stream.Refill();

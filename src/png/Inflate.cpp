@@ -109,20 +109,32 @@ Inflater::Next Inflater::StoredBlock(int32_t& Result) {
     return Next::Block;
 }
 
+// Those of the fixed codes are built once: blocks of them may be very short.
+const FastTables* Inflater::BlockFastTables() {
+    std::unique_ptr<FastTables>& tables = m_static ? m_staticFast : m_fast;
+    if (m_static && tables)
+        return tables.get();
+    if (!tables)
+        tables = std::make_unique<FastTables>();
+    BuildFastTables(*tables, m_litLengths, m_distLengths);
+    return tables.get();
+}
+
 // Lets the accelerated loop go as far as it can. Answers whether it read the block's end.
 bool Inflater::RunAhead() {
     if (InPos + static_cast<int64_t>(kInMargin) > static_cast<int64_t>(InStream.size()) ||
         OutPos + static_cast<int64_t>(kOutMargin) > m_capacity)
         return false;
-    if (!m_fastBuilt) {
-        if (!m_fast)
-            m_fast = std::make_unique<FastTables>();
-        BuildFastTables(*m_fast, m_litLengths, m_distLengths);
-        m_fastBuilt = true;
-    }
+    if (m_blockFast == nullptr)
+        m_blockFast = BlockFastTables();
     const auto start = static_cast<uint64_t>(InPos * 8 - BitCount);
-    FastBlock block = {*m_fast, InStream.View(), std::span(OutStream.data(), OutStream.size()),
-                       start, static_cast<size_t>(OutPos)};
+    FastBlock block = {m_blockFast,
+                       InStream.data(),
+                       InStream.size(),
+                       OutStream.data(),
+                       OutStream.size(),
+                       start,
+                       static_cast<size_t>(OutPos)};
     const bool ended = DecodeFast(block, m_loop == Loop::Fastest);
     if (block.inPosition == start)
         return false;
@@ -138,7 +150,7 @@ bool Inflater::RunAhead() {
 
 // The plain loop, one symbol at a time, as far as the accelerated one doesn't go.
 Inflater::Next Inflater::DecodeBlock(bool wideLengths, int32_t& Result) {
-    m_fastBuilt = false;
+    m_blockFast = nullptr;
     for (;;) {
         if (m_loop != Loop::Plain && !wideLengths && RunAhead())
             return Next::Block;
@@ -209,6 +221,7 @@ int32_t Inflater::UseStaticTrees() {
         left = CreateCodeTable(StaticDistTable, m_distLengths, MaxDistBits, MinDistBits);
         StaticBuilt = true;
     }
+    m_static = true;
     LitTable = StaticLitTable;
     DistTable = StaticDistTable;
     m_filled = true;
@@ -234,6 +247,7 @@ int32_t Inflater::ReadDynamicTrees() {
     m_litLengths = lengths.first(literals);
     m_distLengths = lengths.subspan(literals);
     m_filled = false;
+    m_static = false;
     if (CheckCodeLengths(m_litLengths, MaxLitBits, MinLitBits) != 0)
         return kDamaged;
     return CheckCodeLengths(m_distLengths, MaxDistBits, MinDistBits);

@@ -41,6 +41,7 @@ private:
 
     void InitInflate(int32_t capacity);
     void FillTables();
+    const FastTables* BlockFastTables();
     bool RunAhead();
     Next DecodeBlock(bool wideLengths, int32_t& Result);
     Next StoredBlock(int32_t& Result);
@@ -75,8 +76,10 @@ private:
     std::span<uint8_t> m_litLengths;
     std::span<uint8_t> m_distLengths;
     bool m_filled = false;
-    bool m_fastBuilt = false;
     std::unique_ptr<FastTables> m_fast;
+    std::unique_ptr<FastTables> m_staticFast;
+    const FastTables* m_blockFast = nullptr;
+    bool m_static = false;
 
     int64_t m_capacity = 0;
     bool m_exhausted = false; ///< bits were wanted that the stream doesn't have

@@ -73,6 +73,9 @@ int32_t LoadPNG::OpenPNG(const std::string& filename) {
             BuildPicture();
     } catch (const std::bad_alloc&) {
         CBitmap::BitmapHandle.reset(); // too large for this machine: nothing is painted
+    } catch (...) {
+        CBitmap::BitmapHandle.reset();
+        throw; // by the box, which knows what to tell
     }
     return 0;
 }
@@ -107,7 +110,7 @@ bool LoadPNG::ReadChunk(ChunkReader& reader) {
     if (m_fields.IdatSize > kMost - reader.Length())
         return reader.SkipData(); // more than can be counted; the picture can't become whole
     if (m_fields.IdatSize == 0)
-        m_fields.IdatData.Reserve(static_cast<size_t>(reader.FileLength()));
+        m_fields.IdatData.Reserve(static_cast<size_t>(std::min(reader.FileLength(), kMost)));
     if (!reader.ReadData(m_fields.IdatData))
         return false;
     m_fields.IdatSize += reader.Length();

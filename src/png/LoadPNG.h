@@ -19,6 +19,7 @@ class LoadPNG {
 public:
     /// Reads, decodes and paints; always answers 0. What went wrong is in ErrorNumber, and nothing
     /// is painted then. `filename` is a path of this system. Without a PicBox nothing is painted.
+    /// Throws only what the box throws.
     int32_t OpenPNG(const std::string& filename);
 
     int32_t Width() const { return m_fields.Width; }

@@ -15,6 +15,7 @@ enum class ScaleMode { Twips = 1, Pixels = 3 };
 class ScaleOwner {
 public:
     virtual ~ScaleOwner() = default;
+    // Neither fails.
     virtual png::ScaleMode ScaleMode() const = 0;
     virtual void ScaleMode(png::ScaleMode unit) = 0;
 };
@@ -24,7 +25,8 @@ class PictureBox : public ScaleOwner {
 public:
     /// The window around the box; null if the box is a top-level form itself.
     virtual ScaleOwner* Parent() = 0;
-    /// The outer size, with the border, in the unit of the parent (in twips without one).
+    /// The outer size, with the border, in the unit of the parent (in twips without one). A size
+    /// that the system doesn't allow becomes the nearest one that it does.
     virtual double Width() const = 0;
     virtual void Width(double width) = 0;
     virtual double Height() const = 0;
@@ -40,7 +42,8 @@ public:
     virtual void Cls() = 0;
     /// Draws the source's upper left part of sourceWidth x sourceHeight pixels into the rectangle
     /// at x, y of the inner area, in pixels, scaled if the sizes differ. A part of the rectangle
-    /// for which the source has no pixels stays as it was.
+    /// for which the source has no pixels stays as it was. May throw if the
+    /// box is too large to be drawn on.
     virtual void StretchBlt(int x, int y, int width, int height, const Bitmap& source,
                             int sourceWidth, int sourceHeight) = 0;
     /// Reads what is drawn now, in pixels of the inner area: `bits` receives `height` rows of

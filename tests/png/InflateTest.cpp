@@ -3,7 +3,9 @@
 
 #include "PngFile.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -128,6 +130,24 @@ TEST(InflateTest, StoredBlocks) {
               Inflated(Stream().Stored(false, 2, ~2U, "ab").Take() + '\0'));
     EXPECT_EQ((Outcome{"ab", -1, ""}),
               Inflated(Stream().Stored(false, 2, ~2U, "ab").Take() + '\7'));
+}
+
+// How near the end a stored block may begin depends on how far the codes so far made the loop read
+// ahead, and codes of another stream count for that.
+TEST(InflateTest, StoredBlocksAtTheEnd) {
+    std::string text;
+    for (size_t i = 0, count = 1, next = 1; i < 20; ++i, count = std::exchange(next, next + count))
+        text.append(count, char('a' + i)); // codes as long as they get
+    std::ranges::shuffle(text, std::mt19937(1));
+    const auto size = int32_t(text.size());
+    Stream stream;
+    stream.Fixed(false).Literal('a').Literal(256).Stored(true, 0, 0xFFFF, "");
+    Loops fresh;
+    EXPECT_EQ((Outcome{"a", -1, ""}), fresh.Decoded(stream.Take(), 9));
+    EXPECT_EQ((Outcome{"a", 0, ""}), Loops().Decoded(stream.Take() + '\0', 9));
+    Loops used;
+    used.Decoded(recipes::Deflated(text, 6, Z_HUFFMAN_ONLY).substr(2), size);
+    EXPECT_EQ((Outcome{"a", -1, ""}), used.Decoded(stream.Take() + '\0', 9));
 }
 
 TEST(InflateTest, DamagedBlocksKeepWhatCameBefore) {

@@ -4,6 +4,7 @@
 
 #include "png/LoadPNG.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
@@ -29,12 +30,18 @@ inline std::string Chunk(const std::string& type, const std::string& data) {
     return Long(uint32_t(data.size())) + body + Long(uint32_t(crc));
 }
 
-inline std::string Deflated(const std::string& bytes, int level = 6) {
-    std::string packed(compressBound(uLong(bytes.size())), '\0');
-    uLongf size = packed.size();
-    compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
-              reinterpret_cast<const Bytef*>(bytes.data()), uLong(bytes.size()), level);
-    packed.resize(size);
+inline std::string Deflated(const std::string& bytes, int level = 6,
+                            int strategy = Z_DEFAULT_STRATEGY) {
+    z_stream stream{};
+    deflateInit2(&stream, level, Z_DEFLATED, 15, 8, strategy);
+    std::string packed(deflateBound(&stream, uLong(bytes.size())), '\0');
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+    stream.avail_in = uInt(bytes.size());
+    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
+    stream.avail_out = uInt(packed.size());
+    deflate(&stream, Z_FINISH);
+    packed.resize(stream.total_out);
+    deflateEnd(&stream);
     return packed;
 }
 
@@ -144,8 +151,8 @@ public:
     }
     void PictureFromImage() override { kept = true; }
 
-    int Columns() const { return m_width - 2 * m_border; }
-    int Lines() const { return m_height - 2 * m_border; }
+    int Columns() const { return std::max(0, m_width - 2 * m_border); }
+    int Lines() const { return std::max(0, m_height - 2 * m_border); }
     std::vector<uint8_t>::iterator At(int x, int y) {
         return pixels.begin() + 4 * (ptrdiff_t(y) * Columns() + x);
     }
