@@ -2,6 +2,7 @@
 #include "png/Convert.h"
 
 #include "png/Deinterlace.h"
+#include "png/Simd.h"
 
 #include <algorithm>
 #include <array>
@@ -9,43 +10,34 @@
 #include <utility>
 
 namespace png {
-namespace {
-
-// Four bytes at `pixel` with bytes 0 and 2 swapped.
-uint32_t Swapped(const uint8_t* pixel) {
-    uint32_t bytes = 0;
-    std::memcpy(&bytes, pixel, sizeof bytes);
-    return (bytes & 0xFF00FF00U) | (bytes & 0xFFU) << 16 | (bytes >> 16 & 0xFFU);
-}
-
-} // namespace
 
 void SwapRedBlue24(Bytes& buffer) {
-    uint8_t* pixel = buffer.begin();
-    // Four pixels are read before one is written, so that no reading waits for a writing.
-    for (const uint8_t* end = buffer.end(); end - pixel >= 13; pixel += 12) {
-        const std::array<uint32_t, 4> four = {Swapped(pixel), Swapped(pixel + 3),
-                                              Swapped(pixel + 6), Swapped(pixel + 9)};
-        std::memcpy(pixel, &four[0], 4);
-        std::memcpy(pixel + 3, &four[1], 4);
-        std::memcpy(pixel + 6, &four[2], 4);
-        std::memcpy(pixel + 9, &four[3], 2);
-        pixel[11] = static_cast<uint8_t>(four[3] >> 16);
-    }
-    for (; buffer.end() - pixel >= 3; pixel += 3)
+    const size_t done = SwapRedBlue24Simd({buffer.data(), buffer.size()});
+    for (uint8_t* pixel = buffer.begin() + done; buffer.end() - pixel >= 3; pixel += 3)
         std::swap(pixel[0], pixel[2]);
 }
 
 void SwapRedBlue32(Bytes& buffer) {
     for (uint8_t* pixel = buffer.begin(); buffer.end() - pixel >= 4; pixel += 4) {
-        const uint32_t swapped = Swapped(pixel);
-        std::memcpy(pixel, &swapped, sizeof swapped);
+        uint32_t bytes = 0;
+        std::memcpy(&bytes, pixel, sizeof bytes);
+        bytes = (bytes & 0xFF00FF00U) | (bytes & 0xFFU) << 16 | (bytes >> 16 & 0xFFU);
+        std::memcpy(pixel, &bytes, sizeof bytes);
     }
 }
 
 void Reduce16To8(Bytes& buffer) {
     const size_t half = buffer.size() / 2;
-    for (size_t i = 0; i < half; ++i)
+    size_t i = 0;
+    // Through buffers of fixed size, as a compiler makes vector instructions of that.
+    for (std::array<uint8_t, 32> from{}; i + from.size() / 2 <= half; i += from.size() / 2) {
+        std::array<uint8_t, 16> to{};
+        std::memcpy(from.data(), buffer.data() + 2 * i, from.size());
+        for (size_t k = 0; k < to.size(); ++k)
+            to[k] = from[2 * k];
+        std::memcpy(buffer.data() + i, to.data(), to.size());
+    }
+    for (; i < half; ++i)
         buffer[i] = buffer[2 * i];
     buffer.Resize(half);
     buffer.Trim();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/Unfilter.h"
 
-#include "png/UnfilterSimd.h"
+#include "png/Simd.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "png/UnfilterSimd.h"
+#include "png/Simd.h"
 
 #include <cstring>
 
 #ifdef __SSE2__
-#include <emmintrin.h>
+#include <tmmintrin.h>
 
 namespace png {
 namespace {
@@ -120,6 +120,8 @@ bool UnfilterRowSimd(uint8_t type, Row row, PreviousRow previous, size_t distanc
     if (row.size() % distance != 0)
         return false;
     switch (distance) {
+    case 1:
+        return Unfilter<1>(type, row, previous);
     case 2:
         return Unfilter<2>(type, row, previous);
     case 3:
@@ -135,12 +137,46 @@ bool UnfilterRowSimd(uint8_t type, Row row, PreviousRow previous, size_t distanc
     }
 }
 
+namespace {
+
+// Five pixels of a register; its last byte stays.
+__attribute__((target("ssse3"))) void SwapGroups(uint8_t* pixel, size_t groups) {
+    const __m128i order = _mm_setr_epi8(2, 1, 0, 5, 4, 3, 8, 7, 6, 11, 10, 9, 14, 13, 12, 15);
+    constexpr int kFive = 15; // bytes
+    for (; groups > 0; --groups, pixel += 4 * kFive) {
+        __m128i four[4];
+        // All are read before one is written: a reading that meets a writing half way waits for it.
+        for (int i = 0; i < 4; ++i)
+            four[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pixel + i * kFive));
+        for (int i = 0; i < 4; ++i)
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(pixel + i * kFive),
+                             _mm_shuffle_epi8(four[i], order));
+    }
+}
+
+} // namespace
+
+size_t SwapRedBlue24Simd(std::span<uint8_t> pixels) {
+    static const bool able = __builtin_cpu_supports("ssse3");
+    constexpr size_t kGroup = 60;
+    if (!able || pixels.empty())
+        return 0;
+    const size_t groups =
+        (pixels.size() - 1) / kGroup; // a byte behind the last one is written, too
+    SwapGroups(pixels.data(), groups);
+    return groups * kGroup;
+}
+
 } // namespace png
 
 #else
 
 bool png::UnfilterRowSimd(uint8_t, Row, PreviousRow, size_t) {
     return false;
+}
+
+size_t png::SwapRedBlue24Simd(std::span<uint8_t>) {
+    return 0;
 }
 
 #endif
