@@ -56,10 +56,12 @@ inline void CopyNear(uint8_t* out, unsigned distance, const uint8_t* end) {
         _mm_loadu_si128(reinterpret_cast<const __m128i*>(kPlaces.place[distance]));
     const __m128i chunk =
         _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(from)), places);
+    // Two chunks are enough for most lengths; a branch on those would often be guessed wrong.
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out), chunk);
     do {
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out), chunk);
         out += step;
-    } while (out < end);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out), chunk);
+    } while (out + step < end);
 #else
     uint8_t chunk[kChunk];
     for (unsigned i = 0, k = 0; i < kChunk; ++i, k = k + 1 == distance ? 0 : k + 1)
@@ -78,11 +80,12 @@ inline void CopyMatch(uint8_t* out, unsigned distance, unsigned length) {
         return;
     }
     const uint8_t* from = out - distance;
+    CopyChunk(out, from);
     do {
-        CopyChunk(out, from);
         out += kChunk;
         from += kChunk;
-    } while (out < end);
+        CopyChunk(out, from);
+    } while (out + kChunk < end);
 }
 
 // Bits taken from the stream but not used yet. Behind the counted ones stand more of the stream.
