@@ -13,8 +13,6 @@
 namespace png {
 namespace {
 
-constexpr int kLongestCode = 15;
-
 // A symbol's entry but for what its code's length adds.
 constexpr std::array<FastEntry, kStaticLiterals> kLitEntries = [] {
     std::array<FastEntry, kStaticLiterals> entries{};

@@ -3,6 +3,8 @@
 // symbol with all that belongs to it, or up to three literals.
 #pragma once
 
+#include "png/DeflateTables.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -31,15 +33,16 @@ inline constexpr FastEntry kOther = 1U << 14; ///< a symbol for which the plain 
 inline constexpr FastEntry kExceptional = kLink | kEnd | kOther;
 inline constexpr int kBaseShift = 16;
 
-inline constexpr int kLitBits = 11;
+inline constexpr int kLitBits = 10;
 inline constexpr int kDistBits = 9;
+inline constexpr int kLongestCode = 15;
 
-/// The first table and the second ones behind it.
+// The first table and the second ones behind it. At least two symbols share one of those.
 struct FastLitTable {
-    FastEntry entries[(1 << kLitBits) + 288 * 16];
+    FastEntry entries[(1 << kLitBits) + (kStaticLiterals / 2 << (kLongestCode - kLitBits))];
 };
 struct FastDistTable {
-    FastEntry entries[(1 << kDistBits) + 32 * 64];
+    FastEntry entries[(1 << kDistBits) + (kStaticDistances / 2 << (kLongestCode - kDistBits))];
 };
 
 struct FastTables {

@@ -126,7 +126,7 @@ struct Loop {
     void Look() { entry = tables.literals.entries[stream.Low(kLitBits)]; }
     bool Literals() const { return (entry & kLiterals) != 0; }
 
-    // Four looks use up at most 44 bits. False if they did and a refill is due.
+    // Four looks use up at most 40 bits. False if they did and a refill is due.
     bool PutLiterals() {
         for (int look = 0; look < 4; ++look) {
             if (!Literals())
