@@ -142,13 +142,13 @@ namespace {
 // Five pixels of a register; its last byte stays.
 __attribute__((target("ssse3"))) void SwapGroups(uint8_t* pixel, size_t groups) {
     const __m128i order = _mm_setr_epi8(2, 1, 0, 5, 4, 3, 8, 7, 6, 11, 10, 9, 14, 13, 12, 15);
-    constexpr int kFive = 15; // bytes
+    constexpr size_t kFive = 15; // bytes
     for (; groups > 0; --groups, pixel += 4 * kFive) {
         __m128i four[4];
         // All are read before one is written: a reading that meets a writing half way waits for it.
-        for (int i = 0; i < 4; ++i)
+        for (size_t i = 0; i < 4; ++i)
             four[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pixel + i * kFive));
-        for (int i = 0; i < 4; ++i)
+        for (size_t i = 0; i < 4; ++i)
             _mm_storeu_si128(reinterpret_cast<__m128i*>(pixel + i * kFive),
                              _mm_shuffle_epi8(four[i], order));
     }
