@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The painting of a skinned list header, on any painter.
+#pragma once
+
+#include "explorer/DisposicionCabecera.h"
+
+#include <QColor>
+#include <QFont>
+#include <QIcon>
+#include <QPixmap>
+#include <vector>
+
+class QPainter;
+
+namespace explorer {
+
+/// A column of the header, as it is read for each painting.
+struct ColumnaCabecera {
+    QRect sitio;
+    QString titulo;
+    int fmt = 0;
+    QPixmap imagen; ///< null without an icon
+};
+
+/// What decides how the header looks.
+struct EstadoCabecera {
+    QPixmap skin;
+    QSize tamanoIcono;
+    QColor colorNormal;
+    QColor colorResalte;
+    QFont letra;
+    bool iconoDerecha = false;
+    bool sinResalte = false;
+    bool pulsado = false;
+    int columnaActiva = -1; ///< counted from 0; -1 for none
+};
+
+/// The font of the titles: of 14 pixels, or the desktop's bold one.
+QFont LetraCabecera(bool negrita);
+
+/// Paints the background over all of `zona` and the columns over it.
+void PintarCabecera(QPainter& pintor, const QRect& zona,
+                    const std::vector<ColumnaCabecera>& columnas, const EstadoCabecera& estado);
+
+} // namespace explorer
