@@ -26,6 +26,8 @@ QMessageBox::Icon ToolkitIcon(Icon icon) {
         return QMessageBox::Information;
     case Icon::Question:
         return QMessageBox::Question;
+    case Icon::Exclamation:
+        return QMessageBox::Warning;
     case Icon::Error:
         return QMessageBox::Critical;
     case Icon::None:

@@ -12,7 +12,7 @@ namespace platform {
 
 class Form;
 
-enum class Icon { None, Information, Question, Error };
+enum class Icon { None, Information, Question, Exclamation, Error };
 enum class Buttons { Ok, YesNo, YesNoCancel };
 enum class Answer { Ok, Yes, No, Cancel };
 
