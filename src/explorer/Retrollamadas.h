@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/WindowMessages.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <span>
+
+namespace explorer {
+
+/// A message on its way through the layer: the same object before and after the window's handling.
+struct Aviso {
+    bool bBefore;   ///< before the window's own handling
+    bool bHandled;  ///< set before it, keeps it and what comes after it from running
+    qint32 lReturn; ///< the result: the owner's if it handled the message, else the window's
+    const platform::HWnd hWnd;
+    const quint32 uMsg;
+    const qint32 wParam;
+    const qint32 lParam;
+    qint32& lParamUser; ///< the owner's own, kept between the calls
+};
+
+/// What an owner lets itself be called by, under ordinals of its own choice. It belongs to the
+/// owner: once it is gone, no call comes any more.
+class Retrollamadas {
+public:
+    using Mensaje = std::function<void(Aviso&)>;
+    using Metodo = std::function<void(std::span<const qint32> valores, qint32& resultado)>;
+
+    Retrollamadas() = default;
+    Retrollamadas(const Retrollamadas&) = delete;
+    Retrollamadas& operator=(const Retrollamadas&) = delete;
+
+    /// The first one under an ordinal stays.
+    void Poner(int ordinal, Mensaje mensaje) {
+        m_tabla->mensajes.emplace(ordinal, std::move(mensaje));
+    }
+    void Poner(int ordinal, Metodo metodo) { m_tabla->metodos.emplace(ordinal, std::move(metodo)); }
+
+    /// Null if the ordinal has none.
+    const Mensaje* BuscarMensaje(int ordinal) const { return Buscar(m_tabla->mensajes, ordinal); }
+    const Metodo* BuscarMetodo(int ordinal) const { return Buscar(m_tabla->metodos, ordinal); }
+    /// What was found is valid while this can be locked.
+    std::weak_ptr<const void> Vida() const { return m_tabla; }
+
+private:
+    struct Tabla {
+        std::map<int, Mensaje> mensajes;
+        std::map<int, Metodo> metodos;
+    };
+    template<class Mapa>
+    static const typename Mapa::mapped_type* Buscar(const Mapa& mapa, int ordinal) {
+        const auto hallado = mapa.find(ordinal);
+        return hallado == mapa.end() ? nullptr : &hallado->second;
+    }
+
+    std::shared_ptr<Tabla> m_tabla = std::make_shared<Tabla>();
+};
+
+} // namespace explorer

@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "explorer/MensajesVentana.h"
+#include "support/ScriptedDialogs.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QTest>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using namespace explorer;
+using namespace platform;
+
+namespace {
+
+QStringList events; // in the order in which they came, from all sides
+
+struct Pane : QWidget {
+    using QWidget::QWidget;
+    void mousePressEvent(QMouseEvent* event) override {
+        events += objectName() + u"press"_s;
+        event->ignore();
+    }
+    void mouseMoveEvent(QMouseEvent*) override { events += u"move"_s; }
+    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), Qt::blue); }
+};
+
+struct Owner {
+    Owner() {
+        layer.Propias().Poner(1, [this](Aviso& aviso) {
+            events += (aviso.bBefore ? u"<%1"_s : u">%1"_s).arg(aviso.uMsg);
+            ++aviso.lParamUser;
+            if (during)
+                during(aviso);
+        });
+    }
+    std::function<void(Aviso&)> during;
+    MensajesVentana layer{u"cLista"_s};
+};
+
+class MensajesVentanaTest : public testing::Test {
+protected:
+    MensajesVentanaTest() {
+        outer.resize(90, 90);
+        pane->resize(80, 80);
+        outer.setObjectName(u"outer "_s);
+        EXPECT_TRUE(owner->layer.ssc_Subclass(window, 5));
+        events.clear();
+    }
+    void Watch(qint32 message, int when) { owner->layer.ssc_WatchMsg(window, message, when); }
+    QStringList Sent(quint32 message) {
+        events.clear();
+        SendMessage(window, message);
+        return events;
+    }
+    bool Left() { return GetWindowProc(window) == procedure; }
+
+    support::ScriptedDialogs dialogs;
+    Pane outer;
+    Pane* pane = new Pane(&outer);
+    HWnd window = HandleOf(pane);
+    WindowProc procedure = GetWindowProc(window);
+    std::unique_ptr<Owner> owner = std::make_unique<Owner>();
+};
+
+} // namespace
+
+TEST_F(MensajesVentanaTest, PhasesSurroundTheWindowsOwnHandling) {
+    Watch(WM_LBUTTONDOWN, MSG_BEFORE_AFTER);
+    Watch(WM_NCHITTEST, MSG_BEFORE);
+    owner->during = [&](Aviso& aviso) {
+        const bool ahead = aviso.uMsg == WM_NCHITTEST;
+        EXPECT_EQ(PointOf(aviso.lParam), ahead ? pane->mapToGlobal(QPoint(7, 9)) : QPoint(7, 9));
+        EXPECT_EQ(aviso.wParam, ahead ? 0 : 5); // left button and Shift
+    };
+    QTest::mousePress(pane, Qt::LeftButton, Qt::ShiftModifier, QPoint(7, 9));
+    // What the widget ignores comes to its parent, and only once.
+    EXPECT_EQ(events.join(u' '), u"<132 <513 press outer press >513"_s);
+    EXPECT_EQ(owner->layer.ssc_UserValue(window), 8);
+    events.clear();
+    owner->during = [](Aviso& aviso) { aviso.bHandled = aviso.uMsg == WM_LBUTTONDOWN; };
+    QTest::mousePress(pane, Qt::LeftButton, {}, QPoint(7, 9));
+    EXPECT_EQ(events.join(u' '), u"<132 <513"_s);
+    events.clear();
+    QTest::mouseMove(pane, QPoint(3, 3)); // no button is down, and the layer doesn't want it
+    EXPECT_EQ(events.join(u' '), u"<132 move"_s);
+    EXPECT_EQ(PointOf(MakeLParam(QPoint(-3, -70))), QPoint(-3, -70));
+}
+
+TEST_F(MensajesVentanaTest, SentMessagesAreAnsweredByTheOwnerOrTheWindow) {
+    Watch(WM_NCHITTEST, MSG_BEFORE_AFTER);
+    owner->during = [&](Aviso& aviso) {
+        EXPECT_EQ(aviso.lReturn, aviso.bBefore ? 0 : 1);
+        EXPECT_EQ(owner->layer.ssc_CallPrevious(window, WM_NCHITTEST, 0, 0), 1);
+    };
+    EXPECT_EQ(SendMessage(window, WM_NCHITTEST), 1);
+    owner->during = [](Aviso& aviso) {
+        aviso.bHandled = true;
+        aviso.lReturn = -7;
+    };
+    EXPECT_EQ(SendMessage(window, WM_NCHITTEST), -7);
+    EXPECT_EQ(Sent(WM_LBUTTONDOWN), (QStringList{u"press"_s, u"outer press"_s}));
+}
+
+TEST_F(MensajesVentanaTest, TheOwnerPaintsInTheWindowsPlace) {
+    Watch(WM_PAINT, MSG_BEFORE);
+    EXPECT_EQ(pane->grab().toImage().pixelColor(40, 40), QColor(Qt::blue));
+    owner->during = [&](Aviso&) {
+        const QRect all = BeginPaint(window);
+        EXPECT_EQ(all, pane->rect());
+        QPainter(pane).fillRect(all, Qt::red);
+    };
+    EXPECT_EQ(pane->grab().toImage().pixelColor(40, 40), QColor(Qt::red));
+    EXPECT_TRUE(BeginPaint(window).isNull());
+}
+
+TEST_F(MensajesVentanaTest, HeadersGoOnWorkingWhileWatched) {
+    QTreeWidget list;
+    list.setHeaderLabels({u"a"_s, u"b"_s});
+    list.header()->setSectionsClickable(true);
+    int pressed = 0;
+    QObject::connect(list.header(), &QHeaderView::sectionPressed, [&] { ++pressed; });
+    const HWnd header = HandleOf(list.header()->viewport());
+    ASSERT_TRUE(owner->layer.ssc_Subclass(header));
+    owner->layer.ssc_WatchMsg(header, ALL_MESSAGES, MSG_BEFORE_AFTER);
+    QTest::mousePress(list.header()->viewport(), Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(events.join(u' '), u"<132 >132 <513 >513"_s);
+    EXPECT_EQ(pressed, 1);
+}
+
+TEST_F(MensajesVentanaTest, ADestroyedWindowIsLeftWhateverTheOwnerSays) {
+    Watch(WM_DESTROY, MSG_BEFORE_AFTER);
+    owner->during = [&](Aviso& aviso) {
+        aviso.bHandled = true;
+        EXPECT_EQ(pane->width(), 80);
+        EXPECT_TRUE(IsWindow(window));
+    };
+    delete pane;
+    EXPECT_EQ(events, QStringList{u"<2"_s}); // no after phase
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(Sent(WM_DESTROY), QStringList());
+    owner->layer.ssc_UnhookAll();
+    dialogs.Expect(u"Thunk hasn't been initialized"_s, Answer::Ok);
+    owner->layer.ssc_Unhook(window);
+}
+
+TEST_F(MensajesVentanaTest, UnhookingInACallbackWaitsForTheOutermostCall) {
+    Watch(ALL_MESSAGES, MSG_BEFORE_AFTER);
+    owner->during = [&](Aviso& aviso) {
+        if (aviso.uMsg == 600)
+            owner->layer.ssc_Unhook(window);
+        else
+            SendMessage(window, 600);
+        EXPECT_FALSE(Left());
+        aviso.bHandled = true;
+    };
+    EXPECT_EQ(Sent(599), (QStringList{u"<599"_s, u"<600"_s}));
+    EXPECT_TRUE(Left());
+    EXPECT_TRUE(owner->layer.ssc_Subclass(window));
+}
+
+TEST_F(MensajesVentanaTest, WindowAndOwnerMayGoInACallback) {
+    Watch(ALL_MESSAGES, MSG_BEFORE_AFTER);
+    const QPointer<Pane> alive = pane;
+    owner->during = [&](Aviso& aviso) {
+        if (aviso.uMsg == WM_LBUTTONDOWN)
+            delete pane;
+    };
+    QTest::mousePress(pane, Qt::LeftButton);
+    EXPECT_TRUE(alive.isNull());
+    EXPECT_EQ(events.join(u' '), u"<132 >132 <513 <2 >2"_s);
+
+    window = HandleOf(&outer);
+    EXPECT_TRUE(owner->layer.ssc_Subclass(window));
+    Watch(ALL_MESSAGES, MSG_BEFORE_AFTER);
+    owner->during = [&](Aviso&) { owner.reset(); };
+    EXPECT_EQ(Sent(600), QStringList{u"<600"_s});
+    EXPECT_TRUE(Left());
+
+    owner = std::make_unique<Owner>();
+    auto another = std::make_unique<Retrollamadas>();
+    another->Poner(9, [](Aviso&) { events += u"another"_s; });
+    EXPECT_TRUE(owner->layer.ssc_Subclass(window, 0, 9, another.get()));
+    Watch(600, MSG_BEFORE);
+    EXPECT_EQ(Sent(600), QStringList{u"another"_s});
+    another.reset();
+    EXPECT_EQ(Sent(600), QStringList());
+}
+
+TEST_F(MensajesVentanaTest, TwoOwnersLeaveInAnyOrder) {
+    auto second = std::make_unique<Owner>();
+    EXPECT_TRUE(second->layer.ssc_Subclass(window));
+    second->layer.ssc_WatchMsg(window, 600, MSG_AFTER);
+    Watch(600, MSG_AFTER);
+    owner.reset();
+    EXPECT_EQ(Sent(600), QStringList{u">600"_s});
+    second.reset();
+    Sent(600); // the first could only leave after the second
+    EXPECT_TRUE(Left());
+}
+
+TEST_F(MensajesVentanaTest, TablesHoldThirtyTwoMessages) {
+    for (int i = 0; i < 2 * MSG_ENTRIES - 1; ++i)
+        Watch(1000 + i / 2, MSG_BEFORE); // each but the last twice
+    Watch(1003, MSG_AFTER);
+    EXPECT_EQ(Sent(1003), (QStringList{u"<1003"_s, u">1003"_s}));
+    const QString overflow =
+        u"Message table overflow. Either increase the value of Const "
+        "MSG_ENTRIES or use ALL_MESSAGES instead of specific message values."_s;
+    dialogs.Expect(overflow, Answer::Ok);
+    Watch(2000, MSG_BEFORE);
+    EXPECT_EQ(Sent(2000), QStringList());
+    EXPECT_EQ(Sent(1031), QStringList{u"<1031"_s});
+
+    const auto entry = owner->layer.zMap_VFunction(window, 0);
+    const TablaMensajes& table = static_cast<EntradaMensajes*>(entry.get())->tablaDespues;
+    Watch(7, MSG_AFTER);
+    owner->layer.ssc_UnwatchMsg(window, 1003, MSG_AFTER);
+    EXPECT_EQ(Sent(WM_NULL), QStringList()); // the hole wants nothing
+    Watch(8, MSG_AFTER);
+    EXPECT_EQ(table.cuenta, 2);
+    EXPECT_EQ(Sent(8), QStringList{u">8"_s});
+    Watch(ALL_MESSAGES, MSG_AFTER);
+    EXPECT_EQ(Sent(12345), QStringList{u">12345"_s});
+    Watch(9, MSG_AFTER);
+    EXPECT_EQ(Sent(9) + Sent(8), QStringList{u">9"_s}); // that one message is left
+    owner->layer.ssc_UnwatchMsg(window, ALL_MESSAGES, MSG_BEFORE_AFTER);
+    EXPECT_EQ(Sent(9) + Sent(1031), QStringList());
+}
+
+TEST_F(MensajesVentanaTest, FailuresAreShownAndLogged) {
+    static QStringList logged;
+    const auto handler = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { logged += text; });
+    MensajesVentana& layer = owner->layer;
+    QString routine;
+    const auto fails = [&](const QString& text, auto call) {
+        dialogs.Expect(text, Answer::Ok);
+        EXPECT_FALSE(call()) << text.toStdString();
+        const Message& shown = dialogs.messages.back();
+        EXPECT_EQ(shown.text, text + u'.');
+        EXPECT_EQ(shown.title, u"Error in cLista."_s + routine);
+        EXPECT_EQ(shown.icon, Icon::Exclamation);
+        EXPECT_EQ(logged, QStringList{u"cLista."_s + routine + u": "_s + text});
+        logged.clear();
+    };
+    const auto refused = [&](const QString& text, HWnd handle, int ordinal = 1) {
+        fails(text, [&] { return layer.ssc_Subclass(handle, 0, ordinal); });
+    };
+    const HWnd other = HandleOf(&outer);
+    routine = u"ssc_Subclass"_s;
+    refused(u"Invalid window handle"_s, 0);
+    refused(u"Window handle belongs to another process"_s, HandleOfNative(0x400001));
+    refused(u"Callback method not found"_s, other, 2);
+    refused(u"Window handle is already subclassed"_s, window);
+    std::thread(refused, u"SetWindowLong failed, error #%1"_s.arg(EPERM), other, 1).join();
+    routine = u"zDelMsg"_s;
+    fails(u"Message &H20A not found in table"_s,
+          [&] { return layer.ssc_UnwatchMsg(window, 0x20A, MSG_BEFORE), false; });
+    routine = u"zMap_Vfunction"_s;
+    fails(u"Invalid thunk type passed"_s, [&] { return bool(layer.zMap_VFunction(1, 3)); });
+    routine = u"zMap_VFunction"_s;
+    fails(u"Thunk hasn't been initialized"_s, [&] { return layer.scb_Release(3), false; });
+    fails(u"Thunk type for ID of %1 does not exist"_s.arg(other),
+          [&] { return layer.ssc_CallPrevious(other, WM_NCHITTEST, 0, 0); });
+    routine = u"scb_SetCallbackAddr"_s;
+    fails(u"Invalid Parameter count"_s, [&] { return bool(layer.scb_SetCallbackAddr(-1, 2)); });
+    fails(u"Callback address not found."_s, [&] { return bool(layer.scb_SetCallbackAddr(4, 2)); });
+    qInstallMessageHandler(handler);
+    Watch(600, MSG_BEFORE); // the first entry is as it was
+    EXPECT_EQ(Sent(600), QStringList{u"<600"_s});
+}
+
+TEST_F(MensajesVentanaTest, TimersRunPlainProceduresOfTheOwner) {
+    int ticks = 0;
+    owner->layer.Propias().Poner(2, [&](std::span<const qint32> values, qint32& result) {
+        result = ++ticks;
+        EXPECT_EQ(values[0], static_cast<qint32>(window));
+        if (values[2] == 77 && ticks == 3) {
+            EXPECT_TRUE(KillTimer(window, 77));
+        }
+    });
+    const PlainProc address = owner->layer.scb_SetCallbackAddr(4, 2);
+    EXPECT_EQ(owner->layer.scb_SetCallbackAddr(4, 2), address);
+    EXPECT_TRUE(SetTimer(window, 77, 1, address));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 3; }));
+    QTest::qWait(20);
+    EXPECT_EQ(ticks, 3);
+    const qint32 values[] = {static_cast<qint32>(window), 0, 0, 0};
+    EXPECT_EQ((*address)(values), 4);
+    EXPECT_EQ((*address)(std::span(values).first(3)), 0);
+    EXPECT_TRUE(SetTimer(window, 1, 1, address));
+    delete pane;
+    EXPECT_FALSE(KillTimer(window, 1));
+    owner->layer.scb_Release(2);
+    EXPECT_EQ((*address)(values), 0);
+    QTest::qWait(20);
+    EXPECT_EQ(ticks, 4);
+}
