@@ -48,6 +48,13 @@ void FileSystemObject::DeleteFile(const QString& path, bool force) const {
                       FileFailureText(u"borrar", path, ErrorText(errno)));
 }
 
+QString FileSystemObject::BuildPath(const QString& folder, const QString& name) const {
+    qsizetype end = folder.size();
+    while (end > 0 && (folder.at(end - 1) == u'\\' || folder.at(end - 1) == u'/'))
+        --end;
+    return folder.first(end) + u'\\' + name;
+}
+
 bool FileSystemObject::FolderExists(const QString& path) const {
     try {
         std::error_code error;

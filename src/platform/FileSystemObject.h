@@ -14,6 +14,9 @@ public:
     /// the file and the reason.
     void DeleteFile(const QString& path, bool force = false) const;
 
+    /// Folder and name with exactly one separator between them.
+    QString BuildPath(const QString& folder, const QString& name) const;
+
     /// True for a folder, or a link to one.
     bool FolderExists(const QString& path) const;
     /// Removes a folder, or a file, with all it holds, and what has no write permission too with

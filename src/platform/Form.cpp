@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 
 namespace platform {
@@ -32,7 +33,10 @@ void Form::Load() {
 }
 
 void Form::Show() {
+    const QPointer<Form> self(this);
     Load();
+    if (!self || m_stage == Stage::Gone)
+        return;
     if (State() == WindowState::Minimised)
         State(WindowState::Normal);
     Shell()->show();

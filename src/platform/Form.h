@@ -31,7 +31,7 @@ public:
 
     /// Runs Form_Load if it hasn't run yet.
     void Load();
-    /// Loads, shows and brings to the front.
+    /// Loads, shows and brings to the front, unless the loading has ended in an unload.
     void Show();
     /// Answers whether the window is gone: a handler may have cancelled.
     bool Unload();
@@ -46,6 +46,11 @@ public:
     int ScaleHeight() const { return ToTwips(height()); }
     int Width() const { return ScaleWidth() + kFrameWidth; }
     int Height() const { return ScaleHeight() + kFrameHeight; }
+
+    /// A window that keeps this inner size, in pixels, and can't be maximised. To be said before
+    /// the frame adopts it.
+    void FixedSize(const QSize& size) { setFixedSize(size); }
+    bool IsFixedSize() const { return minimumSize() == maximumSize(); }
 
     /// The buttons that Enter and Escape press; Enter presses the one with the focus if there is
     /// one.

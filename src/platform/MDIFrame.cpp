@@ -25,11 +25,17 @@ constexpr QSize kDesignedSize(1280, 800);
 // Title, menu and borders of the frame, as the program was designed for them.
 constexpr int kFrameChrome = 900;
 
+constexpr Qt::WindowFlags kFixedWindow =
+    Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+    Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
+
 // The window around a child. Its closing is the child's to decide.
 class ChildWindow : public QMdiSubWindow {
 public:
     explicit ChildWindow(Form* form) : m_form(form) {
         setWidget(form);
+        if (form->IsFixedSize())
+            setWindowFlags(kFixedWindow);
         for (QAction* action : systemMenu()->actions())
             action->setShortcuts(QList<QKeySequence>()); // the keys are the frame's
         connect(this, &QMdiSubWindow::windowStateChanged, form,
@@ -196,7 +202,9 @@ void MDIFrame::Arrange(Arrangement arrangement) {
     for (size_t i = 0; i < shells.size(); ++i) {
         if (arrangement != Arrangement::Icons && shells[i]->isMaximized())
             shells[i]->showNormal();
-        shells[i]->setGeometry(rects[i]);
+        const auto* form = qobject_cast<const Form*>(shells[i]->widget());
+        const bool fixed = form && form->IsFixedSize() && !shells[i]->isMinimized();
+        shells[i]->setGeometry(fixed ? QRect(rects[i].topLeft(), shells[i]->size()) : rects[i]);
     }
 }
 

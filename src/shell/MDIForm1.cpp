@@ -10,6 +10,7 @@
 #include "deploy/PruebaLua.h"
 #include "deploy/transfer_form.h"
 #include "documents/CodeMaxConstants.h"
+#include "explorer/Explorador.h"
 #include "platform/Dialogs.h"
 #include "platform/Failure.h"
 #include "platform/Handler.h"
@@ -37,7 +38,7 @@ using platform::RunSilently;
 
 constexpr int kIntervalo = 500; // milliseconds
 constexpr quint8 kRecientes = 6;
-// Width and height of a document opened from the command line, in twips.
+// Width and height of a document opened from the command line or the explorer, in twips.
 constexpr int kAnchoAbierto = 8000;
 constexpr int kAltoAbierto = 10350;
 
@@ -178,8 +179,8 @@ void MDIForm1::crear_temporal_click() {
     deploy::EscribirTemporal(m_compartido.texto_temporal);
 }
 
-frmDocumento* MDIForm1::NuevoScript() {
-    frmDocumento* documento = CrearDocumento();
+QPointer<frmDocumento> MDIForm1::NuevoScript() {
+    const QPointer<frmDocumento> documento = CrearDocumento();
     ++m_compartido.numero_documentos;
     documento->Caption(QStringLiteral("Nuevo script %1").arg(m_compartido.numero_documentos));
     documento->Show();
@@ -190,6 +191,8 @@ frmDocumento* MDIForm1::NuevoScript() {
 void MDIForm1::mnuarchivonuevo_Click() {
     frmDocumento* documento = NuevoScript();
     FrmDoc = documento;
+    if (!documento)
+        return;
     connect(documento, &platform::Form::Unloaded, this, [this, documento] {
         if (FrmDoc == documento)
             FrmDoc.clear();
@@ -301,7 +304,23 @@ void MDIForm1::mnuedicionseleccionar_Click() {
     });
 }
 
-void MDIForm1::mnuherramientasExplorador_Click() {}
+void MDIForm1::AbrirProyecto(const QString& ruta, const QString& rotulo) {
+    frmDocumento* documento = CrearDocumento();
+    m_compartido.documento_explorador = documento;
+    documento->Caption(rotulo);
+    if (!RunSilently([&] { documento->Abrir(ruta); })) {
+        documento->txtFile().Text(QString());
+        documento->flagGuardar = false;
+    }
+    documento->Show();
+    documento->Move(0, 0, kAnchoAbierto, kAltoAbierto);
+    ++m_compartido.numero_documentos;
+}
+
+void MDIForm1::mnuherramientasExplorador_Click() {
+    explorer::MarcoExplorador& marco = *this;
+    Mostrar<explorer::Explorador>(m_explorador, marco, *m_compartido.fso);
+}
 
 void MDIForm1::AnadirPlantilla(const QString& archivo) {
     if (!FrmDoc) {

@@ -4,6 +4,7 @@
 #include "assist/MarcoCoordenadas.h"
 #include "documents/MarcoDocumentos.h"
 #include "documents/frmDocumento.h"
+#include "explorer/MarcoExplorador.h"
 #include "platform/CommonDialog.h"
 #include "platform/MDIFrame.h"
 #include "platform/MenuArray.h"
@@ -21,7 +22,8 @@ namespace shell {
 /// through its menu.
 class MDIForm1 : public platform::MDIFrame,
                  public documents::MarcoDocumentos,
-                 public assist::MarcoCoordenadas {
+                 public assist::MarcoCoordenadas,
+                 public explorer::MarcoExplorador {
     Q_OBJECT
 
 public:
@@ -32,8 +34,9 @@ public:
     /// The document made last by mnuarchivonuevo; none once that is closed.
     QPointer<documents::frmDocumento> FrmDoc;
 
-    /// A blank document with the next number, on show. The explorer follows.
-    documents::frmDocumento* NuevoScript();
+    /// A blank document with the next number, on show. The explorer follows; none if the document
+    /// was closed meanwhile.
+    QPointer<documents::frmDocumento> NuevoScript();
     /// The menu entry of that name, null if there is none.
     QAction* Entrada(const QString& nombre) const { return m_entradas.value(nombre); }
 
@@ -43,6 +46,7 @@ public:
     int Alto() const override { return Height(); }
     assist::Form5& Form5Cargado() override;
     void MostrarForm6() override;
+    void AbrirProyecto(const QString& ruta, const QString& rotulo) override;
 
     void mnuarchivonuevo_Click();
     void mnuarchivoabrir_Click();
@@ -120,6 +124,7 @@ private:
     QPointer<platform::Form> m_form5;
     QPointer<platform::Form> m_form6;
     QPointer<platform::Form> m_transferForm;
+    QPointer<platform::Form> m_explorador;
 };
 
 } // namespace shell

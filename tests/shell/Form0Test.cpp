@@ -66,7 +66,8 @@ TEST_F(Form0Test, TheFirstRunOpensTheConfigurationAndOnlyOnce) {
         EXPECT_EQ(home.Get("programa/config.ini"),
                   "[inicio]\r\nejecuciones=1\r\n[general]\r\nnuevo=si\r\n");
     }
-    EXPECT_EQ(Start(home.Get("programa/config.ini")), QStringList{u"Nuevo script 1"_s});
+    EXPECT_EQ(Start(home.Get("programa/config.ini")),
+              QStringList({u"Nuevo script 1"_s, u"Explorador"_s}));
 }
 
 TEST_F(Form0Test, ANormalStartFollowsTheSetting) {
@@ -82,12 +83,12 @@ TEST_F(Form0Test, ANormalStartFollowsTheSetting) {
 TEST_F(Form0Test, AFileOnTheCommandLineComesFirst) {
     const QString ruta = home.Put("mis juegos/el juego.lua", "print(1)");
     EXPECT_EQ(Start("[inicio]\nejecuciones=1\n[general]\nnuevo=si\n", ruta),
-              QStringList({u"el juego.lua"_s, u"Nuevo script 2"_s}));
+              QStringList({u"el juego.lua"_s, u"Explorador"_s, u"Nuevo script 2"_s}));
     const platform::Form* abierto = principal->Forms().front();
     EXPECT_NEAR(abierto->Height(), 10350, 15);
     EXPECT_TRUE(principal->FrmDoc.isNull());
     EXPECT_EQ(compartido.numero_documentos, 2);
     compartido.numero_documentos = 0;
     EXPECT_EQ(Start("[inicio]\nejecuciones=0\n", ruta),
-              QStringList({u"el juego.lua"_s, u"Configuración"_s}));
+              QStringList({u"el juego.lua"_s, u"Explorador"_s, u"Configuración"_s}));
 }

@@ -29,7 +29,10 @@ protected:
     void Press(const char* entrada) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         principal.Timer1_Timer();
+        const documents::frmDocumento* script = principal.FrmDoc;
         Entrada(entrada)->trigger();
+        if (principal.FrmDoc && principal.FrmDoc != script)
+            principal.FrmDoc->Show(); // into the new script, before which the explorer came
     }
     QAction* Entrada(const char* nombre) { return principal.Entrada(QString::fromLatin1(nombre)); }
     QAction* Reciente(int indice) {
@@ -48,9 +51,17 @@ protected:
         return Active();
     }
     QString Text() { return Active()->txtFile().Text(); }
+    // All but the explorer, which comes with each new script.
+    std::vector<platform::Form*> Windows() {
+        std::vector<platform::Form*> windows = principal.Forms();
+        std::erase_if(windows, [](const platform::Form* form) {
+            return form->Caption() == QStringLiteral("Explorador");
+        });
+        return windows;
+    }
     QStringList Captions() {
         QStringList captions;
-        for (const platform::Form* form : principal.Forms())
+        for (const platform::Form* form : Windows())
             captions.append(form->Caption());
         return captions;
     }

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QCollator>
+#include <QString>
+#include <optional>
+#include <span>
+
+namespace explorer {
+
+inline const QString kTipoCarpeta = QStringLiteral("Carpeta de Archivos");
+inline const QString kClaveCarpeta = QStringLiteral("carpeta");
+
+/// One entry of a listed folder.
+struct EntradaArchivo {
+    QString clave; ///< of the row's icon in both image lists
+    QString nombre;
+    QString tipo;
+    quint32 atributos = 0;
+    qint32 tamano = 0; ///< the low 32 bits of the size in bytes
+    qint64 fechaEscritura = 0;
+    std::optional<QCollatorSortKey> orden; ///< the place of the name, set by the sort
+};
+
+/// True for types that differ in nothing but case.
+bool EsTipo(const QString& tipo, const QString& otro);
+
+/// "z" and the extension in lower case; a name without a point is all extension.
+QString ClaveDeArchivo(const QString& nombre);
+
+QString TextoTamano(qint32 tamano);
+QString TextoFecha(qint64 fechaEscritura);
+QString TextoAtributos(quint32 atributos);
+
+/// Sorts folders first, then files, each by name as the locale does without regard to case. Names
+/// that are equal then come in the order of their characters.
+void ordenarEntradas(std::span<EntradaArchivo> entradas);
+
+} // namespace explorer

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "explorer/Explorador.h"
+
+#include "explorer/DibujosBarra.h"
+#include "platform/Handler.h"
+#include "shell/Module1.h"
+#include "ui_Explorador.h"
+
+#include <QPointer>
+
+namespace explorer {
+namespace {
+
+constexpr int kIzquierda = 8000; // twips: beside a document that the explorer has opened
+constexpr int kJuntoAlTexto = 6; // pixels, of a button
+constexpr int kSubir = 1;
+constexpr int kCambiar = 3;
+constexpr int kVolver = 5;
+
+} // namespace
+
+Explorador::Explorador(MarcoExplorador& marco, const platform::FileSystemObject& fso)
+    : m_ui(std::make_unique<Ui::Explorador>()), m_marco(marco), m_fso(fso) {
+    m_ui->setupUi(this);
+    Caption(windowTitle());
+    setFocusProxy(m_ui->ListView1);
+    const auto preparar = [this](QToolButton* boton, int indice, const QIcon& dibujo) {
+        boton->setIcon(dibujo);
+        boton->setIconSize({kLadoDibujo, kLadoDibujo});
+        boton->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+        const int texto = boton->fontMetrics().horizontalAdvance(boton->text());
+        boton->setMinimumWidth(texto + kJuntoAlTexto);
+        boton->setAutoRaise(true); // so that it has a picture of its own under the mouse
+        connect(boton, &QToolButton::clicked, this, [this, indice] {
+            platform::RunHandler([this, indice] { Toolbar1_ButtonClick(indice); });
+        });
+    };
+    preparar(m_ui->Boton1, kSubir, DibujoSubir());
+    preparar(m_ui->Boton3, kCambiar, DibujoCambiar());
+    preparar(m_ui->Boton5, kVolver, DibujoVolver());
+    FixedSize(size().expandedTo(minimumSizeHint())); // larger fonts need more
+}
+
+Explorador::~Explorador() = default;
+
+void Explorador::Form_Load() {
+    archivoConfig = Module1::RutaConfig();
+    cFile = std::make_unique<clsListFile>(m_marco, m_fso);
+    cFile->changePath = [this](QString& Ruta) { cFile_changePath(Ruta); };
+    cFile->SetControls(*m_ui->ListView1, ImageList1[0], ImageList1[1]);
+    m_ui->ListView1->View(platform::ListDisplay::List);
+    Move(kIzquierda, 0, Width(), Height());
+    cFile->Listar(QStringLiteral("c:\\")); // the last step: it may take the window away
+}
+
+void Explorador::Form_Unload() {
+    cFile.reset();
+}
+
+void Explorador::cFile_changePath(QString& Ruta) {
+    m_ui->Frame1->Caption(Ruta);
+}
+
+void Explorador::Toolbar1_ButtonClick(int Index) {
+    if (Index == kSubir)
+        cFile->subirNivel();
+    else if (Index == kCambiar)
+        ListarPathAlternativo();
+    else if (Index == kVolver)
+        cFile->Listar(QStringLiteral("C:\\"));
+}
+
+void Explorador::ListarPathAlternativo() {
+    const QPointer<Explorador> ventana(this);
+    pathAlternativo = Module1::LeerIni(archivoConfig, QStringLiteral("explorador"),
+                                       QStringLiteral("path"), QString());
+    cFile->Listar(pathAlternativo + QStringLiteral(":\\"));
+    if (ventana && ventana->cFile) // neither gone nor closed meanwhile
+        ventana->cFile->subirNivel();
+}
+
+} // namespace explorer

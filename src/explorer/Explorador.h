@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "explorer/MarcoExplorador.h"
+#include "explorer/clsListFile.h"
+#include "platform/Form.h"
+#include "platform/ImageList.h"
+
+#include <array>
+#include <memory>
+
+namespace Ui {
+class Explorador;
+}
+
+namespace explorer {
+
+/// The window that shows a folder beside the documents. It begins with C: each time it is opened.
+class Explorador : public platform::Form {
+    Q_OBJECT
+
+public:
+    Explorador(MarcoExplorador& marco, const platform::FileSystemObject& fso);
+    ~Explorador() override;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    void Toolbar1_ButtonClick(int Index);
+    void cFile_changePath(QString& Ruta);
+    void ListarPathAlternativo();
+
+    std::unique_ptr<Ui::Explorador> m_ui;
+    MarcoExplorador& m_marco;
+    const platform::FileSystemObject& m_fso;
+    std::array<platform::ImageList, 2> ImageList1; // small, large
+    std::unique_ptr<clsListFile> cFile;
+    QString archivoConfig;
+    QString pathAlternativo;
+};
+
+} // namespace explorer

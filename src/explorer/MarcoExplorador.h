@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace explorer {
+
+/// What the explorer asks of the main window.
+class MarcoExplorador {
+public:
+    virtual ~MarcoExplorador() = default;
+
+    /// Opens a project file in a new document with that caption. One that can't be read gives an
+    /// empty document.
+    virtual void AbrirProyecto(const QString& ruta, const QString& rotulo) = 0;
+};
+
+} // namespace explorer

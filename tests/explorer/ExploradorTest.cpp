@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "explorer/Explorador.h"
+#include "platform/Drives.h"
+#include "platform/Frame.h"
+#include "platform/ListView.h"
+#include "platform/Registry.h"
+#include "support/MainWindow.h"
+
+#include <QListView>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ExploradorTest : public support::MainWindow {
+protected:
+    void Open() {
+        Press("mnuherramientasExplorador");
+        window = dynamic_cast<explorer::Explorador*>(principal.ActiveForm());
+        ASSERT_NE(window, nullptr);
+        QApplication::processEvents();
+    }
+    template<class Widget>
+    Widget* Find(const char* name) {
+        return window->findChild<Widget*>(QString::fromLatin1(name));
+    }
+    QString Frame() { return Find<platform::Frame>("Frame1")->Caption(); }
+    void Click(const char* button) {
+        QTest::mouseClick(Find<QToolButton>(button), Qt::LeftButton);
+        QApplication::processEvents();
+    }
+    QStringList Names() {
+        auto* list = Find<platform::ListView>("ListView1");
+        QStringList names;
+        for (int row = 1; row <= list->Count(); ++row)
+            names.append(list->Text(row, 0));
+        return names;
+    }
+    void Enter(const QString& name) {
+        auto* rows = Find<platform::ListView>("ListView1")->findChild<QListView*>();
+        rows->setCurrentIndex(rows->model()->index(static_cast<int>(Names().indexOf(name)), 0));
+        QTest::keyClick(rows, Qt::Key_Return);
+        QApplication::processEvents();
+    }
+
+    explorer::Explorador* window = nullptr;
+};
+
+} // namespace
+
+TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
+    home.Put("juegos/a.lua", {});
+    Open();
+    EXPECT_EQ(window->ScaleWidth(), 3795);
+    EXPECT_EQ(window->ScaleHeight(), 8715);
+    EXPECT_EQ(window->Shell()->x(), platform::ToPixels(8000));
+    EXPECT_EQ(window->focusWidget(), Find<platform::ListView>("ListView1")->focusProxy());
+    Click("Boton1");
+    EXPECT_EQ(Frame(), QString());
+    Enter(u"juegos"_s);
+    EXPECT_EQ(Frame(), u"c:\\juegos"_s);
+    EXPECT_EQ(Names(), QStringList{u"a.lua"_s});
+    Click("Boton5");
+    EXPECT_TRUE(Names().contains(u"juegos"_s));
+    EXPECT_EQ(Frame(), u"c:\\juegos"_s);
+    Enter(u"juegos"_s);
+    Click("Boton1");
+    EXPECT_EQ(Frame(), u"C:\\"_s);
+    const explorer::Explorador* first = window;
+    Open();
+    EXPECT_EQ(window, first);
+    window->Unload();
+    Open();
+    EXPECT_EQ(Frame(), QString());
+    EXPECT_TRUE(Names().contains(u"juegos"_s));
+}
+
+TEST_F(ExploradorTest, TheOtherDriveIsReadAtEachPress) {
+    home.Put("otra/b.lua", {});
+    qputenv("QUILLMARK_DRIVES", ("F=" + home.Root().native() + "/otra").c_str());
+    platform::ResetCurrentDrives();
+    Open();
+    const auto press = [&](const char* path) {
+        home.Put("programa/config.ini", QByteArray("[explorador]\r\npath=") + path + "\r\n");
+        Click("Boton3");
+        return Names().join(u',');
+    };
+    EXPECT_EQ(press("F"), u"b.lua"_s);
+    EXPECT_EQ(press(""), QString());
+    EXPECT_EQ(Frame(), QString());
+    EXPECT_EQ(press("F:\\psp"), u"b.lua"_s);
+    EXPECT_EQ(Frame(), u"F:\\"_s);
+}
+
+TEST_F(ExploradorTest, AProjectOpensInTheEditor) {
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".qmk"_s, u"clase"_s);
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"clase"_s, u"Quillmark"_s);
+    home.Put("juego.qmk", "print(1)");
+    home.Put("roto.qmk", QByteArray("\0", 1));
+    Open();
+    Enter(u"juego.qmk"_s);
+    ASSERT_NE(Active(), nullptr);
+    EXPECT_EQ(compartido.documento_explorador, Active());
+    EXPECT_EQ(Active()->Caption(), u"juego"_s);
+    EXPECT_EQ(Text(), u"print(1)"_s);
+    EXPECT_NEAR(Active()->Width(), 8000, 15);
+    Enter(u"roto.qmk"_s);
+    EXPECT_EQ(Active()->Caption(), u"roto"_s);
+    EXPECT_EQ(Text(), QString());
+    EXPECT_EQ(compartido.numero_documentos, 2);
+    EXPECT_FALSE(Reciente(1)->text().contains(u"qmk"_s));
+    Press("mnuventanacerrar");
+    EXPECT_EQ(compartido.documento_explorador, nullptr);
+}

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "explorer/clsListFile.h"
+#include "platform/ListView.h"
+#include "platform/Registry.h"
+#include "support/TestHome.h"
+
+#include <QApplication>
+#include <QListView>
+#include <QLocale>
+#include <QSet>
+#include <QTest>
+#include <QTimer>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
+
+namespace {
+
+class ClsListFileTest : public testing::Test, public explorer::MarcoExplorador {
+protected:
+    ClsListFileTest() {
+        QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+        lista->SetControls(view, pequenas, grandes);
+        lista->changePath = [this](const QString& Ruta) { rutas.append(Ruta); };
+        view.resize(600, 400);
+        view.show();
+    }
+    ~ClsListFileTest() override { QLocale::setDefault(QLocale::c()); }
+
+    void AbrirProyecto(const QString& ruta, const QString& rotulo) override {
+        rutas.append(rotulo + u" <- "_s + ruta);
+    }
+    // A file of 2005-03-07 09:05:03 UTC.
+    void Put(const std::string& name, qint64 size) {
+        home.Put("d/" + name, {});
+        const fs::path file = home.Root() / "d" / name;
+        fs::resize_file(file, static_cast<quint64>(size));
+        Date(file, 1110186303);
+    }
+    static void Date(const fs::path& file, time_t seconds) {
+        const timespec times[] = {{seconds, 0}, {seconds, 0}};
+        EXPECT_EQ(::utimensat(AT_FDCWD, file.c_str(), times, 0), 0);
+    }
+    QString Row(int row) const {
+        QStringList texts;
+        for (int column = 0; column < 5; ++column)
+            texts.append(view.Text(row, column));
+        return texts.join(u'|');
+    }
+    QStringList Names() const {
+        QStringList names;
+        for (int row = 1; row <= view.Count(); ++row)
+            names.append(view.Text(row, 0));
+        return names;
+    }
+    QListView* Rows() { return view.findChild<QListView*>(); }
+    void DoubleClick(const QString& name) {
+        QApplication::processEvents();
+        const auto row = static_cast<int>(Names().indexOf(name));
+        const QPoint place = Rows()->visualRect(Rows()->model()->index(row, 0)).center();
+        QTest::mouseClick(Rows()->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(Rows()->viewport(), Qt::LeftButton, {}, place);
+    }
+    static QSet<QString> Keys(const platform::ImageList& list) {
+        const QStringList keys = list.Keys();
+        return {keys.begin(), keys.end()};
+    }
+
+    support::TestHome home;
+    platform::FileSystemObject fso;
+    platform::ImageList pequenas;
+    platform::ImageList grandes;
+    platform::ListView view;
+    std::unique_ptr<explorer::clsListFile> lista =
+        std::make_unique<explorer::clsListFile>(*this, fso);
+    QStringList rutas;
+};
+
+} // namespace
+
+TEST_F(ClsListFileTest, TheRowsOfAFolder) {
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".tipo"_s, u"clase"_s);
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"clase"_s, u"Tipo propio"_s);
+    Put("b.TIPO", 1023);
+    Put("a.tipo", 1024);
+    Put("Ñu.tipo", 0);
+    Put("z.EXE", 0);
+    Put("y.exe", 1025);
+    Put(".x.ico", 0);
+    Put("exe0.exe0", 0);
+    Put("readme", 0);
+    Put("dos.readme", qint64(2) << 30);
+    Put("grande.", qint64(4) << 30);
+    fs::create_directory(home.Root() / "d/Otra");
+    fs::create_directory_symlink("Otra", home.Root() / "d/enlace");
+    Date(home.Root() / "d/Otra", 951782400);
+    fs::create_symlink("no hay", home.Root() / "d/roto.tipo");
+    ASSERT_EQ(::mkfifo((home.Root() / "d/tubo.tipo").c_str(), 0600), 0);
+    lista->Listar(u"C:\\d"_s);
+    EXPECT_EQ(Names().join(u','),
+              u"enlace,Otra,.x.ico,a.tipo,b.TIPO,dos.readme,exe0.exe0,grande.,Ñu.tipo,readme,"
+              "roto.tipo,tubo.tipo,y.exe,z.EXE"_s);
+    EXPECT_EQ(Row(1), u"enlace||Carpeta de Archivos|29.02.2000 0:00:00|"_s);
+    EXPECT_EQ(Row(3), u".x.ico|1 KB|Symbol|07.03.2005 9:05:03|H"_s);
+    EXPECT_EQ(Row(4), u"a.tipo|2 KB|Tipo propio|07.03.2005 9:05:03|N"_s);
+    EXPECT_EQ(Row(5), u"b.TIPO|1 KB|Tipo propio|07.03.2005 9:05:03|N"_s);
+    EXPECT_EQ(view.Text(6, 1), u"-2097151 KB"_s);
+    EXPECT_EQ(view.Text(8, 1), u"1 KB"_s);
+    EXPECT_EQ(view.Text(11, 1) + view.Text(11, 4), u"1 KBN"_s);
+    EXPECT_EQ(view.Text(12, 4), u"S"_s);
+    EXPECT_EQ(view.Text(14, 2), u"Aplicación"_s);
+    const QSet<QString> keys = Keys(pequenas);
+    EXPECT_EQ(Keys(grandes), keys);
+    // The three with icons of their own share a counter, in the order of the folder.
+    EXPECT_EQ(keys.size(), 8 - (keys.contains(u"zexe0"_s) ? 1 : 0));
+    EXPECT_TRUE(keys.contains({u"carpeta"_s, u"ztipo"_s, u"zreadme"_s, u"z"_s, u"zexe0"_s}));
+    EXPECT_EQ(lista->path(), u"C:\\d"_s);
+    EXPECT_EQ(view.SmallIcons(), &pequenas);
+    EXPECT_TRUE(rutas.isEmpty());
+
+    lista->Listar(u"C:\\d\\Otra"_s);
+    EXPECT_EQ(view.Count(), 0);
+    EXPECT_EQ(view.SmallIcons(), nullptr);
+}
+
+TEST_F(ClsListFileTest, WhatIsNotToBeReadIsAnEmptyList) {
+    Put("a.txt", 0);
+    for (const QString& path : {u"C:\\no"_s, u"Q:\\"_s, u":\\"_s, u"C:\\d\\a.txt"_s}) {
+        lista->Listar(u"C:\\d\\"_s);
+        EXPECT_EQ(view.Count(), 1);
+        lista->Listar(path);
+        EXPECT_EQ(view.Count(), 0) << path.toStdString();
+        EXPECT_EQ(lista->path(), path);
+    }
+    const fs::path closed = home.Root() / "d";
+    // As an ordinary user, for whom permissions count.
+    const bool root = ::geteuid() == 0;
+    fs::permissions(home.Root(), fs::perms::all);
+    fs::permissions(closed / "a.txt", fs::perms::others_read);
+    ASSERT_TRUE(!root || ::seteuid(65534) == 0);
+    lista->Listar(u"C:\\d"_s);
+    if (root) {
+        EXPECT_EQ(view.Text(1, 4), u"R"_s);
+        EXPECT_EQ(::seteuid(0), 0);
+    }
+    for (const auto& [mode, rows] : {std::pair{fs::perms::none, 0}, {fs::perms::group_read, 1}}) {
+        fs::permissions(closed, mode);
+        ASSERT_TRUE(!root || ::seteuid(65534) == 0);
+        lista->Listar(u"C:\\d"_s);
+        EXPECT_EQ(view.Count(), rows);
+        ASSERT_TRUE(!root || ::seteuid(0) == 0);
+    }
+    fs::permissions(closed, fs::perms::all);
+}
+
+TEST_F(ClsListFileTest, DoubleClickAndUp) {
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".qmk"_s, u"clase"_s);
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"clase"_s, u"Quillmark"_s);
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".abrir"_s, u"otra"_s);
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"otra\\shell\\open\\command"_s,
+                           u"Z:\\bin\\cp %1 copia"_s);
+    Put("sub\xFF/juego.qmk", 1);
+    Put("sub\xFF/x", 1);
+    Put("con.abrir", 7);
+    lista->subirNivel(); // nothing is listed yet
+    lista->Listar(u"C:\\d"_s);
+    DoubleClick(u"con.abrir"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("d/copia").size() == 7; }));
+    DoubleClick(u"sub\uFFFD"_s);
+    const QString inside = u"C:\\d\\sub\uF0FF"_s;
+    EXPECT_EQ(rutas, QStringList{inside});
+    DoubleClick(u"juego.qmk"_s);
+    EXPECT_EQ(rutas.last(), u"juego <- "_s + inside + u"\\juego.qmk"_s);
+    QTest::mouseDClick(Rows()->viewport(), Qt::LeftButton, {}, {500, 300}); // on no row
+    EXPECT_EQ(rutas.size(), 2);
+    lista->subirNivel();
+    lista->subirNivel();
+    lista->subirNivel();
+    EXPECT_EQ(rutas.mid(2), QStringList({u"C:\\d\\"_s, u"C:\\"_s}));
+    QTest::keyClick(Rows(), Qt::Key_Return); // nothing is selected
+    QTest::keyClick(Rows(), Qt::Key_Home);
+    QTest::keyClick(Rows(), Qt::Key_Return);
+    EXPECT_EQ(rutas.size(), 5);
+}
+
+TEST_F(ClsListFileTest, AListingThatIsOvertakenEnds) {
+    Put("uno", 0);
+    home.Put("e/dos", {});
+    QTimer::singleShot(0, [this] { lista->Listar(u"C:\\e"_s); });
+    lista->Listar(u"C:\\d"_s);
+    EXPECT_EQ(Names(), QStringList{u"dos"_s});
+    home.Put("d/mas/x", {});
+    QTimer::singleShot(0, [this] { lista.reset(); });
+    lista->subirNivel();
+    EXPECT_EQ(view.Count(), 0);
+    EXPECT_TRUE(rutas.isEmpty());
+}
+
+TEST_F(ClsListFileTest, TheLimitOfEntries) {
+    const fs::path folder = home.Root() / "d";
+    fs::create_directory(folder);
+    for (int i = 0; i < 32770; ++i)
+        ::close(::creat((folder / (std::to_string(i) + ".x")).c_str(), 0600));
+    lista->Listar(u"C:\\d"_s);
+    EXPECT_EQ(view.Count(), 32767);
+}
+
+TEST(FindFileTest, TheAttributesOfTheFileSystemAreTheOnesOfTheRest) {
+    EXPECT_EQ(platform::FromFatAttributes(0), platform::FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(explorer::TextoAtributos(platform::FromFatAttributes(0x27)), u"RHSA"_s);
+    EXPECT_EQ(explorer::TextoAtributos(0xFFF), u"TRHSNCA"_s);
+    EXPECT_EQ(explorer::TextoFecha(0), u"01.01.1601 0:00:00"_s);
+}
