@@ -168,10 +168,26 @@ bool ListView::IsOnRow(const QMouseEvent& event) const {
     return event.button() == Qt::LeftButton && shown->indexAt(event.position().toPoint()).isValid();
 }
 
+// Without a selected row the first arrow selects the current one; the toolkit would skip it.
+bool ListView::SelectByKey(const QKeyEvent& event) {
+    const bool arrow =
+        event.key() == Qt::Key_Down || event.key() == Qt::Key_Up || event.key() == Qt::Key_Home;
+    if (!arrow || m_model->rowCount() == 0 || SelectedIndex() != 0)
+        return false;
+    const QModelIndex current = m_list->currentIndex();
+    m_list->selectionModel()->setCurrentIndex(current.isValid() ? current : m_model->index(0, 0),
+                                              QItemSelectionModel::ClearAndSelect |
+                                                  QItemSelectionModel::Rows);
+    return true;
+}
+
 bool ListView::eventFilter(QObject* object, QEvent* event) {
     const bool viewport = object == m_list->viewport() || object == m_report->viewport();
     if (viewport && event->type() == QEvent::Resize && object == m_list->viewport())
         FitColumn();
+    if (!viewport && event->type() == QEvent::KeyPress &&
+        SelectByKey(*static_cast<QKeyEvent*>(event)))
+        return true;
     const bool pressed =
         !viewport && event->type() == QEvent::KeyPress && IsEnter(*static_cast<QKeyEvent*>(event));
     const bool clicked = viewport && event->type() == QEvent::MouseButtonDblClick &&

@@ -53,6 +53,7 @@ private:
     void Prepare(QAbstractItemView* view);
     void ShowNewRows();
     void FitColumn();
+    bool SelectByKey(const QKeyEvent& event);
     bool IsOnRow(const QMouseEvent& event) const;
 
     ListModel* m_model;

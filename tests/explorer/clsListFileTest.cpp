@@ -182,7 +182,10 @@ TEST_F(ClsListFileTest, DoubleClickAndUp) {
     lista->subirNivel();
     EXPECT_EQ(rutas.mid(2), QStringList({u"C:\\d\\"_s, u"C:\\"_s}));
     QTest::keyClick(Rows(), Qt::Key_Return); // nothing is selected
-    QTest::keyClick(Rows(), Qt::Key_Home);
+    Rows()->setCurrentIndex(Rows()->model()->index(0, 0));
+    Rows()->clearSelection();
+    QTest::keyClick(Rows(), Qt::Key_Down);
+    EXPECT_EQ(view.SelectedIndex(), 1);
     QTest::keyClick(Rows(), Qt::Key_Return);
     EXPECT_EQ(rutas.size(), 5);
 }
