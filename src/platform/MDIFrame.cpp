@@ -35,7 +35,7 @@ public:
     explicit ChildWindow(Form* form) : m_form(form) {
         setWidget(form);
         if (form->IsFixedSize())
-            setWindowFlags(kFixedWindow);
+            KeepSize();
         for (QAction* action : systemMenu()->actions())
             action->setShortcuts(QList<QKeySequence>()); // the keys are the frame's
         connect(this, &QMdiSubWindow::windowStateChanged, form,
@@ -51,6 +51,18 @@ protected:
     }
 
 private:
+    // The area maximises whatever comes to the front of a maximised child.
+    void KeepSize() {
+        setWindowFlags(kFixedWindow);
+        connect(
+            this, &QMdiSubWindow::windowStateChanged, this,
+            [this](Qt::WindowStates, Qt::WindowStates state) {
+                if (state & Qt::WindowMaximized)
+                    showNormal();
+            },
+            Qt::QueuedConnection);
+    }
+
     Form* m_form;
 };
 

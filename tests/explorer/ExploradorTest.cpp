@@ -109,6 +109,10 @@ TEST_F(ExploradorTest, AProjectOpensInTheEditor) {
     EXPECT_EQ(Active()->Caption(), u"roto"_s);
     EXPECT_EQ(Text(), QString());
     EXPECT_EQ(compartido.numero_documentos, 2);
+    Active()->State(platform::WindowState::Maximised);
+    Open();
+    EXPECT_EQ(window->State(), platform::WindowState::Normal);
+    EXPECT_EQ(window->ScaleWidth(), 3795);
     EXPECT_FALSE(Reciente(1)->text().contains(u"qmk"_s));
     Press("mnuventanacerrar");
     EXPECT_EQ(compartido.documento_explorador, nullptr);
