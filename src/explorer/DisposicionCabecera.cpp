@@ -11,7 +11,7 @@ constexpr int kMargen = 9;
 constexpr int kMargenIcono = 5;
 
 struct Formato {
-    int fmt;
+    int fmt = 0;
     Caso caso;
 };
 constexpr std::array<Formato, 7> kFormatos = {{{0, {Caso::Izquierda, false}},

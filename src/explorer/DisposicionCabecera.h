@@ -49,12 +49,12 @@ QString Recortar(QString titulo, int ancho, const std::function<int(const QStrin
 
 /// The three ways in which a column is drawn.
 struct Aspecto {
-    int izquierda;            ///< cell of the left end
+    int izquierda = 0;        ///< cell of the left end
     std::optional<int> medio; ///< cell of the middle; without one the background shows
-    int derecha;
-    bool resaltado;     ///< the text has the colour for the column under the mouse
-    int desplazamiento; ///< of icon and text, right and down
-    int estiloIcono;    ///< 1 transparent, 3 blended as well
+    int derecha = 0;
+    bool resaltado = false; ///< the text has the colour for the column under the mouse
+    int desplazamiento = 0; ///< of icon and text, right and down
+    int estiloIcono = 1;    ///< 1 transparent, 3 blended as well
 };
 const Aspecto& AspectoDe(bool activa, bool sinResalte, bool pulsado);
 

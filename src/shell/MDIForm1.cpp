@@ -179,7 +179,7 @@ void MDIForm1::crear_temporal_click() {
     deploy::EscribirTemporal(m_compartido.texto_temporal);
 }
 
-QPointer<frmDocumento> MDIForm1::NuevoScript() {
+frmDocumento* MDIForm1::NuevoScript() {
     const QPointer<frmDocumento> documento = CrearDocumento();
     ++m_compartido.numero_documentos;
     documento->Caption(QStringLiteral("Nuevo script %1").arg(m_compartido.numero_documentos));

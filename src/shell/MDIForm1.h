@@ -36,7 +36,7 @@ public:
 
     /// A blank document with the next number, on show. The explorer follows; none if the document
     /// was closed meanwhile.
-    QPointer<documents::frmDocumento> NuevoScript();
+    documents::frmDocumento* NuevoScript();
     /// The menu entry of that name, null if there is none.
     QAction* Entrada(const QString& nombre) const { return m_entradas.value(nombre); }
 

@@ -50,6 +50,12 @@ start_by() { # COMMAND...
 }
 press() { xdotool key --delay 60 "$@"; }
 type_text() { xdotool type --delay 15 "$1"; }
+# A new script comes with the explorer in front of it, which is closed again.
+close_explorer() {
+    sleep 0.5
+    press ctrl+F4
+    sleep 0.3
+}
 leave() {
     press ctrl+q
     wait_for "question before the end" on_top '^Quillmark$'
@@ -78,6 +84,7 @@ leave
 
 # The second one begins with a blank script; it is typed in and saved under a name.
 start
+close_explorer
 type_text 'print(1)'
 press Return ctrl+s
 wait_for "save dialog" on_top '^Guardar como'
@@ -116,7 +123,7 @@ press ctrl+s
 
 # Calls of three tabs go to the caret of the script made with Nuevo, and typing goes on there.
 press ctrl+n
-sleep 0.5
+close_explorer
 press F1
 sleep 0.5
 press Tab Down Return F1 ctrl+Tab Tab Down Down Return F1 ctrl+Tab ctrl+Tab ctrl+Tab Tab Down Return
@@ -127,7 +134,7 @@ wait_for "snippets" begins "$home/copia.lua" \
 
 # An example goes behind the script made with Nuevo.
 press ctrl+n
-sleep 0.5
+close_explorer
 press alt+c Down Right Return
 sleep 0.5
 type_text 'x = 1'
@@ -158,7 +165,7 @@ content "$home/juegos/viejo.lua" 'xa\xf1o\n\rfin' || fail "the file changed alth
 # The script goes to the memory stick with its loader and drivers.
 mkdir -p "$home/stick/PSP/GAME150"
 press ctrl+n
-sleep 0.5
+close_explorer
 eval "$(xdotool getactivewindow getwindowgeometry --shell)"
 for height in 26 32 38 44 50; do # one of them is on the strip above the text
     xdotool mousemove $((X + 200)) $((Y + height))
@@ -206,6 +213,7 @@ printf 'z' >"$home/juegos/dos palabras.lua"
 sed -i 's/nuevo=si/nuevo=no/' "$QUILLMARK_HOME/config.ini"
 cd "$home/juegos"
 start dos palabras.lua
+close_explorer
 type_text 'hola '
 press ctrl+s
 wait_for "file of the command line" content "dos palabras.lua" 'hola z'
@@ -214,6 +222,7 @@ leave
 # The desktop opens a registered file with the program.
 printf 'z' >"$home/juegos/mi juego.qmk"
 start_by xdg-open "$home/juegos/mi juego.qmk"
+close_explorer
 type_text 'hola '
 press ctrl+s
 wait_for "file from the desktop" content "$home/juegos/mi juego.qmk" 'hola z'
