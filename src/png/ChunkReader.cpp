@@ -52,14 +52,13 @@ bool ChunkReader::IsPngSignature() {
     return Read(bytes) && bytes == kSignature;
 }
 
-ChunkReader::Found ChunkReader::NextChunk() {
+bool ChunkReader::NextChunk() {
     std::array<uint8_t, 8> head{};
     if (!Read(head))
-        return Found::TooShort;
+        return false;
     m_length = SwapLong(head.data());
     m_type.assign(head.begin() + 4, head.end());
-    return m_length < 0 || m_position + 1 + m_length > m_fileLength ? Found::TooShort
-                                                                    : Found::Chunk;
+    return m_length >= 0 && m_position + 1 + m_length <= m_fileLength;
 }
 
 bool ChunkReader::ReadData(Bytes& buffer) {

@@ -21,19 +21,17 @@ int32_t WordToLong(int16_t word);
 /// the last byte. -1 stands before the first.
 ptrdiff_t FindNul(std::span<const uint8_t> bytes, size_t from);
 
-/// Walks through the chunks of a PNG file (PNG specification 1.2, chapter 3). A file that can't be
+/// Walks through the chunks of a PNG file (format: RFC 2083, PNG). A file that can't be
 /// opened or isn't a regular one reads as an empty one. No checksum is looked at.
 class ChunkReader {
 public:
-    enum class Found { Chunk, TooShort };
-
     explicit ChunkReader(const std::string& filename);
 
     /// True if the eight bytes of the signature come next.
     bool IsPngSignature();
-    /// The next chunk's head. Its data must be read or skipped before the next one. TooShort if
+    /// Reads the next chunk's head; its data must be read or skipped before the next one. False if
     /// not a byte follows the data, or if the length is negative.
-    Found NextChunk();
+    bool NextChunk();
     const std::string& Type() const { return m_type; }
     int32_t Length() const { return m_length; }
     /// The whole file's size, in bytes.

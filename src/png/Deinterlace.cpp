@@ -13,6 +13,11 @@ namespace {
 
 constexpr int32_t kBlock = 8; // pixels each way
 
+// One of the seven reduced pictures, by its columns and rows in each block.
+struct Pass {
+    std::string_view columns;
+    std::string_view rows;
+};
 constexpr std::array<Pass, 7> kPasses = {{{"1", "1"},
                                           {"5", "1"},
                                           {"15", "5"},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Interlaced pictures (Adam7; PNG specification 1.2, 2.6).
+// Interlaced pictures (Adam7).
 #pragma once
 
 #include "png/Bytes.h"
@@ -11,14 +11,8 @@
 
 namespace png {
 
-/// One of the seven reduced pictures. The digits name the columns and rows, counted from 1, that it
-/// has in each block of 8 x 8 pixels.
-struct Pass {
-    std::string_view columns;
-    std::string_view rows;
-};
-
-/// The bytes of a row of a pass whose columns the pattern names.
+/// The bytes of a row of a pass. The digits of the pattern name the columns, counted from 1, that
+/// the pass has in each block of 8 pixels.
 int64_t PassRowBytes(int32_t width, int32_t bitsPerPixel, std::string_view pattern);
 
 /// The bytes of all passes with their filter bytes.

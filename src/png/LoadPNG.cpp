@@ -98,7 +98,7 @@ bool LoadPNG::ReadChunks(const std::string& filename) {
 }
 
 bool LoadPNG::ReadChunk(ChunkReader& reader) {
-    if (reader.NextChunk() == ChunkReader::Found::TooShort)
+    if (!reader.NextChunk())
         return false;
     if (reader.Type() != "IDAT") {
         Bytes data;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The filters of PNG (specification 1.2, chapter 6), undone. `distance` is that of the left
+// The filters of PNG (RFC 2083, 6), undone. `distance` is that of the left
 // neighbour in bytes; what lies left of a row is 0.
 #pragma once
 
