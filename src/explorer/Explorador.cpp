@@ -3,6 +3,8 @@
 
 #include "explorer/DibujosBarra.h"
 #include "platform/Handler.h"
+#include "platform/LoadPicture.h"
+#include "platform/Program.h"
 #include "shell/Module1.h"
 #include "ui_Explorador.h"
 
@@ -44,17 +46,33 @@ Explorador::Explorador(MarcoExplorador& marco, const platform::FileSystemObject&
 Explorador::~Explorador() = default;
 
 void Explorador::Form_Load() {
+    const QString skin = platform::ProgramFolder() + QStringLiteral("\\Skin.bmp");
     archivoConfig = Module1::RutaConfig();
+    cSkin = std::make_unique<cSubclassListView>();
     cFile = std::make_unique<clsListFile>(m_marco, m_fso);
     cFile->changePath = [this](QString& Ruta) { cFile_changePath(Ruta); };
     cFile->SetControls(*m_ui->ListView1, ImageList1[0], ImageList1[1]);
+    cSkin->SubClassListView(platform::HandleOf(m_ui->ListView1));
+    setColumnHeader(skin, 0, 0, true, false);
     m_ui->ListView1->View(platform::ListDisplay::List);
     Move(kIzquierda, 0, Width(), Height());
     cFile->Listar(QStringLiteral("c:\\")); // the last step: it may take the window away
 }
 
 void Explorador::Form_Unload() {
+    cSkin.reset();
     cFile.reset();
+}
+
+// A skin that can't be read leaves the header as the desktop paints it.
+void Explorador::setColumnHeader(const QString& SpathSkin, qint32 lColorNormal, qint32 lColorUp,
+                                 bool bIconAlingmentRight, bool bTextBold) {
+    platform::RunSilently(
+        [&] { cSkin->SkinPicture(QPixmap::fromImage(platform::LoadPicture(SpathSkin))); });
+    cSkin->TextNormalColor(lColorNormal);
+    cSkin->TextResalteColor(lColorUp);
+    cSkin->IconAlingmentRight(bIconAlingmentRight);
+    cSkin->HedersFontBlod(bTextBold);
 }
 
 void Explorador::cFile_changePath(QString& Ruta) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "explorer/MarcoExplorador.h"
+#include "explorer/cSubclassListView.h"
 #include "explorer/clsListFile.h"
 #include "platform/Form.h"
 #include "platform/ImageList.h"
@@ -31,12 +32,15 @@ private:
     void Toolbar1_ButtonClick(int Index);
     void cFile_changePath(QString& Ruta);
     void ListarPathAlternativo();
+    void setColumnHeader(const QString& SpathSkin, qint32 lColorNormal, qint32 lColorUp,
+                         bool bIconAlingmentRight = false, bool bTextBold = false);
 
     std::unique_ptr<Ui::Explorador> m_ui;
     MarcoExplorador& m_marco;
     const platform::FileSystemObject& m_fso;
     std::array<platform::ImageList, 2> ImageList1; // small, large
     std::unique_ptr<clsListFile> cFile;
+    std::unique_ptr<cSubclassListView> cSkin;
     QString archivoConfig;
     QString pathAlternativo;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/PinturaCabecera.h"
 
+#include "platform/FontOfHeight.h"
+
 #include <QApplication>
 #include <QPainter>
 
@@ -21,7 +23,7 @@ public:
           m_estado(estado),
           m_sitio(columna.sitio),
           m_aspecto(aspecto),
-          m_celda(AnchoCelda(estado.skin.width())) {}
+          m_celda(AnchoCelda(estado.SkinPicture.width())) {}
 
     void Medio() {
         if (m_aspecto.medio)
@@ -35,7 +37,7 @@ public:
     }
 
     void Texto(const QString& texto, QPoint punto) {
-        m_pintor.setPen(m_aspecto.resaltado ? m_estado.colorResalte : m_estado.colorNormal);
+        m_pintor.setPen(m_aspecto.resaltado ? m_estado.TextResalteColor : m_estado.TextNormalColor);
         const QPoint base(0, m_pintor.fontMetrics().ascent());
         m_pintor.drawText(punto + Desplazamiento() + base, texto);
     }
@@ -50,8 +52,8 @@ private:
     void Celda(int celda, int izquierda, int ancho) {
         const int alto = m_sitio.top() + m_sitio.height();
         if (ancho > 0)
-            m_pintor.drawPixmap(QRect(izquierda, 0, ancho, alto), m_estado.skin,
-                                QRect(celda * m_celda, 0, m_celda, m_estado.skin.height()));
+            m_pintor.drawPixmap(QRect(izquierda, 0, ancho, alto), m_estado.SkinPicture,
+                                QRect(celda * m_celda, 0, m_celda, m_estado.SkinPicture.height()));
     }
 
     QPainter& m_pintor;
@@ -61,22 +63,23 @@ private:
     int m_celda;
 };
 
-} // namespace
-
+// Of 14 pixels, or the desktop's bold one.
 QFont LetraCabecera(bool negrita) {
+    if (!negrita)
+        return platform::FontOfHeight(kAltoLetra);
     QFont letra = QApplication::font();
-    if (negrita)
-        letra.setBold(true);
-    else
-        letra.setPixelSize(kAltoLetra);
+    letra.setBold(true);
     return letra;
 }
 
+} // namespace
+
 void PintarCabecera(QPainter& pintor, const QRect& zona,
                     const std::vector<ColumnaCabecera>& columnas, const EstadoCabecera& estado) {
-    pintor.setFont(estado.letra);
-    pintor.drawPixmap(zona, estado.skin,
-                      QRect(kFondo, 0, AnchoCelda(estado.skin.width()), estado.skin.height()));
+    pintor.setFont(LetraCabecera(estado.HedersFontBlod));
+    pintor.drawPixmap(
+        zona, estado.SkinPicture,
+        QRect(kFondo, 0, AnchoCelda(estado.SkinPicture.width()), estado.SkinPicture.height()));
     const QFontMetrics letra = pintor.fontMetrics();
     const auto medir = [&letra](const QString& texto) { return letra.horizontalAdvance(texto); };
     Caso caso; // a column of an unknown format stands like the one before it
@@ -86,7 +89,7 @@ void PintarCabecera(QPainter& pintor, const QRect& zona,
         Columna medidas = {columna.sitio, {}, estado.tamanoIcono};
         const QString titulo = Recortar(columna.titulo, AnchoTitulo(medidas, caso), medir);
         medidas.texto = QSize(medir(titulo), letra.height());
-        const Posiciones posiciones = Disponer(medidas, caso, estado.iconoDerecha);
+        const Posiciones posiciones = Disponer(medidas, caso, estado.IconAlingmentRight);
         Trazo trazo(pintor, estado, columna,
                     AspectoDe(i == estado.columnaActiva, estado.sinResalte, estado.pulsado));
         trazo.Medio();

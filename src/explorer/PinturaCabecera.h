@@ -5,8 +5,6 @@
 #include "explorer/DisposicionCabecera.h"
 
 #include <QColor>
-#include <QFont>
-#include <QIcon>
 #include <QPixmap>
 #include <vector>
 
@@ -24,19 +22,16 @@ struct ColumnaCabecera {
 
 /// What decides how the header looks.
 struct EstadoCabecera {
-    QPixmap skin;
-    QSize tamanoIcono;
-    QColor colorNormal;
-    QColor colorResalte;
-    QFont letra;
-    bool iconoDerecha = false;
+    QPixmap SkinPicture;
+    QColor TextNormalColor = Qt::black;
+    QColor TextResalteColor = Qt::black;
+    bool IconAlingmentRight = false; ///< an icon stands behind its text
+    bool HedersFontBlod = false;
     bool sinResalte = false;
     bool pulsado = false;
     int columnaActiva = -1; ///< counted from 0; -1 for none
+    QSize tamanoIcono;      ///< empty without icons
 };
-
-/// The font of the titles: of 14 pixels, or the desktop's bold one.
-QFont LetraCabecera(bool negrita);
 
 /// Paints the background over all of `zona` and the columns over it.
 void PintarCabecera(QPainter& pintor, const QRect& zona,

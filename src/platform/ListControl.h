@@ -14,6 +14,7 @@ struct ColumnHeader {
     QString text;
     int width = 0; ///< twips
     Qt::Alignment alignment = Qt::AlignLeft;
+    QString icon = {}; ///< key in the header's list of icons
 };
 
 struct ListItem {

@@ -69,6 +69,8 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
         return header.text;
     if (role == Qt::TextAlignmentRole)
         return QVariant(header.alignment | Qt::AlignVCenter);
+    if (role == Qt::DecorationRole && m_headerIcons)
+        return m_headerIcons->Image(header.icon);
     return {};
 }
 

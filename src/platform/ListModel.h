@@ -22,6 +22,7 @@ public:
 
     void Headers(std::vector<ColumnHeader> headers);
     const std::vector<ColumnHeader>& Headers() const { return m_headers; }
+    void HeaderIcons(const ImageList* images) { m_headerIcons = images; }
     void SmallIcons(const ImageList* images) { m_smallIcons = images; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -36,6 +37,7 @@ private:
     std::vector<ListItem> m_items;
     int m_published = 0;
     std::vector<ColumnHeader> m_headers;
+    const ImageList* m_headerIcons = nullptr;
     const ImageList* m_smallIcons = nullptr;
 };
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/ListView.h"
 
+#include "platform/FontOfHeight.h"
 #include "platform/Handler.h"
 #include "platform/ListModel.h"
 #include "platform/Twips.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QListView>
@@ -18,6 +20,7 @@ namespace {
 constexpr int kIconSide = 16;        // pixels
 constexpr int kColumnPadding = 16;   // pixels, around icon and name
 constexpr int kRowPadding = 4;       // pixels
+constexpr int kHeaderPadding = 4;    // pixels, over and below the text together
 constexpr qsizetype kMeasured = 256; // names, the longest ones
 
 bool IsEnter(const QKeyEvent& event) {
@@ -89,6 +92,40 @@ void ListView::View(ListDisplay display) {
 
 QHeaderView* ListView::Header() const {
     return m_report->header();
+}
+
+std::optional<HDITEM> ListView::HeaderItem(int column) const {
+    if (column < 0 || column >= m_model->columnCount())
+        return {};
+    const ColumnHeader& header = m_model->Headers()[static_cast<size_t>(column)];
+    HDITEM item{header.text, HDF_STRING, {}};
+    if (header.alignment.testFlag(Qt::AlignRight))
+        item.fmt |= HDF_RIGHT;
+    else if (header.alignment.testFlag(Qt::AlignHCenter))
+        item.fmt |= HDF_CENTER;
+    if (m_headerIcons && !header.icon.isEmpty()) {
+        item.fmt |= HDF_IMAGE;
+        item.image = m_headerIcons->Image(header.icon);
+    }
+    return item;
+}
+
+void ListView::HeaderFont(int lineHeight) {
+    const bool own = lineHeight > 0;
+    Header()->setFont(own ? FontOfHeight(lineHeight) : QApplication::font(Header()));
+    Header()->setMinimumHeight(own ? lineHeight + kHeaderPadding : 0);
+    Header()->setMaximumHeight(own ? lineHeight + kHeaderPadding : QWIDGETSIZE_MAX);
+    emit Header()->geometriesChanged(); // its view gives it its place
+}
+
+void ListView::ColumnHeaderIcons(const ImageList* images) {
+    m_headerIcons = images;
+    m_model->HeaderIcons(images);
+    Header()->viewport()->update();
+}
+
+QSize ListView::HeaderIconSize() const {
+    return m_headerIcons ? m_report->iconSize() : QSize();
 }
 
 QString ListView::Text(int row, int column) const {

@@ -6,6 +6,8 @@
 #include "platform/Registry.h"
 #include "support/MainWindow.h"
 
+#include <QBuffer>
+#include <QHeaderView>
 #include <QListView>
 #include <QToolButton>
 
@@ -74,6 +76,21 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
     Open();
     EXPECT_EQ(Frame(), QString());
     EXPECT_TRUE(Names().contains(u"juegos"_s));
+}
+
+TEST_F(ExploradorTest, TheHeaderHasTheSkinOfTheProgramsFolder) {
+    QBuffer file;
+    ASSERT_TRUE(QPixmap(18, 25).save(&file, "BMP"));
+    home.Put("programa/Skin.bmp", file.data());
+    Open();
+    auto* list = Find<platform::ListView>("ListView1");
+    EXPECT_EQ(list->View(), platform::ListDisplay::List);
+    list->View(platform::ListDisplay::Report);
+    EXPECT_EQ(list->Header()->height(), 25);
+    window->Unload();
+    home.Put("programa/Skin.bmp", "BM");
+    Open();
+    EXPECT_EQ(Find<platform::ListView>("ListView1")->Header()->minimumHeight(), 0);
 }
 
 TEST_F(ExploradorTest, TheOtherDriveIsReadAtEachPress) {

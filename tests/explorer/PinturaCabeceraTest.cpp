@@ -24,8 +24,8 @@ TEST(PinturaCabecera, ColumnsShowTheCellsOfTheirLook) {
                                                    {{60, 0, 60, 20}, QString(), 18432, icono},
                                                    {{120, 0, 5, 20}, QString(), 7, icono}};
     struct {
-        bool sinResalte, pulsado;
-        int izquierda, medio, derecha;
+        bool sinResalte = false, pulsado = false;
+        int izquierda = 0, medio = 0, derecha = 0;
         QColor icono;
         QPoint donde;
     } const aspectos[] = {{true, true, 0, 0, 40, QColor(Qt::green), {69, 6}},
@@ -33,9 +33,8 @@ TEST(PinturaCabecera, ColumnsShowTheCellsOfTheirLook) {
                           {false, true, 120, 140, 160, QColor(70, 127, 0), {70, 7}}};
     for (const auto& aspecto : aspectos) {
         EstadoCabecera estado;
-        estado.skin = Skin();
+        estado.SkinPicture = Skin();
         estado.tamanoIcono = QSize(8, 8);
-        estado.letra = LetraCabecera(false);
         estado.columnaActiva = 1;
         estado.sinResalte = aspecto.sinResalte;
         estado.pulsado = aspecto.pulsado;
