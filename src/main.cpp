@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Handler.h"
 #include "platform/Program.h"
 #include "platform/Spanish.h"
 #include "shared/ValoresCompartidos.h"
@@ -15,11 +16,15 @@
 
 namespace {
 
-constexpr const char* kHelp = "Uso: quillmark [ARCHIVO]\n"
-                              "Abre Quillmark y, si se da, el script o proyecto ARCHIVO.\n"
-                              "\n"
-                              "  --help     muestra esta ayuda y termina\n"
-                              "  --version  muestra la versión y termina\n";
+constexpr const char* kHelp =
+    "Uso: quillmark [ARCHIVO]\n"
+    "     quillmark --imprimir [ARCHIVO]\n"
+    "Abre Quillmark y, si se da, el script o proyecto ARCHIVO.\n"
+    "\n"
+    "  --imprimir  abre la ventana que imprime un archivo RTF o de texto\n"
+    "  --help      muestra esta ayuda y termina\n"
+    "  --version   muestra la versión y termina\n";
+constexpr const char* kImprimir = "--imprimir";
 
 // What is answered on the terminal, without a display.
 std::optional<std::string> TerminalAnswer(const std::vector<std::string>& arguments) {
@@ -33,11 +38,14 @@ std::optional<std::string> TerminalAnswer(const std::vector<std::string>& argume
 } // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    std::vector<std::string> arguments(argv + 1, argv + argc);
     if (const auto answer = TerminalAnswer(arguments)) {
         std::fputs(answer->c_str(), stdout);
         return 0;
     }
+    const bool imprimir = !arguments.empty() && arguments.front() == kImprimir;
+    if (imprimir)
+        arguments.erase(arguments.begin());
 
     platform::FindHome();
     int ownName = 1; // the toolkit gets no argument: all of them are one path
@@ -46,14 +54,18 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("quillmark"));
     platform::PrepareProgramFolder(std::filesystem::read_symlink("/proc/self/exe"));
 
-    const QString lineaDeComandos = platform::CommandLinePath(arguments);
+    const QString archivo = platform::CommandLinePath(arguments);
     shared::ValoresCompartidos compartido;
     auto* portada = new shell::Form0; // goes by itself after the hand-over
     portada->Show();
     // The rest is made while the splash stands.
     platform::SpeakSpanish(application);
     QApplication::setWindowIcon(shell::Icono());
-    shell::MDIForm1 principal(compartido, lineaDeComandos);
+    shell::MDIForm1 principal(compartido, imprimir ? QString() : archivo);
+    if (imprimir)
+        QObject::connect(portada, &platform::Form::Unloaded, &principal, [&principal, archivo] {
+            platform::RunHandler([&] { principal.MostrarImprimir(archivo); });
+        });
     portada->EntregarA(principal);
     return QApplication::exec();
 }

@@ -4,11 +4,10 @@
 #include "documents/ScriptEditor.h"
 #include "platform/Dialogs.h"
 #include "platform/Failure.h"
+#include "platform/PrinterSetup.h"
 
-#include <QPageLayout>
 #include <QPainter>
 #include <Qsci/qsciprinter.h>
-#include <optional>
 
 namespace documents {
 namespace {
@@ -17,18 +16,12 @@ using platform::CurrentDialogs;
 
 constexpr int kHeaderPoints = 9;
 
-std::optional<QPageLayout>& ChosenLayout() {
-    static std::optional<QPageLayout> layout;
-    return layout;
-}
-
 class ScriptPrinter : public QsciPrinter {
 public:
     explicit ScriptPrinter(QString title = {}) : m_title(std::move(title)) {
         setWrapMode(QsciScintilla::WrapWord);
         setDocName(m_title);
-        if (ChosenLayout())
-            setPageLayout(*ChosenLayout());
+        platform::ApplyPrinterSetup(*this);
     }
 
     void formatPage(QPainter& painter, bool drawing, QRect& area, int page) override {
@@ -59,7 +52,7 @@ private:
 void SetUpScriptPage(QWidget* owner) {
     ScriptPrinter printer;
     if (CurrentDialogs().SetUpPage(printer, owner))
-        ChosenLayout() = printer.pageLayout();
+        platform::KeepPrinterSetup(printer);
 }
 
 void PrintScript(ScriptEditor& editor, const QString& title) {

@@ -8,6 +8,8 @@ namespace platform {
 
 /// Numbers of the failures that a handler may tell apart.
 enum class FailureCode {
+    Overflow = 6,
+    TypeMismatch = 13,
     FileNotFound = 53,
     DiskFull = 61,
     PermissionDenied = 70,
@@ -16,6 +18,7 @@ enum class FailureCode {
     InvalidText = 321,
     InvalidArgument = 380,
     InvalidPicture = 481,
+    Printer = 482,
 };
 
 /// The one exception type of the program. `text` is Spanish and meant for the user's eyes.

@@ -16,6 +16,7 @@
 #include "platform/Handler.h"
 #include "platform/Program.h"
 #include "platform/ShellExecute.h"
+#include "print/Imprimir.h"
 #include "shell/Form2.h"
 #include "shell/Form3.h"
 #include "shell/MenuPrincipal.h"
@@ -412,6 +413,13 @@ void MDIForm1::MostrarForm6() {
 
 void MDIForm1::pspscreen_Click() {
     Form5Cargado().Show();
+}
+
+void MDIForm1::MostrarImprimir(const QString& archivo) {
+    auto& ventana = Unica<print::Imprimir>(m_imprimir);
+    ventana.Show();
+    if (!archivo.isEmpty())
+        ventana.Abrir(archivo);
 }
 
 void MDIForm1::mnuopcionesconfiguracion_Click() {

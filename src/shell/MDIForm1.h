@@ -46,6 +46,8 @@ public:
     int Alto() const override { return Height(); }
     assist::Form5& Form5Cargado() override;
     void MostrarForm6() override;
+    /// The print window, with a file in it unless the path is empty.
+    void MostrarImprimir(const QString& archivo);
     void AbrirProyecto(const QString& ruta, const QString& rotulo) override;
 
     void mnuarchivonuevo_Click();
@@ -125,6 +127,7 @@ private:
     QPointer<platform::Form> m_form6;
     QPointer<platform::Form> m_transferForm;
     QPointer<platform::Form> m_explorador;
+    QPointer<platform::Form> m_imprimir;
 };
 
 } // namespace shell

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "print/Imprimir.h"
+
+#include "platform/Failure.h"
+#include "platform/Handler.h"
+#include "print/Class2.h"
+#include "ui_Imprimir.h"
+
+namespace print {
+namespace {
+
+// A margin as it is typed. Fails with the name of the field if it is no whole number of 32 bits.
+int Margen(const QLineEdit& campo, const QLabel& nombre) {
+    bool entero = false;
+    const int twips = campo.text().trimmed().toInt(&entero);
+    if (!entero)
+        throw platform::Failure(platform::FailureCode::TypeMismatch, QStringLiteral("Imprimir"),
+                                QStringLiteral("El margen \"%1\" no es un número entero: \"%2\".")
+                                    .arg(nombre.text(), campo.text()));
+    return twips;
+}
+
+} // namespace
+
+Imprimir::Imprimir() : m_ui(std::make_unique<Ui::Imprimir>()), CommonDialog1(this) {
+    m_ui->setupUi(this);
+    setFocusProxy(m_ui->Command1);
+    FixedSize(size().expandedTo(minimumSizeHint())); // larger fonts need more
+    platform::OnEvent(m_ui->Command1, &QPushButton::clicked, this, &Imprimir::Command1_Click);
+    platform::OnEvent(m_ui->Command2, &QPushButton::clicked, this, &Imprimir::Command2_Click);
+}
+
+Imprimir::~Imprimir() = default;
+
+void Imprimir::Form_Load() {
+    impresor = std::make_unique<Class2>();
+    m_ui->Command1->setText(QStringLiteral(" Abrir archivo "));
+    m_ui->Command2->setText(QStringLiteral("Imprimir RichTextbox "));
+    Caption(QStringLiteral(" Ejemplo de impresión de un RichTextBox "));
+}
+
+void Imprimir::Form_Unload() {
+    impresor.reset();
+}
+
+void Imprimir::Abrir(const QString& ruta) {
+    m_ui->RichTextBox1->LoadFile(ruta);
+}
+
+void Imprimir::Command1_Click() {
+    CommonDialog1.Filter(
+        QStringLiteral("Archivos RTF|*.RTF|Archivos de texto|*.Txt|Todos los Archivos|*.*"));
+    CommonDialog1.ShowOpen();
+    if (!CommonDialog1.FileName().isEmpty())
+        Abrir(CommonDialog1.FileName());
+}
+
+void Imprimir::Command2_Click() {
+    impresor->Header(m_ui->Text1->text());
+    impresor->Footer(m_ui->Text2->text());
+    impresor->MarginTop(Margen(*m_ui->Text3, *m_ui->Label3));
+    impresor->MarginLeft(Margen(*m_ui->Text4, *m_ui->Label4));
+    impresor->MarginRight(Margen(*m_ui->Text5, *m_ui->Label5));
+    impresor->MarginBottom(Margen(*m_ui->Text6, *m_ui->Label6));
+    impresor->Imprimir(*m_ui->RichTextBox1);
+}
+
+} // namespace print

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "print/Class2.h"
+#include "platform/Failure.h"
+
+#include <QImage>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList steps; // of both sides, in their order
+
+// 2.5 twips to a pixel; a letter is 100 x 240 twips.
+class PaperPrinter : public platform::Printer {
+public:
+    explicit PaperPrinter(int failAtPage) : m_failAtPage(failAtPage) {}
+    ~PaperPrinter() override { steps += u"~"_s; }
+    int Width() const override { return 12000; }
+    int Height() const override { return 17000; }
+    int ScaleWidth() const override { return 11500; }
+    int ScaleHeight() const override { return 16300; }
+    int PhysicalOffsetX() const override { return 101; } // 252.5 twips
+    int PhysicalOffsetY() const override { return 140; }
+    double ScaleX(int pixels) const override { return pixels * 2.5; }
+    double ScaleY(int pixels) const override { return pixels * 2.5; }
+    void Font(const QString& name, double points) override {
+        steps += u"font %1 %2"_s.arg(name).arg(points);
+    }
+    float TextWidth(const QString& text) const override { return 100.0F * float(text.size()); }
+    float TextHeight(const QString& text) const override { return text == u"x" ? 240 : 999; }
+    float CurrentX() const override { return m_x; }
+    float CurrentY() const override { return m_y; }
+    void CurrentX(float x) override { m_x = x; }
+    void CurrentY(float y) override { m_y = y; }
+    void Print(const QString& text) override {
+        steps += u"%1 at %2 %3"_s.arg(text).arg(m_x).arg(m_y);
+        m_x = m_y = 0;
+    }
+    void NewPage() override {
+        if (--m_failAtPage == 0)
+            throw platform::Failure(platform::FailureCode::Printer, u"p"_s, u"papel"_s);
+        steps += u"page"_s;
+    }
+    void EndDoc() override { steps += u"end"_s; }
+    QPainter* hDC() override { return &m_painter; }
+    std::unique_ptr<QPaintDevice> CreateDC() const override {
+        return std::make_unique<QImage>(1, 1, QImage::Format_RGB32);
+    }
+
+private:
+    int m_failAtPage;
+    QImage m_image{1, 1, QImage::Format_RGB32};
+    QPainter m_painter{&m_image};
+    float m_x = 0;
+    float m_y = 0;
+};
+
+// So many characters fit on a page.
+struct Pages : platform::RichText {
+    QString Text() const override { return text; }
+    void SetTargetDevice(QPaintDevice&, int lineWidth) override {
+        steps += u"width %1"_s.arg(lineWidth);
+    }
+    qsizetype Format(const platform::FormatRange& range) override {
+        EXPECT_EQ(range.cpMax, -1);
+        EXPECT_EQ(range.hdc->device(), range.hdcTarget);
+        EXPECT_EQ(range.rcPage, QRectF(0, 0, 11500, 16300));
+        steps += u"%1 in %2 %3 %4 %5"_s.arg(range.cpMin)
+                     .arg(range.rc.left())
+                     .arg(range.rc.top())
+                     .arg(range.rc.right())
+                     .arg(range.rc.bottom());
+        return std::min(range.cpMin + fits, text.size());
+    }
+    void ReleaseFormat() override { steps += u"release"_s; }
+    QString text;
+    qsizetype fits = 0;
+};
+
+class Class2Test : public testing::Test {
+protected:
+    Class2Test() {
+        steps.clear();
+        platform::ReplaceCurrentPrinter(
+            [this] { return std::make_unique<PaperPrinter>(failAtPage); });
+        engine.MarginTop(1000);
+        engine.MarginLeft(500);
+        engine.MarginRight(600);
+        engine.MarginBottom(1300);
+        engine.Header(u"Título"_s);
+    }
+    ~Class2Test() override { platform::ReplaceCurrentPrinter({}); }
+    QStringList Print(const QString& text, qsizetype fits) {
+        Pages pages;
+        pages.text = text;
+        pages.fits = fits;
+        engine.Imprimir(pages);
+        return steps;
+    }
+
+    print::Class2 engine;
+    int failAtPage = 0;
+};
+
+} // namespace
+
+TEST_F(Class2Test, PagesAreSetByTheMarginsAndThePrintersEdges) {
+    const QString text = u"%1 in 248 650 11152 15350"_s; // the limits with 252 and 350 to the edge
+    const QStringList labels = {u"Título at 5450 205"_s, u" at 5750 15705"_s};
+    EXPECT_EQ(Print(u"abcdef"_s, 3),
+              (QStringList{u"width 10900"_s, u" at 0 0"_s, u"font Courier New 11"_s, text.arg(0)} +
+               labels +
+               QStringList{u"Página 1 at 10700 15705"_s, u"page"_s, u" at 0 0"_s, text.arg(3)} +
+               labels + QStringList{u"Página 2 at 10700 15705"_s, u"end"_s, u"release"_s, u"~"_s}));
+    steps.clear();
+    EXPECT_EQ(Print(QString(), 0).filter(u"Página"_s).size(), 1);
+    engine.MarginLeft(std::numeric_limits<int>::min());
+    steps.clear();
+    EXPECT_EQ(Print(QString(), 0).constFirst(), u"width 2147483647"_s);
+}
+
+TEST_F(Class2Test, AJobThatCannotGoOnEndsWithAMessage) {
+    try {
+        Print(u"abc"_s, 0);
+        FAIL();
+    } catch (const platform::Failure& failure) {
+        EXPECT_TRUE(failure.Text().contains(u"márgenes"_s));
+    }
+    EXPECT_EQ(steps.mid(steps.size() - 4),
+              (QStringList{u"Página 1 at 10700 15705"_s, u"end"_s, u"release"_s, u"~"_s}));
+    steps.clear();
+    failAtPage = 1;
+    EXPECT_THROW(Print(u"abc"_s, 1), platform::Failure);
+    EXPECT_EQ(steps.mid(steps.size() - 2), (QStringList{u"release"_s, u"~"_s}));
+    EXPECT_FALSE(steps.contains(u"end"_s));
+    steps.clear();
+    failAtPage = 0;
+    EXPECT_THROW(Print(QString(40000, u'x'), 1), platform::Failure); // more than 16 bits count
+    EXPECT_EQ(steps.filter(u"Página "_s).size(), 32767);
+}

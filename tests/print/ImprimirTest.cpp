@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "print/Imprimir.h"
+#include "platform/SystemPrinter.h"
+#include "support/MainWindow.h"
+
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTextEdit>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Word {
+    int page;
+    double left, top, right, bottom; // points
+};
+
+class ImprimirTest : public support::MainWindow {
+protected:
+    ImprimirTest() {
+        platform::ReplaceCurrentPrinter([this] {
+            return std::make_unique<platform::SystemPrinter>([this] {
+                auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+                printer->setOutputFileName(file);
+                return printer;
+            });
+        });
+        principal.MostrarImprimir(QString());
+        window = dynamic_cast<print::Imprimir*>(principal.ActiveForm());
+        text = Find<QTextEdit>("RichTextBox1");
+    }
+    ~ImprimirTest() override { platform::ReplaceCurrentPrinter({}); }
+    template<class Widget>
+    Widget* Find(const char* name) {
+        return window->findChild<Widget*>(QString::fromLatin1(name));
+    }
+    void Set(const char* field, const QString& value) { Find<QLineEdit>(field)->setText(value); }
+    void Click(const char* button) { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
+    QString Output(QStringList arguments) {
+        QProcess process;
+        process.start(u"pdftotext"_s, arguments << file << u"-"_s);
+        process.waitForFinished();
+        return QString::fromUtf8(process.readAllStandardOutput());
+    }
+    QMultiHash<QString, Word> Words() {
+        static const QRegularExpression word(
+            u"<page|xMin=\"(.*?)\" yMin=\"(.*?)\" xMax=\"(.*?)\" yMax=\"(.*?)\">(.*?)<"_s);
+        QMultiHash<QString, Word> words;
+        int page = 0;
+        for (const auto& match : word.globalMatch(Output({u"-bbox"_s}))) {
+            if (match.captured(5).isNull())
+                ++page;
+            else
+                words.insert(match.captured(5),
+                             {page, match.captured(1).toDouble(), match.captured(2).toDouble(),
+                              match.captured(3).toDouble(), match.captured(4).toDouble()});
+        }
+        return words;
+    }
+
+    QString file = QString::fromStdString((home.Root() / "salida.pdf").native());
+    print::Imprimir* window = nullptr;
+    QTextEdit* text = nullptr;
+};
+
+} // namespace
+
+TEST_F(ImprimirTest, EveryLineIsPrintedOnceWithinTheMargins) {
+    QStringList lines;
+    for (int i = 1; i <= 200; ++i)
+        lines += u"l%1"_s.arg(i);
+    home.Put("lineas.txt", lines.join(u"\r\n"_s).toLatin1());
+    dialogs.ExpectName(u"C:\\lineas.txt"_s);
+    Click("Command1");
+    EXPECT_EQ(dialogs.questions.back().filters.size(), 3);
+    EXPECT_EQ(text->toPlainText(), lines.join(u'\n'));
+    Set("Text1", u"Cabecera"_s);
+    Set("Text3", u"1440"_s);
+    Set("Text4", u"2880"_s);
+    Click("Command2");
+    const QMultiHash<QString, Word> words = Words();
+    int page = 1;
+    double last = 0;
+    for (const QString& line : lines) {
+        ASSERT_EQ(words.count(line), 1) << line.toStdString();
+        const Word word = words.value(line);
+        EXPECT_NEAR(word.left, 144, 1);
+        EXPECT_GT(word.top, 70);
+        EXPECT_LT(word.bottom, 842 - 25 + 1);
+        EXPECT_TRUE(word.page == page ? word.top > last : word.page == page + 1);
+        page = word.page;
+        last = word.top;
+    }
+    EXPECT_GT(page, 2);
+    ASSERT_EQ(words.count(u"Cabecera"_s), page);
+    const Word header = words.value(u"Cabecera"_s);
+    EXPECT_NEAR((header.left + header.right) / 2, 595 / 2.0, 1);
+    EXPECT_NEAR((header.top + header.bottom) / 2, 36, 3);
+    const Word number = words.value(QString::number(page));
+    EXPECT_NEAR(number.right, 595, 1);
+    EXPECT_NEAR((number.top + number.bottom) / 2, 842 - 12.5, 3);
+}
+
+TEST_F(ImprimirTest, WhatCannotBeReadOrPrintedIsSaid) {
+    text->setPlainText(u"viejo"_s);
+    dialogs.ExpectName(u"C:\\falta.rtf"_s);
+    dialogs.Expect(u"falta.rtf"_s, platform::Answer::Ok);
+    Click("Command1");
+    EXPECT_EQ(text->toPlainText(), u"viejo"_s);
+    dialogs.ExpectName(QString()); // the name of the last pick stays
+    dialogs.Expect(u"falta.rtf"_s, platform::Answer::Ok);
+    Click("Command1");
+    for (const QString& margin : {u"1,5"_s, u"x"_s, QString(), u"2147483648"_s}) {
+        Set("Text5", margin);
+        dialogs.Expect(u"Derecho"_s, platform::Answer::Ok);
+        Click("Command2");
+    }
+    EXPECT_FALSE(QFile::exists(file));
+    Set("Text5", u" -20 "_s);
+    Set("Text6", u"20000"_s);
+    dialogs.Expect(u"márgenes"_s, platform::Answer::Ok);
+    Click("Command2");
+    EXPECT_TRUE(Output({}).contains(u"Página 1"_s));
+    EXPECT_FALSE(Output({}).contains(u"Página 2"_s));
+    file = u"/no/hay/x.pdf"_s;
+    dialogs.Expect(u"impresora"_s, platform::Answer::Ok);
+    Click("Command2");
+}
