@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/FileTime.h"
 
+#include <algorithm>
 #include <chrono>
+#include <limits>
 
 namespace platform {
 namespace {
@@ -12,7 +14,9 @@ constexpr qint64 kSecondsTo1970 = 11'644'473'600;
 } // namespace
 
 qint64 ToFileTime(const timespec& time) {
-    return (time.tv_sec + kSecondsTo1970) * kStepsPerSecond + time.tv_nsec / 100;
+    constexpr qint64 last = std::numeric_limits<qint64>::max() / kStepsPerSecond - 1;
+    const qint64 seconds = std::clamp(qint64{time.tv_sec}, -kSecondsTo1970, last - kSecondsTo1970);
+    return (seconds + kSecondsTo1970) * kStepsPerSecond + time.tv_nsec / 100;
 }
 
 SystemTime FileTimeToSystemTime(qint64 fileTime) {

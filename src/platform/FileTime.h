@@ -16,7 +16,8 @@ struct SystemTime {
     int second;
 };
 
-/// File times count steps of 100 ns since the begin of 1601, in UTC.
+/// File times count steps of 100 ns since the begin of 1601, in UTC. A moment outside their range
+/// is the nearest one within.
 qint64 ToFileTime(const timespec& time);
 SystemTime FileTimeToSystemTime(qint64 fileTime);
 

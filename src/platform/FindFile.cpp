@@ -58,8 +58,8 @@ quint32 OrNormal(quint32 attributes) {
 quint32 TypeAttribute(mode_t mode) {
     if (S_ISDIR(mode))
         return FILE_ATTRIBUTE_DIRECTORY;
-    const bool plain = S_ISREG(mode) || S_ISLNK(mode);
-    return plain ? 0U : quint32{FILE_ATTRIBUTE_SYSTEM};
+    const bool special = S_ISSOCK(mode) || S_ISFIFO(mode) || S_ISCHR(mode) || S_ISBLK(mode);
+    return special ? quint32{FILE_ATTRIBUTE_SYSTEM} : 0U;
 }
 
 // What can be told of an entry, from the folder alone if need be; nothing if it has vanished.
@@ -75,10 +75,11 @@ std::optional<FoundFile> Look(int folder, const dirent& entry, bool hasAttribute
         found.attributes |= TypeAttribute(status.st_mode);
         if (::faccessat(folder, entry.d_name, W_OK, AT_EACCESS) != 0)
             found.attributes |= FILE_ATTRIBUTE_READONLY;
-    } else if (errno == EACCES) {
-        found.attributes |= TypeAttribute(DTTOIF(entry.d_type));
     } else if (::fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0) {
-        found.lastWriteTime = ToFileTime(status.st_mtim);
+        found.lastWriteTime = ToFileTime(status.st_mtim); // a link that leads nowhere for this user
+        found.attributes |= TypeAttribute(status.st_mode);
+    } else if (errno != ENOENT) {
+        found.attributes |= TypeAttribute(DTTOIF(entry.d_type));
     } else {
         return std::nullopt;
     }

@@ -29,7 +29,7 @@ struct FoundFile {
     QString name; ///< as in a program path
     quint32 attributes = 0;
     quint32 sizeLow = 0;      ///< the low 32 bits of the size in bytes
-    qint64 lastWriteTime = 0; ///< a file time; 0 where the folder doesn't let it be read
+    qint64 lastWriteTime = 0; ///< a file time; 0 where it can't be read
 };
 
 /// The entries of a folder, hidden ones too, in the order in which the file system gives them, at
