@@ -11,11 +11,15 @@
 #include <QMimeDatabase>
 #include <QPixmap>
 #include <QStyle>
+#include <algorithm>
 
 namespace platform {
 namespace {
 
+// What goes beyond is no icon, but may take long to read.
 constexpr qint64 kLargestIcon = 1 << 20; // bytes
+constexpr int kLargestSide = 256;        // pixels
+constexpr int kPictures = 32;
 
 // As far as the toolkit can name it: one with bytes that aren't UTF-8 goes by its extension.
 QString Native(const QString& path) {
@@ -33,10 +37,12 @@ QIcon IconInFile(const QString& path) {
         return {};
     QIcon icon;
     QImageReader reader(native);
-    for (int frame = 0; frame == 0 || frame < reader.imageCount(); ++frame) {
-        if (frame > 0 && !reader.jumpToImage(frame))
+    const int pictures = std::clamp(reader.imageCount(), 1, kPictures);
+    for (int i = 0; i < pictures && (i == 0 || reader.jumpToImage(i)); ++i) {
+        const QPixmap picture = QPixmap::fromImageReader(&reader);
+        if (picture.width() > kLargestSide || picture.height() > kLargestSide)
             break;
-        icon.addPixmap(QPixmap::fromImageReader(&reader));
+        icon.addPixmap(picture);
     }
     return icon;
 }
@@ -46,13 +52,26 @@ bool IsIcon(const QString& path) {
     return extension == u".ico" || extension == u".cur";
 }
 
+// A file without a size isn't read: it is empty, or made up by the system as it is read, which may
+// never end.
+QMimeType DesktopType(const QString& path) {
+    const QMimeDatabase database;
+    const QFileInfo file(Native(path));
+    const bool sizeless = file.isFile() && file.size() == 0;
+    const QMimeType type = database.mimeTypeForFile(file, sizeless ? QMimeDatabase::MatchExtension
+                                                                   : QMimeDatabase::MatchDefault);
+    return sizeless && type.isDefault()
+               ? database.mimeTypeForName(QStringLiteral("application/x-zerosize"))
+               : type;
+}
+
 } // namespace
 
 QString FileTypeName(const QString& path) {
     const auto fileClass = FindFileClass(ExtensionOf(path));
     if (fileClass && !fileClass->title.isEmpty())
         return fileClass->title;
-    return QMimeDatabase().mimeTypeForFile(Native(path)).comment();
+    return DesktopType(path).comment();
 }
 
 QIcon FileIcon(const QString& path) {
@@ -64,7 +83,7 @@ QIcon FileIcon(const QString& path) {
     }
     if (!icon.isNull())
         return icon;
-    const QMimeType type = QMimeDatabase().mimeTypeForFile(Native(path));
+    const QMimeType type = DesktopType(path);
     for (const QString& name : {type.iconName(), type.genericIconName()}) {
         if (icon = QIcon::fromTheme(name); !icon.isNull())
             return icon;
