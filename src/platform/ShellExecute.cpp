@@ -2,47 +2,94 @@
 #include "platform/ShellExecute.h"
 
 #include "platform/FileClass.h"
+#include "platform/FileErrors.h"
 #include "platform/Handler.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
 
-#include <QProcess>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
 
 namespace platform {
 namespace {
 
-QString Text(const std::filesystem::path& native) {
-    return QString::fromStdString(native.native());
+namespace fs = std::filesystem;
+
+std::vector<std::string> Words(const Command& command, const fs::path& file) {
+    std::vector<std::string> words = {command.program.native()};
+    for (const QString& argument : command.arguments) {
+        QByteArray word = argument.toUtf8();
+        words.push_back(word.replace("%1", QByteArray::fromStdString(file.native())).toStdString());
+    }
+    return words;
 }
 
-void Start(const Command& command, const std::filesystem::path& folder) {
-    QProcess process;
-    process.setProgram(Text(command.program));
-    process.setArguments(command.arguments);
-    process.setWorkingDirectory(Text(folder));
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    if (!process.startDetached())
-        qCWarning(lcQuillmark) << "not started:" << process.program() << process.errorString();
+// Turns into the program, or tells through the pipe why not.
+[[noreturn]] void Become(char* const* arguments, const char* folder, int report) {
+    const int nowhere = ::open("/dev/null", O_RDWR);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        ::dup2(nowhere, stream);
+    ::signal(SIGPIPE, SIG_DFL); // which the toolkit may have set aside
+    if (::chdir(folder) == 0)
+        ::execvp(arguments[0], arguments);
+    const int error = errno;
+    [[maybe_unused]] const ssize_t told = ::write(report, &error, sizeof error);
+    ::_exit(EXIT_FAILURE);
 }
 
-Command CommandFor(const QString& file, const QString& native) {
+// Answers 0, or the error with which it could not be started. The toolkit's own start takes texts,
+// which can't hold every name of a file; this one takes the bytes.
+int StartDetached(char* const* arguments, const char* folder) {
+    std::array<int, 2> report{};
+    if (::pipe2(report.data(), O_CLOEXEC) != 0)
+        return errno;
+    const pid_t middle = ::fork();
+    if (middle == 0) {
+        ::setsid();
+        // Whose parent has gone is nobody's to wait for.
+        if (::fork() == 0)
+            Become(arguments, folder, report[1]);
+        ::_exit(EXIT_SUCCESS);
+    }
+    int error = middle < 0 ? errno : 0;
+    ::close(report[1]);
+    if (middle > 0) {
+        ::waitpid(middle, nullptr, 0);
+        [[maybe_unused]] const ssize_t told = ::read(report[0], &error, sizeof error);
+    }
+    ::close(report[0]);
+    return error;
+}
+
+void Start(const Command& command, const fs::path& file) {
+    std::vector<std::string> words = Words(command, file);
+    std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    if (const int error = StartDetached(arguments.data(), file.parent_path().c_str()))
+        qCWarning(lcQuillmark) << "not started:" << arguments.front() << ErrorText(error);
+}
+
+Command CommandFor(const QString& file) {
     const auto fileClass = FindFileClass(ExtensionOf(file));
     if (!fileClass || fileClass->command.isEmpty())
-        return {"xdg-open", {native}};
-    Command command = ParseCommand(fileClass->command);
-    command.arguments.replaceInStrings(QStringLiteral("%1"), native);
-    return command;
+        return {"xdg-open", {QStringLiteral("%1")}};
+    return ParseCommand(fileClass->command);
 }
 
 } // namespace
 
 void ShellExecuteA(const QString& file) {
-    RunSilently([&] {
-        const std::filesystem::path native = ToNative(file);
-        Start(CommandFor(file, Text(native)), native.parent_path());
-    });
+    RunSilently([&] { Start(CommandFor(file), ToNative(file)); });
 }
 
 } // namespace platform

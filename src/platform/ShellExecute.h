@@ -7,8 +7,7 @@ namespace platform {
 
 /// Opens the file with the program that its class in the registry names, else with the one that the
 /// desktop holds for it, and returns at once. The program runs detached, in the folder of the file,
-/// and its output is nowhere to be seen. What can't be opened goes to the log; so does a path with
-/// bytes that aren't UTF-8, which can't be handed on.
+/// and its output is nowhere to be seen. What can't be opened goes to the log.
 void ShellExecuteA(const QString& file);
 
 } // namespace platform
