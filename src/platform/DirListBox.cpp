@@ -3,6 +3,7 @@
 
 #include "platform/FolderNames.h"
 #include "platform/Paths.h"
+#include "platform/ToolTip.h"
 
 #include <QKeyEvent>
 #include <QStyle>
@@ -41,7 +42,7 @@ void DirListBox::List() {
         item->setText(0, DisplayText(name));
         item->setIcon(0, style()->standardIcon(icon));
         item->setData(0, Qt::UserRole, path);
-        item->setToolTip(0, item->text(0).toHtmlEscaped());
+        item->setToolTip(0, ToolTipText(item->text(0)));
         return item;
     };
     QTreeWidgetItem* current = nullptr;

@@ -3,6 +3,7 @@
 
 #include "platform/FolderNames.h"
 #include "platform/Paths.h"
+#include "platform/ToolTip.h"
 
 #include <QMouseEvent>
 
@@ -37,7 +38,7 @@ void FileListBox::Refresh() {
     for (const QString& name : FileNames(m_path, m_pattern)) {
         auto* item = new QListWidgetItem(DisplayText(name), this);
         item->setData(Qt::UserRole, name);
-        item->setToolTip(item->text().toHtmlEscaped()); // whole, where the list cuts it
+        item->setToolTip(ToolTipText(item->text())); // whole, where the list cuts it
     }
 }
 

@@ -2,6 +2,7 @@
 #include "platform/Frame.h"
 
 #include "platform/Paths.h"
+#include "platform/ToolTip.h"
 
 namespace platform {
 namespace {
@@ -12,7 +13,7 @@ constexpr int kTitleMargin = 24; // pixels, on both sides together
 
 void Frame::Caption(const QString& caption) {
     m_caption = caption;
-    setToolTip(DisplayText(caption).toHtmlEscaped());
+    setToolTip(ToolTipText(DisplayText(caption)));
     FitTitle();
 }
 

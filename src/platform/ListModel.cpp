@@ -2,6 +2,7 @@
 #include "platform/ListModel.h"
 
 #include "platform/Paths.h"
+#include "platform/ToolTip.h"
 
 namespace platform {
 
@@ -49,7 +50,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return Text(index);
     case Qt::ToolTipRole: // whole, where the list cuts it
-        return Text(index).toHtmlEscaped();
+        return ToolTipText(Text(index));
     case Qt::DecorationRole:
         if (index.column() == 0 && m_smallIcons)
             return m_smallIcons->Image(m_items[static_cast<size_t>(index.row())].smallIcon);

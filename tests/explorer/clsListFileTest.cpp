@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/clsListFile.h"
+#include "platform/FileTime.h"
+#include "platform/FileType.h"
 #include "platform/ListView.h"
 #include "platform/Registry.h"
 #include "support/TestHome.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QListView>
 #include <QLocale>
 #include <QSet>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QTimer>
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -89,7 +93,7 @@ TEST_F(ClsListFileTest, TheRowsOfAFolder) {
     Put("a.tipo", 1024);
     Put("Ñu.tipo", 0);
     Put("z.EXE", 0);
-    Put("y.exe", 1025);
+    Put("y&y.exe", 1025);
     Put(".x.ico", 0);
     Put("exe0.exe0", 0);
     Put("readme", 0);
@@ -103,7 +107,7 @@ TEST_F(ClsListFileTest, TheRowsOfAFolder) {
     lista->Listar(u"C:\\d"_s);
     EXPECT_EQ(Names().join(u','),
               u"enlace,Otra,.x.ico,a.tipo,b.TIPO,dos.readme,exe0.exe0,grande.,Ñu.tipo,readme,"
-              "roto.tipo,tubo.tipo,y.exe,z.EXE"_s);
+              "roto.tipo,tubo.tipo,y&y.exe,z.EXE"_s);
     EXPECT_EQ(Row(1), u"enlace||Carpeta de Archivos|29.02.2000 0:00:00|"_s);
     EXPECT_EQ(Row(3), u".x.ico|1 KB|Symbol|07.03.2005 9:05:03|H"_s);
     EXPECT_EQ(Row(4), u"a.tipo|2 KB|Tipo propio|07.03.2005 9:05:03|N"_s);
@@ -113,6 +117,9 @@ TEST_F(ClsListFileTest, TheRowsOfAFolder) {
     EXPECT_EQ(view.Text(11, 1) + view.Text(11, 4), u"1 KBN"_s);
     EXPECT_EQ(view.Text(12, 4), u"S"_s);
     EXPECT_EQ(view.Text(14, 2), u"Aplicación"_s);
+    const QString tip = Rows()->model()->index(12, 0).data(Qt::ToolTipRole).toString();
+    EXPECT_TRUE(Qt::mightBeRichText(tip));
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(tip).toPlainText(), u"y&y.exe"_s);
     const QSet<QString> keys = Keys(pequenas);
     EXPECT_EQ(Keys(grandes), keys);
     // The three with icons of their own share a counter, in the order of the folder.
@@ -137,6 +144,7 @@ TEST_F(ClsListFileTest, WhatIsNotToBeReadIsAnEmptyList) {
         EXPECT_EQ(lista->path(), path);
     }
     const fs::path closed = home.Root() / "d";
+    fs::create_directory(home.Root() / "e");
     // As an ordinary user, for whom permissions count.
     const bool root = ::geteuid() == 0;
     fs::permissions(home.Root(), fs::perms::all);
@@ -147,11 +155,14 @@ TEST_F(ClsListFileTest, WhatIsNotToBeReadIsAnEmptyList) {
         EXPECT_EQ(view.Text(1, 4), u"R"_s);
         EXPECT_EQ(::seteuid(0), 0);
     }
+    fs::create_symlink("../d/a.txt", home.Root() / "e/enlace");
     for (const auto& [mode, rows] : {std::pair{fs::perms::none, 0}, {fs::perms::group_read, 1}}) {
         fs::permissions(closed, mode);
         ASSERT_TRUE(!root || ::seteuid(65534) == 0);
         lista->Listar(u"C:\\d"_s);
         EXPECT_EQ(view.Count(), rows);
+        lista->Listar(u"C:\\e"_s); // a link there leads into the closed folder
+        EXPECT_FALSE(view.Text(1, 3).endsWith(u"1601 0:00:00"_s));
         ASSERT_TRUE(!root || ::seteuid(0) == 0);
     }
     fs::permissions(closed, fs::perms::all);
@@ -165,10 +176,10 @@ TEST_F(ClsListFileTest, DoubleClickAndUp) {
                            u"Z:\\bin\\cp %1 copia"_s);
     Put("sub\xFF/juego.qmk", 1);
     Put("sub\xFF/x", 1);
-    Put("con.abrir", 7);
+    Put("con\xFF.abrir", 7);
     lista->subirNivel(); // nothing is listed yet
     lista->Listar(u"C:\\d"_s);
-    DoubleClick(u"con.abrir"_s);
+    DoubleClick(u"con\uFFFD.abrir"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("d/copia").size() == 7; }));
     DoubleClick(u"sub\uFFFD"_s);
     const QString inside = u"C:\\d\\sub\uF0FF"_s;
@@ -217,4 +228,13 @@ TEST(FindFileTest, TheAttributesOfTheFileSystemAreTheOnesOfTheRest) {
     EXPECT_EQ(explorer::TextoAtributos(platform::FromFatAttributes(0x27)), u"RHSA"_s);
     EXPECT_EQ(explorer::TextoAtributos(0xFFF), u"TRHSNCA"_s);
     EXPECT_EQ(explorer::TextoFecha(0), u"01.01.1601 0:00:00"_s);
+    const time_t last = std::numeric_limits<time_t>::max();
+    EXPECT_EQ(explorer::TextoFecha(platform::ToFileTime({last, 0})), u"14.09.30828 2:48:04"_s);
+    EXPECT_EQ(platform::ToFileTime({-last, 0}), 0);
+}
+
+TEST_F(ClsListFileTest, WhatMayTakeLongIsNotRead) {
+    EXPECT_EQ(platform::FileTypeName(u"Z:\\proc\\self\\status"_s), u"documento vacío"_s);
+    QImage(300, 300, QImage::Format_RGB32).save(u"grande.ico"_s, "PNG");
+    EXPECT_FALSE(platform::FileIcon(u"C:\\grande.ico"_s).availableSizes().contains({300, 300}));
 }
