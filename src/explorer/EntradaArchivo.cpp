@@ -3,6 +3,7 @@
 
 #include "platform/FileTime.h"
 #include "platform/FindFile.h"
+#include "platform/Paths.h"
 
 #include <QCollator>
 #include <array>
@@ -91,7 +92,7 @@ void ordenarEntradas(std::span<EntradaArchivo> entradas) {
     QCollator colador{QLocale()};
     colador.setCaseSensitivity(Qt::CaseInsensitive);
     for (EntradaArchivo& entrada : entradas)
-        entrada.orden = colador.sortKey(entrada.nombre);
+        entrada.orden = colador.sortKey(platform::DisplayText(entrada.nombre));
     qsizetype k = 0;
     for (EntradaArchivo& entrada : entradas) {
         if (EsTipo(entrada.tipo, kTipoCarpeta))

@@ -4,6 +4,7 @@
 #include "platform/FontOfHeight.h"
 #include "platform/Handler.h"
 #include "platform/ListModel.h"
+#include "platform/Paths.h"
 #include "platform/Twips.h"
 
 #include <QApplication>
@@ -37,7 +38,7 @@ int WidestName(const std::vector<ListItem>& items, const QFontMetrics& metrics) 
     for (const ListItem& item : items) {
         if (item.text.size() < longest * 3 / 4)
             continue;
-        width = std::max(width, metrics.horizontalAdvance(item.text));
+        width = std::max(width, metrics.horizontalAdvance(DisplayText(item.text)));
         if (++measured == kMeasured)
             break;
     }
