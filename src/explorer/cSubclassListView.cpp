@@ -47,7 +47,10 @@ cSubclassListView::~cSubclassListView() {
 }
 
 void cSubclassListView::SubClassListView(HWnd lhWnd) {
+    if (timerActivo)
+        PararTimer(); // it belongs to the former header
     hWndLista = lhWnd;
+    hWndCabecera = 0;
     m_lista = qobject_cast<ListView*>(WidgetOf(lhWnd));
     if (!m_lista)
         return;

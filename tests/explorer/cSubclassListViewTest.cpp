@@ -104,6 +104,23 @@ TEST_F(CSubclassListViewTest, TheLooksFollowTheMouse) {
     EXPECT_EQ(Ends(), (QList{60, 0, 0}));
 }
 
+TEST_F(CSubclassListViewTest, TheTimerGoesWithItsHeader) {
+    skin.SkinPicture(Skin());
+    Move(120);
+    ASSERT_EQ(Ends(), (QList{0, 60, 0}));
+    platform::ListView other;
+    other.AddColumnHeader({u"Nombre"_s, 1500});
+    other.View(platform::ListDisplay::Report);
+    other.move(500, 0);
+    other.show();
+    skin.SubClassListView(platform::HandleOf(&other));
+    QTest::qWait(30);
+    Paints paints;
+    other.Header()->viewport()->installEventFilter(&paints);
+    QTest::qWait(60);
+    EXPECT_EQ(paints.count, 0);
+}
+
 TEST_F(CSubclassListViewTest, ATitleIsCutAndAChangedColourShowsAtOnce) {
     const platform::HWnd window = platform::HandleOf(&list);
     EXPECT_EQ(skin.GetListviewColumn(window, 1), QString(32, u'i'));
