@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>
 
@@ -62,6 +63,8 @@ ListView::ListView(QWidget* parent)
     m_report->setAllColumnsShowFocus(true);
     m_report->header()->setSectionsMovable(false);
     m_report->header()->setStretchLastSection(false);
+    connect(m_report->horizontalScrollBar(), &QScrollBar::valueChanged, Header()->viewport(),
+            qOverload<>(&QWidget::update)); // not all that is painted there moves with the columns
     Prepare(m_list);
     Prepare(m_report);
     m_report->setSelectionModel(m_list->selectionModel());

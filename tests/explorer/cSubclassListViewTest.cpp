@@ -3,7 +3,10 @@
 #include "platform/ListView.h"
 
 #include <QHeaderView>
+#include <QPaintEvent>
+#include <QScrollBar>
 #include <QTest>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -14,10 +17,14 @@ namespace {
 // Counts what is painted of a header.
 struct Paints : QObject {
     bool eventFilter(QObject*, QEvent* event) override {
-        count += event->type() == QEvent::Paint;
+        if (event->type() != QEvent::Paint)
+            return false;
+        ++count;
+        area = static_cast<QPaintEvent*>(event)->rect();
         return false;
     }
     int count = 0;
+    QRect area; // of the last one
 };
 
 class CSubclassListViewTest : public testing::Test {
@@ -136,6 +143,12 @@ TEST_F(CSubclassListViewTest, ATitleIsCutAndAChangedColourShowsAtOnce) {
     skin.IconAlingmentRight(true);
     QTest::qWait(1);
     EXPECT_EQ(paints.count, 1);
+    list.resize(200, 100);
+    QTest::qWait(1);
+    list.findChild<QTreeView*>()->horizontalScrollBar()->setValue(60);
+    QTest::qWait(1);
+    EXPECT_EQ(paints.area, Viewport()->rect()); // the background doesn't scroll
+    list.findChild<QTreeView*>()->horizontalScrollBar()->setValue(0);
     const QImage header = Viewport()->grab().toImage();
     EXPECT_NE(header.pixelColor(15, 15), QColor(Qt::green));
     bool found = false;
