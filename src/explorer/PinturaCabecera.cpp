@@ -63,12 +63,10 @@ private:
     int m_celda;
 };
 
-// Of 14 pixels, or the desktop's bold one.
+// Of 14 pixels and normal weight, or the desktop's bold one.
 QFont LetraCabecera(bool negrita) {
-    if (!negrita)
-        return platform::FontOfHeight(kAltoLetra);
-    QFont letra = QApplication::font();
-    letra.setBold(true);
+    QFont letra = negrita ? QApplication::font() : platform::FontOfHeight(kAltoLetra);
+    letra.setWeight(negrita ? QFont::Bold : QFont::Normal);
     return letra;
 }
 
