@@ -14,6 +14,10 @@ constexpr int kFondo = 1;      // where in the skin the strip of the background 
 constexpr double kMezclado = 0.5;
 constexpr int kEstiloMezclado = 3;
 
+QColor Color(qint32 color) {
+    return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF};
+}
+
 // A column while it is drawn.
 class Trazo {
 public:
@@ -37,7 +41,8 @@ public:
     }
 
     void Texto(const QString& texto, QPoint punto) {
-        m_pintor.setPen(m_aspecto.resaltado ? m_estado.TextResalteColor : m_estado.TextNormalColor);
+        m_pintor.setPen(
+            Color(m_aspecto.resaltado ? m_estado.TextResalteColor : m_estado.TextNormalColor));
         const QPoint base(0, m_pintor.fontMetrics().ascent());
         m_pintor.drawText(punto + Desplazamiento() + base, texto);
     }

@@ -4,7 +4,6 @@
 
 #include "explorer/DisposicionCabecera.h"
 
-#include <QColor>
 #include <QPixmap>
 #include <vector>
 
@@ -23,8 +22,8 @@ struct ColumnaCabecera {
 /// What decides how the header looks.
 struct EstadoCabecera {
     QPixmap SkinPicture;
-    QColor TextNormalColor = Qt::black;
-    QColor TextResalteColor = Qt::black;
+    qint32 TextNormalColor = 0; ///< 0x00BBGGRR
+    qint32 TextResalteColor = 0;
     bool IconAlingmentRight = false; ///< an icon stands behind its text
     bool HedersFontBlod = false;
     bool sinResalte = false;

@@ -24,14 +24,6 @@ constexpr qsizetype kTitulo = 32; // characters
 constexpr quint32 kMensajes[] = {WM_PAINT, WM_MOUSEMOVE, WM_LBUTTONUP, WM_LBUTTONDOWN,
                                  WM_NCHITTEST};
 
-QColor Color(qint32 color) {
-    return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF};
-}
-
-qint32 Numero(const QColor& color) {
-    return color.blue() << 16 | color.green() << 8 | color.red();
-}
-
 } // namespace
 
 cSubclassListView::cSubclassListView() : MensajesVentana(QStringLiteral("cSubclassListView")) {
@@ -77,21 +69,13 @@ void cSubclassListView::IconAlingmentRight(bool New_Value) {
 }
 
 void cSubclassListView::TextNormalColor(qint32 New_Color) {
-    m_estado.TextNormalColor = Color(New_Color);
+    m_estado.TextNormalColor = New_Color;
     RefreshColData();
-}
-
-qint32 cSubclassListView::TextNormalColor() const {
-    return Numero(m_estado.TextNormalColor);
 }
 
 void cSubclassListView::TextResalteColor(qint32 New_Color) {
-    m_estado.TextResalteColor = Color(New_Color);
+    m_estado.TextResalteColor = New_Color;
     RefreshColData();
-}
-
-qint32 cSubclassListView::TextResalteColor() const {
-    return Numero(m_estado.TextResalteColor);
 }
 
 void cSubclassListView::HedersFontBlod(bool New_Value) {

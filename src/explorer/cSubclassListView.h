@@ -31,9 +31,9 @@ public:
     bool IconAlingmentRight() const { return m_estado.IconAlingmentRight; }
     /// Colours are 0x00BBGGRR.
     void TextNormalColor(qint32 New_Color);
-    qint32 TextNormalColor() const;
+    qint32 TextNormalColor() const { return m_estado.TextNormalColor; }
     void TextResalteColor(qint32 New_Color);
-    qint32 TextResalteColor() const;
+    qint32 TextResalteColor() const { return m_estado.TextResalteColor; }
     void HedersFontBlod(bool New_Value);
     bool HedersFontBlod() const { return m_estado.HedersFontBlod; }
 

@@ -138,8 +138,8 @@ TEST_F(CSubclassListViewTest, ATitleIsCutAndAChangedColourShowsAtOnce) {
     QTest::qWait(1);
     Paints paints;
     Viewport()->installEventFilter(&paints);
-    skin.TextNormalColor(0xFF8040);
-    EXPECT_EQ(skin.TextNormalColor(), 0xFF8040);
+    skin.TextNormalColor(0x2FF8040); // what is above three bytes is kept
+    EXPECT_EQ(skin.TextNormalColor(), 0x2FF8040);
     skin.IconAlingmentRight(true);
     QTest::qWait(1);
     EXPECT_EQ(paints.count, 1);
