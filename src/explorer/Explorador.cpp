@@ -64,7 +64,6 @@ void Explorador::Form_Unload() {
     cFile.reset();
 }
 
-// A skin that can't be read leaves the header as the desktop paints it.
 void Explorador::setColumnHeader(const QString& SpathSkin, qint32 lColorNormal, qint32 lColorUp,
                                  bool bIconAlingmentRight, bool bTextBold) {
     platform::RunSilently(

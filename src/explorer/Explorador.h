@@ -24,6 +24,11 @@ public:
     Explorador(MarcoExplorador& marco, const platform::FileSystemObject& fso);
     ~Explorador() override;
 
+    /// The skin in a picture file and the colours of the titles, 0x00BBGGRR. A skin that can't be
+    /// read leaves the header as the desktop paints it.
+    void setColumnHeader(const QString& SpathSkin, qint32 lColorNormal, qint32 lColorUp,
+                         bool bIconAlingmentRight = false, bool bTextBold = false);
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;
@@ -32,8 +37,6 @@ private:
     void Toolbar1_ButtonClick(int Index);
     void cFile_changePath(QString& Ruta);
     void ListarPathAlternativo();
-    void setColumnHeader(const QString& SpathSkin, qint32 lColorNormal, qint32 lColorUp,
-                         bool bIconAlingmentRight = false, bool bTextBold = false);
 
     std::unique_ptr<Ui::Explorador> m_ui;
     MarcoExplorador& m_marco;

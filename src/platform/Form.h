@@ -51,6 +51,9 @@ public:
     /// the frame adopts it.
     void FixedSize(const QSize& size) { setFixedSize(size); }
     bool IsFixedSize() const { return minimumSize() == maximumSize(); }
+    /// Whether a window of fixed size has a button to minimise it. To be said before as well.
+    void MinButton(bool button) { m_minButton = button; }
+    bool MinButton() const { return m_minButton; }
 
     /// The buttons that Enter and Escape press; Enter presses the one with the focus if there is
     /// one.
@@ -90,6 +93,7 @@ private:
 
     QString m_caption;
     QWidget* m_shell = nullptr;
+    bool m_minButton = true;
     QAbstractButton* m_default = nullptr;
     QAbstractButton* m_cancel = nullptr;
     Stage m_stage = Stage::Made;

@@ -25,9 +25,9 @@ constexpr QSize kDesignedSize(1280, 800);
 // Title, menu and borders of the frame, as the program was designed for them.
 constexpr int kFrameChrome = 900;
 
-constexpr Qt::WindowFlags kFixedWindow =
-    Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-    Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
+constexpr Qt::WindowFlags kFixedWindow = Qt::SubWindow | Qt::WindowTitleHint |
+                                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
+                                         Qt::MSWindowsFixedSizeDialogHint;
 
 // The window around a child. Its closing is the child's to decide.
 class ChildWindow : public QMdiSubWindow {
@@ -53,7 +53,8 @@ protected:
 private:
     // The area maximises whatever comes to the front of a maximised child.
     void KeepSize() {
-        setWindowFlags(kFixedWindow);
+        setWindowFlags(kFixedWindow |
+                       (m_form->MinButton() ? Qt::WindowMinimizeButtonHint : Qt::Widget));
         connect(
             this, &QMdiSubWindow::windowStateChanged, this,
             [this](Qt::WindowStates, Qt::WindowStates state) {

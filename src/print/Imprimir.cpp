@@ -25,6 +25,7 @@ int Margen(const QLineEdit& campo, const QLabel& nombre) {
 Imprimir::Imprimir() : m_ui(std::make_unique<Ui::Imprimir>()), CommonDialog1(this) {
     m_ui->setupUi(this);
     setFocusProxy(m_ui->Command1);
+    MinButton(false);
     FixedSize(size().expandedTo(minimumSizeHint())); // larger fonts need more
     platform::OnEvent(m_ui->Command1, &QPushButton::clicked, this, &Imprimir::Command1_Click);
     platform::OnEvent(m_ui->Command2, &QPushButton::clicked, this, &Imprimir::Command2_Click);
