@@ -69,7 +69,12 @@ private:
         const QScopedValueRollback running(m_running, true);
         const qint32 values[] = {static_cast<qint32>(m_window), static_cast<qint32>(WM_TIMER),
                                  static_cast<qint32>(m_id), Milliseconds()};
-        RunHandler([&] { (*m_procedure)(values); });
+        RunHandler([&] {
+            if (m_procedure)
+                (*m_procedure)(values);
+            else
+                SendMessage(m_window, WM_TIMER, values[2]);
+        });
     }
 
     HWnd m_window;

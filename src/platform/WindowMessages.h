@@ -66,8 +66,9 @@ using PlainProcedure = std::function<qint32(std::span<const qint32> values)>;
 using PlainProc = std::shared_ptr<const PlainProcedure>;
 
 /// Calls with window, WM_TIMER, id and the milliseconds of the clock, again and again until
-/// KillTimer or the window's end, but never while a call of this timer runs. The same id again
-/// starts anew. False if there is no such window here.
+/// KillTimer or the window's end, but never while a call of this timer runs. Without a procedure
+/// the window gets the message. The same id again starts anew. False if there is no such window
+/// here.
 bool SetTimer(HWnd window, quintptr id, int milliseconds, PlainProc procedure);
 bool KillTimer(HWnd window, quintptr id);
 

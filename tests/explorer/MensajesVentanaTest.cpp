@@ -295,6 +295,9 @@ TEST_F(MensajesVentanaTest, TimersRunPlainProceduresOfTheOwner) {
     const std::array values{static_cast<qint32>(window), 0, 0, 0};
     EXPECT_EQ((*address)(values), 4);
     EXPECT_EQ((*address)(std::span(values).first(3)), 0);
+    Watch(WM_TIMER, MSG_BEFORE);
+    EXPECT_TRUE(SetTimer(window, 1, 1, nullptr));
+    EXPECT_TRUE(QTest::qWaitFor([] { return events.contains(u"<275"_s); }));
     EXPECT_TRUE(SetTimer(window, 1, 1, address));
     delete pane;
     EXPECT_FALSE(KillTimer(window, 1));
