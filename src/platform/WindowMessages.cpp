@@ -88,7 +88,7 @@ private:
 class Window : public QObject, public std::enable_shared_from_this<Window> {
 public:
     Window(HWnd handle, QWidget* widget) : m_handle(handle), m_widget(widget) {
-        connect(widget, &QObject::destroyed, this, [this] { End(nullptr); });
+        connect(widget, &QObject::destroyed, this, [this] { End(); });
     }
 
     QWidget* Widget() const { return m_widget; }
@@ -115,7 +115,7 @@ private:
     void MouseMessage(QMouseEvent& event, quint32 message);
     void HandBack(QEvent& event);
     void HandOver(quint32 message, qint32 wParam, QPoint place);
-    void End(QEvent* event);
+    void End();
 
     HWnd m_handle;
     QWidget* m_widget;
@@ -151,7 +151,7 @@ qint32 DefaultProcedure::Call(HWnd handle, quint32 message, qint32 wParam, qint3
 WindowProc Window::Procedure(WindowProc procedure) {
     const bool watched = m_procedure != Default();
     const bool watch = procedure != Default();
-    if (!m_widget || watch == watched)
+    if (m_ending || watch == watched)
         return std::exchange(m_procedure, std::move(procedure));
     if (watch) {
         m_widget->installEventFilter(this); // the last one installed is the first one asked
@@ -159,8 +159,7 @@ WindowProc Window::Procedure(WindowProc procedure) {
         m_widget->setMouseTracking(true);
     } else {
         m_widget->removeEventFilter(this);
-        if (!m_ending)
-            m_widget->setMouseTracking(m_hadTracking);
+        m_widget->setMouseTracking(m_hadTracking);
     }
     return std::exchange(m_procedure, std::move(procedure));
 }
@@ -176,7 +175,7 @@ qint32 Window::Dispatch(QEvent* event, quint32 message, qint32 wParam, qint32 lP
 qint32 Window::OwnHandling(quint32 message, qint32 wParam, qint32 lParam) {
     if (message == WM_NCHITTEST)
         return kClientArea;
-    if (!m_widget)
+    if (m_ending)
         return 0;
     const bool fromEvent = m_call && m_call->event && m_call->message == message;
     if (fromEvent && !m_call->painted)
@@ -211,7 +210,7 @@ void Window::HandOver(quint32 message, qint32 wParam, QPoint place) {
 }
 
 bool Window::eventFilter(QObject*, QEvent* event) {
-    if (event == m_handedBack)
+    if (event == m_handedBack || m_ending)
         return false;
     const std::shared_ptr<Window> alive = shared_from_this();
     switch (event->type()) {
@@ -230,9 +229,6 @@ bool Window::eventFilter(QObject*, QEvent* event) {
         MouseMessage(mouse, press ? WM_LBUTTONDOWN : WM_LBUTTONUP);
         break;
     }
-    case QEvent::Destroy:
-        End(event);
-        break;
     default:
         return false;
     }
@@ -242,20 +238,16 @@ bool Window::eventFilter(QObject*, QEvent* event) {
 
 void Window::MouseMessage(QMouseEvent& event, quint32 message) {
     Dispatch(nullptr, WM_NCHITTEST, 0, MakeLParam(event.globalPosition().toPoint()));
-    if (m_widget)
+    if (!m_ending)
         Dispatch(&event, message, FlagsOf(event), MakeLParam(event.position().toPoint()));
 }
 
-// Comes with the event that ends a widget; if nobody watches, only when the widget is no more.
-void Window::End(QEvent* event) {
-    if (m_ending)
-        return;
+// The widget is still one, with its children, but no longer of its own class.
+void Window::End() {
     const std::shared_ptr<Window> alive = shared_from_this();
-    Windows().handles.erase(m_widget);
     m_ending = true;
-    if (!event)
-        m_widget = nullptr;
-    Dispatch(event, WM_DESTROY, 0, 0);
+    Dispatch(nullptr, WM_DESTROY, 0, 0);
+    Windows().handles.erase(m_widget);
     m_widget = nullptr;
     Windows().windows.erase(m_handle);
     for (const auto& [id, timer] : m_timers)
@@ -292,6 +284,8 @@ bool Window::EndTimer(quintptr id) {
 } // namespace
 
 HWnd HandleOf(QWidget* widget) {
+    if (!widget)
+        return 0;
     Registry& registry = Windows();
     HWnd& handle = registry.handles[widget];
     if (handle == 0) {
@@ -303,7 +297,7 @@ HWnd HandleOf(QWidget* widget) {
 
 HWnd HandleOfNative(WId native) {
     QWidget* widget = QWidget::find(native);
-    return widget ? HandleOf(widget) : static_cast<HWnd>(native) | kForeign;
+    return widget || native == 0 ? HandleOf(widget) : static_cast<HWnd>(native) | kForeign;
 }
 
 QWidget* WidgetOf(HWnd window) {

@@ -32,7 +32,7 @@ public:
 };
 using WindowProc = std::shared_ptr<WindowProcedure>;
 
-/// Lives as long as the widget; it ends with WM_DESTROY.
+/// Lives as long as the widget; it ends with WM_DESTROY. 0 for no widget.
 HWnd HandleOf(QWidget* widget);
 /// The handle for a native window, which may be another program's.
 HWnd HandleOfNative(WId native);

@@ -141,7 +141,7 @@ TEST_F(MensajesVentanaTest, ADestroyedWindowIsLeftWhateverTheOwnerSays) {
     above.during = [&](Aviso& aviso) {
         aviso.bHandled = true;
         EXPECT_EQ(pane->width(), 80);
-        EXPECT_TRUE(IsWindow(window));
+        EXPECT_EQ(HandleOf(pane), window);
     };
     delete pane;
     EXPECT_EQ(events, (QStringList{u"<2"_s, u"<2"_s})); // the one below too, and nothing after
@@ -254,7 +254,8 @@ TEST_F(MensajesVentanaTest, FailuresAreShownAndLogged) {
     };
     const HWnd other = HandleOf(&outer);
     routine = u"ssc_Subclass"_s;
-    refused(u"Invalid window handle"_s, 0);
+    refused(u"Invalid window handle"_s, HandleOf(nullptr));
+    refused(u"Invalid window handle"_s, HandleOfNative(0));
     refused(u"Window handle belongs to another process"_s, HandleOfNative(0x400001));
     refused(u"Callback method not found"_s, other, 2);
     refused(u"Window handle is already subclassed"_s, window);
