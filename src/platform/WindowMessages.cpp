@@ -108,10 +108,11 @@ private:
     struct Call {
         quint32 message;
         QEvent* event; ///< null if the message was sent
-        bool painted;
+        bool spent;    ///< nothing is left of the event for the widget
         Call* outer;
     };
 
+    bool IsUntracked(const QEvent& event) const;
     void MouseMessage(QMouseEvent& event, quint32 message);
     void HandBack(QEvent& event);
     void HandOver(quint32 message, qint32 wParam, QPoint place);
@@ -167,7 +168,7 @@ WindowProc Window::Procedure(WindowProc procedure) {
 qint32 Window::Dispatch(QEvent* event, quint32 message, qint32 wParam, qint32 lParam) {
     const std::shared_ptr<Window> alive = shared_from_this();
     const WindowProc procedure = m_procedure;
-    Call call{message, event, false, m_call};
+    Call call{message, event, event && IsUntracked(*event), m_call};
     const QScopedValueRollback innermost(m_call, &call);
     return procedure->Call(m_handle, message, wParam, lParam);
 }
@@ -178,13 +179,20 @@ qint32 Window::OwnHandling(quint32 message, qint32 wParam, qint32 lParam) {
     if (m_ending)
         return 0;
     const bool fromEvent = m_call && m_call->event && m_call->message == message;
-    if (fromEvent && !m_call->painted)
+    if (fromEvent && !m_call->spent) {
+        m_call->spent = message == WM_PAINT;
         HandBack(*m_call->event);
-    else if (!fromEvent && message == WM_PAINT)
+    } else if (!fromEvent && message == WM_PAINT)
         m_widget->update();
     else if (!fromEvent && message >= WM_MOUSEMOVE && message <= WM_LBUTTONUP)
         HandOver(message, wParam, PointOf(lParam));
     return 0;
+}
+
+// Whether the widget wouldn't have got the event if nobody watched it.
+bool Window::IsUntracked(const QEvent& event) const {
+    return event.type() == QEvent::MouseMove && !m_hadTracking &&
+           static_cast<const QMouseEvent&>(event).buttons() == Qt::NoButton;
 }
 
 // By the ordinary way, so that the filters behind this one see the event too.
@@ -210,7 +218,8 @@ void Window::HandOver(quint32 message, qint32 wParam, QPoint place) {
 }
 
 bool Window::eventFilter(QObject*, QEvent* event) {
-    if (event == m_handedBack || m_ending)
+    const bool disabled = event->isPointerEvent() && !m_widget->isEnabled();
+    if (event == m_handedBack || m_ending || disabled)
         return false;
     const std::shared_ptr<Window> alive = shared_from_this();
     switch (event->type()) {
@@ -258,7 +267,7 @@ void Window::End() {
 QRect Window::BeginPaint() {
     for (Call* call = m_call; call; call = call->outer) {
         if (call->event && call->message == WM_PAINT) {
-            call->painted = true;
+            call->spent = true;
             return static_cast<QPaintEvent*>(call->event)->rect();
         }
     }

@@ -23,7 +23,8 @@ inline constexpr quint32 WM_LBUTTONDOWN = 513;
 inline constexpr quint32 WM_LBUTTONUP = 514;
 
 /// What gets the messages of a window. While its procedure isn't the default one, the window's
-/// events that have a number above arrive as messages, and it is told every move of the mouse.
+/// events that have a number above arrive as messages, and it is told every move of the mouse; a
+/// disabled window gets none of the mouse.
 class WindowProcedure {
 public:
     virtual ~WindowProcedure() = default;

@@ -85,10 +85,16 @@ TEST_F(MensajesVentanaTest, PhasesSurroundTheWindowsOwnHandling) {
     owner->during = [](Aviso& aviso) { aviso.bHandled = aviso.uMsg == WM_LBUTTONDOWN; };
     QTest::mouseClick(pane, Qt::LeftButton, {}, QPoint(7, 9));
     EXPECT_EQ(events.join(u' '), u"<132 <513 <132"_s);
-    events.clear();
-    QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), QPointF(3, 3), Qt::NoButton, {}, {});
-    QApplication::sendEvent(pane, &move); // which the layer doesn't want
-    EXPECT_EQ(events.join(u' '), u"<132 move"_s);
+    const auto moved = [&](Qt::MouseButtons buttons) {
+        events.clear();
+        QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), QPointF(3, 3), {}, buttons, {});
+        QApplication::sendEvent(pane, &move); // which the layer doesn't want
+        return events.join(u' ');
+    };
+    EXPECT_EQ(moved(Qt::LeftButton), u"<132 move"_s);
+    EXPECT_EQ(moved(Qt::NoButton), u"<132"_s); // the widget doesn't track the mouse
+    pane->setEnabled(false);
+    EXPECT_EQ(moved(Qt::NoButton), QString());
     EXPECT_EQ(PointOf(MakeLParam(QPoint(-3, -70))), QPoint(-3, -70));
 }
 
@@ -117,6 +123,13 @@ TEST_F(MensajesVentanaTest, TheOwnerPaintsInTheWindowsPlace) {
     };
     EXPECT_EQ(pane->grab().toImage().pixelColor(40, 40), QColor(Qt::red));
     EXPECT_TRUE(BeginPaint(window).isNull());
+    owner->during = [&](Aviso& aviso) {
+        owner->layer.ssc_CallPrevious(window, aviso.uMsg, aviso.wParam, aviso.lParam);
+        QPainter(pane).fillRect(0, 0, 9, 9, Qt::green); // over what the window has painted
+    };
+    const QImage both = pane->grab().toImage();
+    EXPECT_EQ(both.pixelColor(4, 4), QColor(Qt::green));
+    EXPECT_EQ(both.pixelColor(40, 40), QColor(Qt::blue));
 }
 
 TEST_F(MensajesVentanaTest, HeadersGoOnWorkingWhileWatched) {
