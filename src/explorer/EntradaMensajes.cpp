@@ -55,6 +55,8 @@ void EntradaMensajes::Ofrecer(const TablaMensajes& tabla, Aviso& aviso) const {
 // If another procedure has come before this one since, this one stays and only passes on, until
 // that one leaves: taking the window's procedure back would cut it off.
 void EntradaMensajes::Salir() {
+    tablaAntes = {};
+    tablaDespues = {};
     const platform::WindowProc actual = platform::GetWindowProc(ventana);
     if (actual && actual.get() != this)
         return;

@@ -189,6 +189,19 @@ TEST_F(MensajesVentanaTest, WindowAndOwnerMayGoInACallback) {
     QTest::mousePress(pane, Qt::LeftButton);
     EXPECT_EQ(events.join(u' '), u"<132 >132 <513 <2 >2"_s);
 
+    auto inner = std::make_unique<Pane>();
+    window = HandleOf(inner.get());
+    Owner above;
+    for (Owner* each : {owner.get(), &above}) {
+        EXPECT_TRUE(each->layer.ssc_Subclass(window));
+        each->layer.ssc_WatchMsg(window, ALL_MESSAGES, MSG_BEFORE);
+    }
+    above.during = [&](Aviso& aviso) {
+        if (aviso.uMsg == 600)
+            inner.reset();
+    };
+    EXPECT_EQ(Sent(600).join(u' '), u"<600 <2 <2"_s); // the one below has left by then
+
     window = HandleOf(&outer);
     EXPECT_TRUE(owner->layer.ssc_Subclass(window));
     Watch(ALL_MESSAGES, MSG_BEFORE_AFTER);
