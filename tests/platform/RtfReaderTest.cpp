@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/RtfReader.h"
+#include "platform/TargetDevice.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QImage>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace platform;
+
+namespace {
+
+QString TextOf(const QByteArray& body) {
+    QTextDocument document;
+    EXPECT_EQ(ReadRtf("{\\rtf1\\ansi" + body + '}', document), RtfResult::Complete);
+    return document.toPlainText();
+}
+
+// The format of the last character of the body.
+QTextCharFormat LookOf(const QByteArray& body) {
+    QTextDocument document;
+    ReadRtf("{\\rtf1{\\fonttbl{\\f0 Uno;}{\\f1\\fswiss{\\*\\panose 02}Dos{\\*\\falt Otra};}}"
+            "{\\colortbl;\\red255;\\green128\\blue1;}\\deff0 " +
+                body + '}',
+            document);
+    QTextCursor end(&document);
+    end.movePosition(QTextCursor::End);
+    return end.charFormat();
+}
+
+// Of the last paragraph. The offscreen screen has 96 dots per inch: 15 twips are a unit.
+QTextBlockFormat ParagraphOf(const QByteArray& body) {
+    QTextDocument document;
+    ReadRtf("{\\rtf1 " + body + '}', document);
+    return document.lastBlock().blockFormat();
+}
+
+} // namespace
+
+TEST(RtfReader, TellsTheTextFromTheRest) {
+    const struct {
+        QByteArray body;
+        QString text;
+    } cases[] = {
+        {" a\r\nb\\par c\\\nd\\par", u"ab\nc\nd"_s},
+        {"\\par\\par x", u"\n\nx"_s},
+        {" x\\line y\\tab z\\\tw", u"x\ny\tz\tw"_s},
+        {" \\{\\\\\\}\\~\\-\\_\\emdash\\endash\\lquote\\rquote\\ldblquote\\rdblquote\\bullet .",
+         u"{\\} \u00AD\u2011—–‘’“”•."_s},
+        {"\\'e1\\'80\xF1\\'zz", u"á€ñzz"_s},
+        {"\\ansicpg1251 \\'cf", u"П"_s},
+        {"{\\fonttbl\\f0\\fcharset128 A;\\f1\\fcharset2 B;\\f2\\fcharset0 C;}\\ansicpg1251"
+         "\\f0 \\'93\\'fa{\\f1\\'b7}{\\f2\\'e1}\\f3\\'e1",
+         u"日•áб"_s},
+        {"\\u8364 ?x\\u-10179 ?\\u-8704 ?{\\uc2\\u225 ab}\\u225 a\\uc0\\u233 b", u"€x😀ááéb"_s},
+        {"{\\uc3\\u225 a\\'e1\\emdash.}\\u225 {}b\\u225\\par\\u225\\bin3 }}}c\\u225\\u233",
+         u"á.áb"
+         "á\nácáé"_s},
+        {"\\u-10179?x\\u65535?\\u8233?y\\u0?", u"?x\ny"_s},
+        {"{\\*\\otro x{y}}{\\stylesheet{\\s1 z;}}{\\info{\\title t}}{\\header h}a"
+         "{\\pict\\bin4 }}\\\\{\\u233 ?}}b{\\field{\\*\\fldinst HYPERLINK}{\\*\\fldrslt c}}\\nada5 "
+         "d",
+         u"abcd"_s},
+        {"{\\v oculto}a{\\pntext 1.\\tab}b", u"a1.\tb"_s},
+        {"\\trowd\\cellx900\\cellx1800\\intbl a\\par b\\par\\cell\\cell "
+         "c\\cell\\row\\trowd\\cell\\row"
+         "\\pard d",
+         u"a\nb\t\tc\n\nd"_s},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(TextOf(c.body).toStdString(), c.text.toStdString()) << c.body.toStdString();
+}
+
+TEST(RtfReader, GivesCharactersTheirLook) {
+    using F = QTextCharFormat;
+    EXPECT_EQ(LookOf("a").fontFamilies().toStringList(), QStringList(u"Uno"_s));
+    EXPECT_EQ(LookOf("a").fontPointSize(), 12);
+    EXPECT_EQ(LookOf("\\f1\\fs21 a").fontFamilies().toStringList(), QStringList(u"Dos"_s));
+    EXPECT_EQ(LookOf("\\f1\\fs21 a").fontPointSize(), 10.5);
+    EXPECT_EQ(LookOf("\\f1\\plain a").fontFamilies().toStringList(), QStringList(u"Uno"_s));
+    const F all = LookOf("\\b\\i\\strike\\ulwave\\super\\cf1\\highlight2 a");
+    EXPECT_TRUE(all.fontWeight() == QFont::Bold && all.fontItalic() && all.fontStrikeOut());
+    EXPECT_EQ(all.underlineStyle(), F::WaveUnderline);
+    EXPECT_EQ(all.verticalAlignment(), F::AlignSuperScript);
+    EXPECT_EQ(all.foreground().color(), QColor(255, 0, 0));
+    EXPECT_EQ(all.background().color(), QColor(0, 128, 1));
+    for (const char* off : {"{\\b\\i\\ul\\cf1\\sub x}a", "\\b\\i\\ul\\cf1\\sub\\plain a",
+                            "\\b\\b0\\i\\i0\\ul\\ulnone\\cf1\\cf0\\sub\\nosupersub a"})
+        EXPECT_EQ(LookOf(off), LookOf("a")) << off;
+}
+
+TEST(RtfReader, GivesParagraphsTheirLook) {
+    const auto hanging = ParagraphOf("\\qc\\li720\\ri300\\fi-360\\sa60\\par\\sb150\\tqr\\tx1440 a");
+    EXPECT_EQ(hanging.alignment(), Qt::AlignHCenter);
+    EXPECT_EQ(hanging.leftMargin(), 48);
+    EXPECT_EQ(hanging.rightMargin(), 20);
+    EXPECT_EQ(hanging.textIndent(), -24);
+    EXPECT_EQ(hanging.topMargin(), 10 + 4);
+    EXPECT_EQ(hanging.bottomMargin(), 4);
+    const QList<QTextOption::Tab> tabs = {{24, QTextOption::LeftTab}, {72, QTextOption::RightTab}};
+    EXPECT_EQ(hanging.tabPositions(), tabs);
+    EXPECT_EQ(ParagraphOf("\\qr\\li720\\tx1440 x\\par\\pard a"), ParagraphOf("a"));
+
+    using B = QTextBlockFormat;
+    const struct {
+        const char* words;
+        B::LineHeightTypes type;
+        double height;
+    } spacings[] = {{"\\sl360\\slmult1 a", B::ProportionalHeight, 150},
+                    {"\\sl-300\\slmult0 a", B::FixedHeight, 20},
+                    {"\\sl300 a", B::MinimumHeight, 20},
+                    {"\\sl0 a", B::SingleHeight, 0}};
+    for (const auto& s : spacings) {
+        EXPECT_EQ(ParagraphOf(s.words).lineHeightType(), s.type) << s.words;
+        EXPECT_EQ(ParagraphOf(s.words).lineHeight(), s.height) << s.words;
+    }
+    for (const char* page : {"a\\page b", "a\\par\\page b", "a\\par\\pagebb b", "a\\sect b"})
+        EXPECT_TRUE(ParagraphOf(page).pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore)
+            << page;
+    EXPECT_EQ(ParagraphOf("a\\page b\\par c"), ParagraphOf("c"));
+}
+
+TEST(RtfReader, SaysWhatIsWrongWithTheFile) {
+    QTextDocument document(u"antes"_s);
+    for (const char* other : {"", "{", "hola", "{\\rtx1 a}", "{\\rtfx a}", "\\rtf1 a"}) {
+        EXPECT_EQ(ReadRtf(other, document), RtfResult::NotRtf) << other;
+        EXPECT_EQ(document.toPlainText(), u"antes"_s);
+    }
+    for (const char* cut : {"{\\rtf1 ab", "{\\rtf1{\\b ab}", "{\\rtf1 ab\\", "{\\rtf1 ab\\u225",
+                            "{\\rtf1 ab\\'e", "{\\rtf1 ab\\bin9 }", "{\\rtf1 ab{\\pict 00"}) {
+        EXPECT_EQ(ReadRtf(cut, document), RtfResult::Truncated) << cut;
+        EXPECT_TRUE(document.toPlainText().startsWith(u"ab"_s)) << cut;
+    }
+    EXPECT_EQ(ReadRtf("{\\rtf1 ab" + QByteArray(1'000'000, '{'), document), RtfResult::TooDeep);
+    EXPECT_EQ(document.toPlainText(), u"ab"_s);
+    EXPECT_EQ(ReadRtf("{\\rtf1 ab}\0 }x"_ba, document), RtfResult::Complete);
+    EXPECT_EQ(document.toPlainText(), u"ab"_s);
+}
+
+TEST(RtfReader, LengthsAreTrueOnAnyDevice) {
+    for (const double dpi : {96, 300, 1200}) {
+        QImage device(1, 1, QImage::Format_RGB32);
+        device.setDotsPerMeterX(qRound(dpi / 0.0254));
+        device.setDotsPerMeterY(qRound(dpi / 0.0254));
+        QTextDocument document;
+        ReadRtf("{\\rtf1\\li1440\\fi-720\\ri2880\\tx2880\\sb1440\\sl-720 a\\tab\\tab b\\line c"
+                "\\par\\pard\\qr\\ri1440\\sb1440 d}",
+                document);
+        SetTargetDevice(document, device);
+        document.setDocumentMargin(0);
+        document.setTextWidth(8 * dpi);
+        const auto top = [&](const QTextBlock& block) {
+            return document.documentLayout()->blockBoundingRect(block).top() / dpi;
+        };
+        const QTextLayout& first = *document.firstBlock().layout();
+        const double close = 0.02; // inches
+        EXPECT_NEAR(first.lineAt(0).x() / dpi, 0.5, close);
+        EXPECT_NEAR(first.lineAt(0).cursorToX(2) / dpi, 1, close); // the hanging indent is a tab
+        EXPECT_NEAR(first.lineAt(0).cursorToX(3) / dpi, 2, close);
+        EXPECT_NEAR(first.lineAt(1).x() / dpi, 1, close);
+        EXPECT_NEAR(first.lineAt(1).width() / dpi, 8 - 1 - 2, close);
+        const QTextBlock second = document.lastBlock();
+        EXPECT_NEAR(second.layout()->lineAt(0).cursorToX(1) / dpi, 7, close);
+        EXPECT_NEAR(top(second) - top(document.firstBlock()), 2 * 0.5 + 1, close);
+    }
+}
