@@ -2,6 +2,7 @@
 #include "platform/RtfFlow.h"
 
 #include <QTextDocument>
+#include <QTextOption>
 #include <algorithm>
 
 namespace platform {
@@ -90,9 +91,12 @@ void RtfFlow::EndCell() {
     m_pending.append(u'\t');
 }
 
-void RtfFlow::Finish(const RtfParagraph& look, const RtfCharacters& mark) {
+void RtfFlow::Finish(const RtfParagraph& look, const RtfCharacters& mark, int defaultTabTwips) {
     if (!m_blockEnded)
         CloseBlock(look, mark);
+    QTextOption option = m_cursor.document()->defaultTextOption();
+    option.setTabStopDistance(RtfFormats::PixelsOf(defaultTabTwips));
+    m_cursor.document()->setDefaultTextOption(option);
 }
 
 } // namespace platform

@@ -22,7 +22,7 @@ public:
     /// A tab, unless nothing more comes into the row.
     void EndCell();
     /// To be called once, at the end.
-    void Finish(const RtfParagraph& look, const RtfCharacters& mark);
+    void Finish(const RtfParagraph& look, const RtfCharacters& mark, int defaultTabTwips);
 
 private:
     void OpenBlock();

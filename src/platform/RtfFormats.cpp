@@ -12,10 +12,6 @@ namespace {
 constexpr double kTwipsPerInch = 1440;
 constexpr double kSingle = 240; // a proportional line spacing of 1
 
-double PixelsOf(int twips) {
-    return twips * DocumentDotsPerInch() / kTwipsPerInch;
-}
-
 void SetLineSpacing(QTextBlockFormat& format, const RtfParagraph& paragraph) {
     const int spacing = paragraph.lineSpacing;
     if (spacing == 0)
@@ -24,9 +20,9 @@ void SetLineSpacing(QTextBlockFormat& format, const RtfParagraph& paragraph) {
         format.setLineHeight(std::abs(spacing) * 100 / kSingle,
                              QTextBlockFormat::ProportionalHeight);
     else
-        format.setLineHeight(PixelsOf(std::abs(spacing)), spacing < 0
-                                                              ? QTextBlockFormat::FixedHeight
-                                                              : QTextBlockFormat::MinimumHeight);
+        format.setLineHeight(RtfFormats::PixelsOf(std::abs(spacing)),
+                             spacing < 0 ? QTextBlockFormat::FixedHeight
+                                         : QTextBlockFormat::MinimumHeight);
 }
 
 // RTF counts tabs from the left margin, the toolkit from the start of the line. The indent of a
@@ -40,7 +36,8 @@ QList<QTextOption::Tab> TabsOf(const RtfParagraph& paragraph) {
     for (const RtfTab& tab : tabs) {
         const int position = tab.twips - paragraph.left - paragraph.firstLine;
         if (position > 0)
-            list.append({PixelsOf(position), static_cast<QTextOption::TabType>(tab.type)});
+            list.append(
+                {RtfFormats::PixelsOf(position), static_cast<QTextOption::TabType>(tab.type)});
     }
     return list;
 }
@@ -48,11 +45,11 @@ QList<QTextOption::Tab> TabsOf(const RtfParagraph& paragraph) {
 QTextBlockFormat Make(const RtfParagraph& paragraph) {
     QTextBlockFormat format;
     format.setAlignment(static_cast<Qt::AlignmentFlag>(paragraph.alignment));
-    format.setLeftMargin(PixelsOf(paragraph.left));
-    format.setRightMargin(PixelsOf(paragraph.right));
-    format.setTextIndent(PixelsOf(paragraph.firstLine));
-    format.setTopMargin(PixelsOf(paragraph.before));
-    format.setBottomMargin(PixelsOf(paragraph.after));
+    format.setLeftMargin(RtfFormats::PixelsOf(paragraph.left));
+    format.setRightMargin(RtfFormats::PixelsOf(paragraph.right));
+    format.setTextIndent(RtfFormats::PixelsOf(paragraph.firstLine));
+    format.setTopMargin(RtfFormats::PixelsOf(paragraph.before));
+    format.setBottomMargin(RtfFormats::PixelsOf(paragraph.after));
     SetLineSpacing(format, paragraph);
     if (const auto tabs = TabsOf(paragraph); !tabs.isEmpty())
         format.setTabPositions(tabs);
@@ -72,6 +69,10 @@ const Format& Find(std::map<State, Format>& made, const State& wanted, Maker mak
 }
 
 } // namespace
+
+double RtfFormats::PixelsOf(int twips) {
+    return twips * DocumentDotsPerInch() / kTwipsPerInch;
+}
 
 void RtfFormats::AddFont(int number, const QString& family) {
     if (m_fonts.size() < kMost && !family.isEmpty())

@@ -57,6 +57,9 @@ class RtfFormats {
 public:
     static constexpr size_t kMost = 1024;
 
+    /// In the unit of a document's lengths.
+    static double PixelsOf(int twips);
+
     /// The first font of a number counts.
     void AddFont(int number, const QString& family);
     void AddColor(std::optional<QRgb> color);

@@ -14,7 +14,7 @@ RtfResult RtfParser::Read() {
     std::optional<RtfResult> result;
     while (!result)
         result = Step();
-    m_flow.Finish(Paragraph(), Look());
+    m_flow.Finish(Paragraph(), Look(), m_defaultTab);
     return *result;
 }
 
@@ -60,7 +60,16 @@ void RtfParser::Close() {
     m_toSkip = 0;
     if (Top().place == Place::FontTable)
         CommitFont();
+    if (Top().place == Place::Label && m_groups[m_groups.size() - 2].place == Place::Body)
+        CommitLabel();
     m_groups.pop_back();
+}
+
+// A blank label is left out, as its tab would push the text, unless the text hangs from it.
+void RtfParser::CommitLabel() {
+    const QString label = std::exchange(m_label, {});
+    if (!label.trimmed().isEmpty() || Paragraph().firstLine < 0)
+        m_flow.Append(label, Look());
 }
 
 void RtfParser::Control(const RtfToken& token, bool afterStar) {
@@ -110,6 +119,9 @@ void RtfParser::Text(const QString& text) {
     switch (Top().place) {
     case Place::Body:
         m_flow.Append(text, Look());
+        break;
+    case Place::Label:
+        m_label.append(text);
         break;
     case Place::FontTable:
         FontTableText(text);

@@ -28,7 +28,7 @@ private:
     static constexpr int kLongest = 31680; ///< twips, 22 inches
 
     /// Where the text of a group goes.
-    enum class Place { Body, FontTable, ColorTable, Nowhere };
+    enum class Place { Body, Label, FontTable, ColorTable, Nowhere };
 
     /// What a group hands on to the groups in it and forgets at its end.
     struct Group {
@@ -67,6 +67,7 @@ private:
     void FontTableText(const QString& text);
     void ColorTableText(const QString& text);
     void CommitFont();
+    void CommitLabel();
     int CodePage() const;
 
     Group& Top() { return m_groups.back(); }
@@ -77,6 +78,9 @@ private:
     void Enter(int place, Number) { Top().place = static_cast<Place>(place); }
     void DocumentPage(int fixed, Number number) { m_codePage = fixed ? fixed : number.value_or(0); }
     void DefaultFont(int, Number number) { Look().font = m_defaultFont = number.value_or(0); }
+    void DefaultTab(int, Number number) {
+        m_defaultTab = std::clamp(number.value_or(0), 1, kLongest);
+    }
     void Font(int, Number number);
     void FontPage(int fromCharset, Number number);
     void FontSize(int, Number number);
@@ -129,9 +133,11 @@ private:
     std::vector<Group> m_groups;
     int m_codePage = kRtfWestern;
     int m_defaultFont = -1;
+    int m_defaultTab = 720;         ///< twips between tabs where a paragraph has none of its own
     std::map<int, int> m_fontPages; ///< code pages by the font's number
     FontEntry m_font;               ///< being read
     std::optional<QRgb> m_color;    ///< being read
+    QString m_label;                ///< of a list's paragraph, being read
     QByteArray m_bytes;             ///< in the code page of the font, not yet text
     int m_toSkip = 0;               ///< characters that stand for the last \u
     bool m_afterStar = false;

@@ -65,7 +65,8 @@ TEST(RtfReader, TellsTheTextFromTheRest) {
          "{\\pict\\bin4 }}\\\\{\\u233 ?}}b{\\field{\\*\\fldinst HYPERLINK}{\\*\\fldrslt c}}\\nada5 "
          "d",
          u"abcd"_s},
-        {"{\\v oculto}a{\\pntext 1.\\tab}b", u"a1.\tb"_s},
+        {"{\\v oculto}a{\\pntext 1.{\\tab}}b{\\listtext\\tab}c{\\listtext\\fi-9\\tab}d",
+         u"a1.\tbc\td"_s},
         {"\\trowd\\cellx900\\cellx1800\\intbl a\\par b\\par\\cell\\cell "
          "c\\cell\\row\\trowd\\cell\\row"
          "\\pard d",
@@ -148,7 +149,7 @@ TEST(RtfReader, LengthsAreTrueOnAnyDevice) {
         device.setDotsPerMeterY(qRound(dpi / 0.0254));
         QTextDocument document;
         ReadRtf("{\\rtf1\\li1440\\fi-720\\ri2880\\tx2880\\sb1440\\sl-720 a\\tab\\tab b\\line c"
-                "\\par\\pard\\qr\\ri1440\\sb1440 d}",
+                "\\par\\pard\\qr\\ri1440\\sb1440 d\\par\\pard\\deftab2160\\tab e}",
                 document);
         SetTargetDevice(document, device);
         document.setDocumentMargin(0);
@@ -163,8 +164,9 @@ TEST(RtfReader, LengthsAreTrueOnAnyDevice) {
         EXPECT_NEAR(first.lineAt(0).cursorToX(3) / dpi, 2, close);
         EXPECT_NEAR(first.lineAt(1).x() / dpi, 1, close);
         EXPECT_NEAR(first.lineAt(1).width() / dpi, 8 - 1 - 2, close);
-        const QTextBlock second = document.lastBlock();
+        const QTextBlock second = document.firstBlock().next();
         EXPECT_NEAR(second.layout()->lineAt(0).cursorToX(1) / dpi, 7, close);
         EXPECT_NEAR(top(second) - top(document.firstBlock()), 2 * 0.5 + 1, close);
+        EXPECT_NEAR(document.lastBlock().layout()->lineAt(0).cursorToX(1) / dpi, 1.5, close);
     }
 }
