@@ -19,7 +19,8 @@ enum class RtfResult {
 /// becomes one paragraph with a tab between cells.
 ///
 /// Font sizes are in points; lengths (indents, spacing, tabs) in the pixels of DocumentDotsPerInch,
-/// fractions kept. To print the document, call SetTargetDevice. Its own margin is left as it is.
+/// fractions kept. To print the document, call SetTargetDevice. Its own margin is left as it is,
+/// its default text option gets the file's distance of tabs.
 ///
 /// A \par at the very end opens no further paragraph. Tab positions count from where the first line
 /// starts. The space before a block includes the space after the one above, which RTF adds up.
