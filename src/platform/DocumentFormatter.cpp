@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/DocumentFormatter.h"
 
+#include "platform/TargetDevice.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QTextBlock>
@@ -77,19 +79,18 @@ private:
 void DocumentFormatter::LayOut(const QTextDocument& document, QPaintDevice& device,
                                double lineWidth) {
     const int width = static_cast<int>(ToPixels({0, 0, lineWidth, 0}, device).width());
-    const bool same = m_copy && m_revision == document.revision();
-    if (same && m_width == width && m_resolution == ResolutionOf(device)) {
+    if (m_copy && m_revision == document.revision() && m_width == width &&
+        m_resolution == ResolutionOf(device)) {
         m_copy->documentLayout()->setPaintDevice(&device);
         return;
     }
-    if (!same)
-        m_copy.reset(document.clone());
+    m_copy.reset(document.clone());
     m_revision = document.revision();
     m_width = width;
     m_resolution = ResolutionOf(device);
     m_copy->setDocumentMargin(0);
     m_copy->setDefaultTextOption(document.defaultTextOption());
-    m_copy->documentLayout()->setPaintDevice(&device);
+    SetTargetDevice(*m_copy, device);
     m_copy->setTextWidth(std::max(width, 1));
 }
 

@@ -1,17 +1,41 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/RichTextBox.h"
 
+#include "platform/Failure.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/RtfReader.h"
 #include "platform/TextEncoding.h"
 
 namespace platform {
 
-RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent) {
-    setAcceptRichText(true);
+RichTextBox::RichTextBox(QWidget* parent)
+    : QTextEdit(parent), m_plainOption(document()->defaultTextOption()) {
     setTabChangesFocus(true);
+    QPalette paper = palette(); // on paper under a dark desktop too
+    paper.setColor(QPalette::Base, Qt::white);
+    paper.setColor(QPalette::Text, Qt::black);
+    setPalette(paper);
 }
 
 void RichTextBox::LoadFile(const QString& path) {
-    setPlainText(FromUtf8(ReadTextFile(path).utf8));
+    const QByteArray bytes = ReadFile(path);
+    const RtfResult result = ReadRtf(bytes, *document());
+    if (result == RtfResult::NotRtf)
+        LoadPlainText(ReadTextFile(path).utf8);
+    moveCursor(QTextCursor::Start);
+    if (result == RtfResult::Truncated || result == RtfResult::TooDeep)
+        throw Failure(FailureCode::InvalidText, QStringLiteral("RichTextBox"),
+                      QStringLiteral("El archivo \"%1\" está dañado o incompleto: se muestra lo "
+                                     "que se ha podido leer.")
+                          .arg(DisplayText(path)));
+}
+
+void RichTextBox::LoadPlainText(const QByteArray& utf8) {
+    clear();
+    setCurrentCharFormat({});
+    document()->setDefaultTextOption(m_plainOption);
+    setPlainText(FromUtf8(utf8));
 }
 
 QString RichTextBox::Text() const {

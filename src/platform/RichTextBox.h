@@ -4,6 +4,7 @@
 #include "platform/DocumentFormatter.h"
 
 #include <QTextEdit>
+#include <QTextOption>
 
 namespace platform {
 
@@ -15,7 +16,7 @@ public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
     /// Shows a file of the Rich Text Format, else of plain text, by program path. On a failure the
-    /// old text stays.
+    /// old text stays, but of a damaged file what could be read is shown.
     void LoadFile(const QString& path);
 
     QString Text() const override;
@@ -24,6 +25,9 @@ public:
     void ReleaseFormat() override;
 
 private:
+    void LoadPlainText(const QByteArray& utf8);
+
+    QTextOption m_plainOption; ///< RTF brings its own distance of tabs
     DocumentFormatter m_formatter;
 };
 

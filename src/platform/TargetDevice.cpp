@@ -23,6 +23,8 @@ void SetTargetDevice(QTextDocument& document, QPaintDevice& device) {
     cursor.beginEditBlock();
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         QTextBlockFormat format = block.blockFormat();
+        if (format.leftMargin() == 0 && format.rightMargin() == 0 && format.textIndent() == 0)
+            continue;
         format.setLeftMargin(format.leftMargin() * factor);
         format.setRightMargin(format.rightMargin() * factor);
         format.setTextIndent(format.textIndent() * factor);

@@ -105,6 +105,31 @@ TEST_F(ImprimirTest, EveryLineIsPrintedOnceWithinTheMargins) {
     EXPECT_NEAR((number.top + number.bottom) / 2, 842 - 12.5, 3);
 }
 
+TEST_F(ImprimirTest, RichTextIsPrintedInItsOwnShape) {
+    home.Put("carta.rtf",
+             "{\\rtf1{\\fonttbl{\\f0 Arial;}}\\f0\\fs24 uno\\par\\li1440\\fs48 dos\\par"
+             "\\page tres\\par}");
+    dialogs.ExpectName(u"C:\\carta.rtf"_s);
+    Click("Command1");
+    Set("Text2", QString());
+    Click("Command2");
+    const QMultiHash<QString, Word> words = Words();
+    EXPECT_NEAR(words.value(u"uno"_s).left, 25, 1);
+    EXPECT_NEAR(words.value(u"dos"_s).left, 25 + 72, 2);
+    EXPECT_NEAR(words.value(u"dos"_s).bottom - words.value(u"dos"_s).top, 24 * 1.15, 4);
+    EXPECT_EQ(words.value(u"dos"_s).page, 1);
+    EXPECT_EQ(words.value(u"tres"_s).page, 2);
+    home.Put("rota.rtf", "{\\rtf1 a\\b b");
+    dialogs.ExpectName(u"C:\\rota.rtf"_s);
+    dialogs.Expect(u"incompleto"_s, platform::Answer::Ok);
+    Click("Command1");
+    EXPECT_EQ(text->toPlainText(), u"ab"_s);
+    home.Put("llana.txt", "c");
+    dialogs.ExpectName(u"C:\\llana.txt"_s);
+    Click("Command1");
+    EXPECT_EQ(text->fontWeight(), QFont::Normal);
+}
+
 TEST_F(ImprimirTest, WhatCannotBeReadOrPrintedIsSaid) {
     text->setPlainText(u"viejo"_s);
     dialogs.ExpectName(u"C:\\falta.rtf"_s);
