@@ -20,6 +20,7 @@ Failure PrinterFailure(const QString& text) {
 
 std::unique_ptr<QPrinter> NewDevice() {
     auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    device->setDocName(QStringLiteral("Quillmark"));
     ApplyPrinterSetup(*device);
     return device;
 }
