@@ -37,6 +37,8 @@ public:
 
     /// True while the caption still is that of a script without a file.
     bool SinGuardar() const;
+    /// The program path of its file; empty before the first saving.
+    const QString& Ruta() const { return m_ruta; }
     /// Loads the file into the editor; fails as OpenFile does. The caption is the caller's.
     void Abrir(const QString& ruta);
     /// Writes the text to the path, which becomes the document's; fails as SaveFile does.
@@ -62,7 +64,7 @@ private:
     MarcoDocumentos& m_marco;
     shared::ValoresCompartidos& m_compartido;
     CodeMax* m_txtFile;
-    QString m_ruta; // program path; empty before the first saving
+    QString m_ruta;
 };
 
 /// The save dialog's filter for scripts of this program.

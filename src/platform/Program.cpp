@@ -41,11 +41,18 @@ fs::path ChooseFolder(const fs::path& executable) {
     return fs::path(data.toStdString()) / "quillmark";
 }
 
-// Under another name first, so that a half copied file never passes for the whole one.
+// Under another name first, so that a half copied file never passes for the whole one. A program
+// is linked where the file system can, so that it stays the one that is installed.
 void CopyFile(const fs::path& from, const fs::path& to) {
     const fs::path fresh = to.native() + ".new";
-    fs::copy_file(from, fresh, fs::copy_options::overwrite_existing);
-    fs::permissions(fresh, fs::perms::owner_write, fs::perm_options::add);
+    std::error_code error;
+    fs::remove(fresh, error);
+    if (CanRun(from))
+        fs::create_symlink(from, fresh, error);
+    if (!CanRun(from) || error) {
+        fs::copy_file(from, fresh, fs::copy_options::overwrite_existing);
+        fs::permissions(fresh, fs::perms::owner_write, fs::perm_options::add);
+    }
     fs::rename(fresh, to);
 }
 

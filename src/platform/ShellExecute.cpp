@@ -31,14 +31,40 @@ std::vector<std::string> Words(const Command& command, const fs::path& file) {
     return words;
 }
 
+// The texts as a list for the system, which lasts as long as they do.
+std::vector<char*> Pointers(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+// Ours and the other; the first of a name counts.
+std::vector<std::string> Whole(const Environment& environment) {
+    std::vector<std::string> whole;
+    for (const auto& [name, value] : environment)
+        whole.push_back(name + '=' + value);
+    for (char** own = environ; *own; ++own)
+        whole.emplace_back(*own);
+    return whole;
+}
+
+struct Invocation {
+    char* const* arguments;
+    char* const* environment;
+    const char* folder;
+};
+
 // Turns into the program, or tells through the pipe why not.
-[[noreturn]] void Become(char* const* arguments, const char* folder, int report) {
+[[noreturn]] void Become(const Invocation& call, int report) {
     const int nowhere = ::open("/dev/null", O_RDWR);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         ::dup2(nowhere, stream);
     ::signal(SIGPIPE, SIG_DFL); // which the toolkit may have set aside
-    if (::chdir(folder) == 0)
-        ::execvp(arguments[0], arguments);
+    if (::chdir(call.folder) == 0)
+        ::execvpe(call.arguments[0], call.arguments, call.environment);
     const int error = errno;
     [[maybe_unused]] const ssize_t told = ::write(report, &error, sizeof error);
     ::_exit(EXIT_FAILURE);
@@ -46,7 +72,7 @@ std::vector<std::string> Words(const Command& command, const fs::path& file) {
 
 // Answers 0, or the error with which it could not be started. The toolkit's own start takes texts,
 // which can't hold every name of a file; this one takes the bytes.
-int StartDetached(char* const* arguments, const char* folder) {
+int StartDetached(const Invocation& call) {
     std::array<int, 2> report{};
     if (::pipe2(report.data(), O_CLOEXEC) != 0)
         return errno;
@@ -55,7 +81,7 @@ int StartDetached(char* const* arguments, const char* folder) {
         ::setsid();
         // Whose parent has gone is nobody's to wait for.
         if (::fork() == 0)
-            Become(arguments, folder, report[1]);
+            Become(call, report[1]);
         ::_exit(EXIT_SUCCESS);
     }
     int error = middle < 0 ? errno : 0;
@@ -68,14 +94,13 @@ int StartDetached(char* const* arguments, const char* folder) {
     return error;
 }
 
-void Start(const Command& command, const fs::path& file) {
+void Start(const Command& command, const fs::path& file, const Environment& environment) {
     std::vector<std::string> words = Words(command, file);
-    std::vector<char*> arguments;
-    arguments.reserve(words.size() + 1);
-    for (std::string& word : words)
-        arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    if (const int error = StartDetached(arguments.data(), file.parent_path().c_str()))
+    std::vector<std::string> whole = Whole(environment);
+    const fs::path folder = file.parent_path();
+    const std::vector<char*> arguments = Pointers(words);
+    const std::vector<char*> variables = Pointers(whole);
+    if (const int error = StartDetached({arguments.data(), variables.data(), folder.c_str()}))
         qCWarning(lcQuillmark) << "not started:" << arguments.front() << ErrorText(error);
 }
 
@@ -88,8 +113,8 @@ Command CommandFor(const QString& file) {
 
 } // namespace
 
-void ShellExecuteA(const QString& file) {
-    RunSilently([&] { Start(CommandFor(file), ToNative(file)); });
+void ShellExecuteA(const QString& file, const Environment& environment) {
+    RunSilently([&] { Start(CommandFor(file), ToNative(file), environment); });
 }
 
 } // namespace platform

@@ -362,7 +362,9 @@ void MDIForm1::ejecutar_lua_Click() {
         return;
     m_compartido.texto_temporal = documento->txtFile().Text();
     crear_temporal_click();
-    platform::ShellExecuteA(ruta_programa + QStringLiteral("temp.lua"));
+    platform::ShellExecuteA(
+        ruta_programa + QStringLiteral("temp.lua"),
+        deploy::EntornoDePrueba(documento->Ruta(), documento->Caption(), *m_compartido.fso));
 }
 
 void MDIForm1::transfer_Click() {

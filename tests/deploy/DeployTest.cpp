@@ -14,7 +14,10 @@ class DeployTest : public support::MainWindow {
 protected:
     // A player that copies the script to "visto", registered for .lua.
     void RegisterPlayer() {
-        home.Put("programa/QM/luaplayer", "#!/bin/sh\ncp \"$1\" \"$HOME/visto.new\"\n"
+        home.Put("programa/QM/luaplayer", "#!/bin/sh\n"
+                                          "echo $QUILLMARK_SCRIPT_FOLDER $QUILLMARK_SCRIPT_NAME"
+                                          " >\"$HOME/entorno\"\n"
+                                          "cp \"$1\" \"$HOME/visto.new\"\n"
                                           "mv \"$HOME/visto.new\" \"$HOME/visto\"\n");
         fs::permissions(home.Root() / "programa/QM/luaplayer", fs::perms::owner_all);
         platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".lua"_s, u"c"_s);
@@ -46,11 +49,16 @@ TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
     EXPECT_EQ(Temporal(), "xa\xF1o\n\r\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("visto") == "xa\xF1o\n\r\n"; }));
     EXPECT_EQ(home.Get("juego.lua"), "a\xF1o\n");
+    EXPECT_EQ(home.Get("entorno").toStdString(), home.Root().native() + " juego.lua\n");
+    fs::remove(home.Root() / "visto");
     Press("mnuarchivonuevo");
     EXPECT_EQ(Temporal(), "xa\xF1o\n\r\n"); // still that of the last run
     Active()->txtFile().Text(u"→ñ"_s);
     Press("ejecutar_lua");
     EXPECT_EQ(Temporal(), u"→ñ\r\n"_s.toUtf8());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(home.Root() / "visto"); }));
+    EXPECT_EQ(home.Get("entorno").toStdString(),
+              home.Root().native() + "/programa/QM/pruebas Nuevo script 3\n");
     Active()->txtFile().Text(u"otro"_s);
     Press("mnuopcionesconfiguracion");
     Press("ejecutar_lua"); // a tool window: nothing

@@ -15,7 +15,13 @@ TEST(Program, ItsFolderIsFilledWithoutTouchingWhatIsThere) {
     home.Put("prefijo/share/quillmark/Code/codea", "ejemplo");
     home.Put("programa/config.ini", "del usuario");
     fs::permissions(home.Root() / "prefijo/share/quillmark/Code/codea", fs::perms(0444));
+    home.Put("prefijo/share/quillmark/QM/jugar", "#!/bin/sh");
+    fs::permissions(home.Root() / "prefijo/share/quillmark/QM/jugar", fs::perms(0755));
+    fs::create_directories(home.Root() / "programa/QM");
+    fs::create_symlink("/no/hay", home.Root() / "programa/QM/jugar"); // of a former installation
     PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
+    EXPECT_TRUE(CanRun(home.Root() / "programa/QM/jugar"));
+    EXPECT_TRUE(fs::is_symlink(home.Root() / "programa/QM/jugar"));
     EXPECT_EQ(ProgramFolder(), u"C:\\programa"_s);
     EXPECT_EQ(home.Get("programa/config.ini"), "del usuario");
     EXPECT_EQ(home.Get("programa/Code/codea"), "ejemplo");
