@@ -45,7 +45,7 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 std::vector<std::string> Whole(const Environment& environment) {
     std::vector<std::string> whole;
     for (const auto& [name, value] : environment)
-        whole.push_back(name + '=' + value);
+        whole.emplace_back(name).append("=").append(value);
     for (char** own = environ; *own; ++own)
         whole.emplace_back(*own);
     return whole;

@@ -132,8 +132,8 @@ void SystemPrinter::Print(const QString& text) {
     m_painter.setFont(m_font);
     m_painter.setPen(Qt::black);
     const QFontMetricsF metrics(m_font, m_device.get());
-    const QPointF place(m_x * m_device->logicalDpiX() / kTwipsPerInch,
-                        m_y * m_device->logicalDpiY() / kTwipsPerInch + metrics.ascent());
+    const QPointF place(double{m_x} * m_device->logicalDpiX() / kTwipsPerInch,
+                        double{m_y} * m_device->logicalDpiY() / kTwipsPerInch + metrics.ascent());
     if (!text.isEmpty())
         m_painter.drawText(place, text);
     m_x = 0;
