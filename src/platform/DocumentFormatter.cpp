@@ -6,12 +6,17 @@
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextLayout>
+#include <algorithm>
 
 namespace platform {
 namespace {
 
 constexpr double kTwipsPerInch = 1440;
+constexpr double kWidest = 10'000'000; // pixels, as the toolkit can count
+constexpr int kBlocks = 256;           // of a piece
+constexpr qsizetype kCharactersOfABlock = 256;
 
 QSize ResolutionOf(const QPaintDevice& device) {
     return {device.logicalDpiX(), device.logicalDpiY()};
@@ -27,8 +32,22 @@ bool BreaksPage(const QTextBlock& block) {
     return block.blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore;
 }
 
+// Copies a paragraph to the end. It stands by itself there, whatever table or list it came from.
+void Append(const QTextBlock& block, QTextCursor& end, bool first) {
+    QTextBlockFormat format = block.blockFormat();
+    format.clearProperty(QTextFormat::ObjectIndex);
+    if (!first)
+        end.insertBlock();
+    end.setBlockFormat(format);
+    end.setBlockCharFormat(block.charFormat());
+    for (auto it = block.begin(); !it.atEnd(); ++it)
+        end.insertText(it.fragment().text(), it.fragment().charFormat());
+}
+
+} // namespace
+
 // Goes through the lines of a document from a character on.
-class Lines {
+class DocumentFormatter::Lines {
 public:
     Lines(const QTextDocument& document, qsizetype first)
         : m_layout(document.documentLayout()),
@@ -74,52 +93,91 @@ private:
     QTextLine m_line;
 };
 
-} // namespace
-
 void DocumentFormatter::LayOut(const QTextDocument& document, QPaintDevice& device,
                                double lineWidth) {
-    const int width = static_cast<int>(ToPixels({0, 0, lineWidth, 0}, device).width());
-    if (m_copy && m_revision == document.revision() && m_width == width &&
-        m_resolution == ResolutionOf(device)) {
-        m_copy->documentLayout()->setPaintDevice(&device);
-        return;
-    }
-    m_copy.reset(document.clone());
+    const double pixels = ToPixels({0, 0, lineWidth, 0}, device).width();
+    const int width = static_cast<int>(std::clamp(pixels, 1.0, kWidest));
+    const bool same = m_document == &document && m_revision == document.revision() &&
+                      m_width == width && m_resolution == ResolutionOf(device);
+    m_document = &document;
+    m_device = &device;
     m_revision = document.revision();
     m_width = width;
     m_resolution = ResolutionOf(device);
-    m_copy->setDocumentMargin(0);
-    m_copy->setDefaultTextOption(document.defaultTextOption());
-    SetTargetDevice(*m_copy, device);
-    m_copy->setTextWidth(std::max(width, 1));
+    if (!same)
+        m_piece.reset();
+    if (m_piece)
+        m_piece->documentLayout()->setPaintDevice(&device);
 }
 
-qsizetype DocumentFormatter::Render(const FormatRange& range) const {
+// Takes the paragraph of that character and those that follow it.
+void DocumentFormatter::TakePiece(qsizetype first, int blocks) {
+    QTextBlock block = m_document->findBlock(static_cast<int>(first));
+    m_start = block.position();
+    const qsizetype most = block.position() + block.length() + blocks * kCharactersOfABlock;
+    m_piece = std::make_unique<QTextDocument>();
+    m_piece->setUndoRedoEnabled(false);
+    m_piece->setDefaultFont(m_document->defaultFont());
+    m_piece->setDefaultTextOption(m_document->defaultTextOption());
+    m_piece->setDocumentMargin(0);
+    QTextCursor cursor(m_piece.get());
+    cursor.beginEditBlock();
+    Append(block, cursor, true);
+    for (block = block.next(); block.isValid() && --blocks > 0 && block.position() < most;
+         block = block.next())
+        Append(block, cursor, false);
+    cursor.endEditBlock();
+    m_end = block.isValid() ? block.position() : m_document->characterCount();
+    SetTargetDevice(*m_piece, *m_device);
+    m_piece->setTextWidth(m_width);
+}
+
+qsizetype DocumentFormatter::Render(const FormatRange& range) {
     QPainter& painter = *range.hdc;
     const QRectF rectangle = ToPixels(range.rc, *painter.device());
-    const qsizetype length = m_copy->characterCount() - 1;
+    const qsizetype length = m_document->characterCount() - 1;
     const qsizetype end = range.cpMax < 0 ? length : std::min(range.cpMax, length);
     if (range.cpMin >= end)
         return end;
+    if (rectangle.width() <= 0)
+        return range.cpMin;
+    if (!m_piece || range.cpMin < m_start || range.cpMin >= m_end)
+        TakePiece(range.cpMin, kBlocks);
+    std::vector<Lines> page;
+    std::optional<qsizetype> next = PageFrom(range.cpMin, end, rectangle.height(), page);
+    for (int blocks = kBlocks; !next; blocks *= 2) {
+        TakePiece(range.cpMin, blocks);
+        next = PageFrom(range.cpMin, end, rectangle.height(), page);
+    }
     painter.setPen(Qt::black);
-    Lines line(*m_copy, range.cpMin);
+    for (const Lines& line : page)
+        line.Draw(painter, rectangle.topLeft() - QPointF(0, page.front().Top()));
+    return *next;
+}
+
+// The lines that fit, and the first character that doesn't; none if the piece ends before.
+std::optional<qsizetype> DocumentFormatter::PageFrom(qsizetype first, qsizetype end, double height,
+                                                     std::vector<Lines>& page) const {
+    page.clear();
+    Lines line(*m_piece, first - m_start);
     const double top = line.AtEnd() ? 0 : line.Top();
     for (; !line.AtEnd(); line.Next()) {
-        const qsizetype position = line.Position();
-        const bool started = position > range.cpMin;
+        const qsizetype position = m_start + line.Position();
+        const bool started = position > first;
         if (started && position >= end)
             return end;
-        if (line.Bottom() - top > rectangle.height())
+        if (line.Bottom() - top > height)
             return position;
         if (started && line.StartsBlock() && BreaksPage(line.Block()))
             return position;
-        line.Draw(painter, rectangle.topLeft() - QPointF(0, top));
+        page.push_back(line);
     }
-    return end;
+    return m_end >= end ? std::optional(end) : std::nullopt;
 }
 
 void DocumentFormatter::Release() {
-    m_copy.reset();
+    m_piece.reset();
+    m_document = nullptr;
 }
 
 } // namespace platform
