@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "LuaHost.h"
+
+#include "api/Api.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace player {
+namespace {
+
+constexpr int kStepsBetweenLooks = 10000;
+
+// The end of the script asked for: this one error passes through every pcall of the script,
+// because the next step of whoever caught it raises it again.
+int Interrupt(lua_State* L);
+
+void Look(lua_State* L, lua_Debug*) {
+    if (PlayerOf(L).stage.Stopping())
+        Interrupt(L);
+}
+
+int Interrupt(lua_State* L) {
+    lua_sethook(L, Look, LUA_MASKCOUNT, 1);
+    lua_pushliteral(L, "interrumpido");
+    return lua_error(L);
+}
+
+void* Allocate(void* data, void* block, size_t before, size_t after) {
+    Memory& memory = static_cast<Player*>(data)->memory;
+    if (after == 0) {
+        memory.Remove(before);
+        std::free(block);
+        return nullptr;
+    }
+    if (after > before && memory.native == 0 && !memory.Fits(after - before))
+        return nullptr;
+    void* const made = std::realloc(block, after);
+    if (made) {
+        memory.Remove(before);
+        memory.Add(after);
+    } else if (memory.native > 0) {
+        std::abort(); // better than an error that would jump over destructors
+    }
+    return made;
+}
+
+enum class Outcome { Returned, Failed, Ended };
+
+// No Lua error may leave this, and no object with a destructor may be in Guarded.
+Outcome Run(lua_State* L, Player& player, Function function, int& results) {
+    ++player.memory.native;
+    Outcome outcome = Outcome::Returned;
+    try {
+        results = function(L, player);
+    } catch (const ScriptEnd& end) {
+        player.exitCode = end.code;
+        player.stage.Stop();
+        outcome = Outcome::Ended;
+    } catch (const std::exception& error) {
+        lua_settop(L, 0);
+        luaL_where(L, 1);
+        lua_pushstring(L, error.what());
+        lua_concat(L, 2);
+        outcome = Outcome::Failed;
+    }
+    if (outcome == Outcome::Returned && player.memory.Over())
+        lua_gc(L, LUA_GCCOLLECT, 0);
+    --player.memory.native;
+    return outcome;
+}
+
+int Trace(lua_State* L) {
+    lua_settop(L, 1);
+    if (!lua_isstring(L, 1)) {
+        lua_pushliteral(L, "(el error no es un texto)");
+        lua_replace(L, 1);
+    }
+    lua_getfield(L, LUA_REGISTRYINDEX, "traceback");
+    lua_pushvalue(L, 1);
+    lua_pushinteger(L, 2);
+    lua_call(L, 2, 1);
+    lua_createtable(L, 2, 0);
+    lua_insert(L, 1);
+    lua_rawseti(L, 1, 2);
+    lua_rawseti(L, 1, 1);
+    return 1;
+}
+
+std::string Field(lua_State* L, int table, int index) {
+    lua_rawgeti(L, table, index);
+    size_t size = 0;
+    const char* const text = lua_tolstring(L, -1, &size);
+    const std::string result = text ? std::string(text, size) : "";
+    lua_pop(L, 1);
+    return result;
+}
+
+Failure Describe(lua_State* L, Player& player, int status, const std::string& name) {
+    if (status == LUA_ERRRUN && lua_istable(L, -1)) {
+        Failure failure{Field(L, -1, 1), Field(L, -1, 2)};
+        if (failure.traceback.starts_with(failure.message))
+            failure.traceback.erase(0, failure.message.size() + 1);
+        return failure;
+    }
+    if (status == LUA_ERRMEM)
+        return {name + ": memoria agotada (el límite es de " +
+                    std::to_string(player.memory.Limit() >> 20) + " MB)",
+                ""};
+    const char* const text = lua_tostring(L, -1);
+    return {text ? text : name + ": error sin mensaje", ""};
+}
+
+int Open(lua_State* L) {
+    OpenLibraries(L, PlayerOf(L));
+    return 0;
+}
+
+} // namespace
+
+Player& PlayerOf(lua_State* L) {
+    void* data = nullptr;
+    lua_getallocf(L, &data);
+    return *static_cast<Player*>(data);
+}
+
+int Guarded(lua_State* L, Function function) {
+    Player& player = PlayerOf(L);
+    int results = 0;
+    switch (Run(L, player, function, results)) {
+    case Outcome::Ended:
+        return Interrupt(L);
+    case Outcome::Failed:
+        return lua_error(L);
+    case Outcome::Returned:
+        break;
+    }
+    if (player.memory.native == 0 && player.memory.Over())
+        return luaL_error(L, "memoria agotada");
+    return results;
+}
+
+Share Reserve(lua_State* L, std::size_t bytes) {
+    Memory& memory = PlayerOf(L).memory;
+    if (!memory.Fits(bytes))
+        lua_gc(L, LUA_GCCOLLECT, 0);
+    if (!memory.Fits(bytes))
+        throw ScriptError("memoria agotada (el límite es de " +
+                          std::to_string(memory.Limit() >> 20) + " MB)");
+    return {memory, bytes};
+}
+
+void Load(lua_State* L, std::string_view source, const std::string& name) {
+    if (source.starts_with("\xEF\xBB\xBF"))
+        source.remove_prefix(3);
+    if (source.starts_with('#')) // stays a line, as errors count it
+        source.remove_prefix(std::min(source.find('\n'), source.size()));
+    if (source.starts_with(LUA_SIGNATURE[0]))
+        throw ScriptError(name + ": es un programa compilado, y solo se admite el texto");
+    if (luaL_loadbuffer(L, source.data(), source.size(), ("@" + name).c_str()) != 0)
+        throw ScriptError(lua_tostring(L, -1));
+}
+
+LuaHost::LuaHost(Player& player) : player_(player), state_(lua_newstate(&Allocate, &player)) {
+    if (!state_)
+        throw std::bad_alloc();
+    ++player_.memory.native;
+    lua_cpcall(state_, &Open, nullptr);
+    --player_.memory.native;
+    lua_sethook(state_, Look, LUA_MASKCOUNT, kStepsBetweenLooks);
+}
+
+LuaHost::~LuaHost() {
+    lua_close(state_);
+}
+
+std::optional<Failure> LuaHost::Run(const std::string& source, const std::string& name) {
+    ++player_.memory.native;
+    lua_pushcfunction(state_, &Trace);
+    int status = LUA_ERRSYNTAX;
+    try {
+        Load(state_, source, name);
+        status = 0;
+    } catch (const ScriptError& error) {
+        lua_pushstring(state_, error.what());
+    }
+    --player_.memory.native;
+    if (status == 0)
+        status = lua_pcall(state_, 0, 0, 1);
+    ++player_.memory.native;
+    std::optional<Failure> failure;
+    if (status != 0 && !player_.stage.Stopping())
+        failure = Describe(state_, player_, status, name);
+    --player_.memory.native;
+    return failure;
+}
+
+} // namespace player

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Folder.h"
+#include "Memory.h"
+#include "Options.h"
+#include "Stage.h"
+
+namespace player {
+
+/// All that the libraries of a script work on.
+struct Player {
+    explicit Player(Options given)
+        : options(std::move(given)), memory(options.memory), folder(options.folder) {}
+
+    Options options;
+    Memory memory;
+    Stage stage;
+    Folder folder;
+    int exitCode = 0;
+};
+
+} // namespace player

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Stage.h"
+
+#include <cstdio>
+
+namespace player {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kFramesPerSecond = 60;
+constexpr size_t kLines = 400;
+constexpr size_t kLongestLine = 400;
+
+} // namespace
+
+void Stage::Stop() {
+    {
+        const std::lock_guard lock(mutex_);
+        stopping_ = true;
+    }
+    wake_.notify_all();
+}
+
+bool Stage::WaitUntil(Clock::time_point when) {
+    std::unique_lock lock(mutex_);
+    wake_.wait_until(lock, when, [this] { return stopping_.load(); });
+    return !stopping_;
+}
+
+void Stage::Show(const std::vector<std::uint32_t>& pixels) {
+    {
+        const std::lock_guard lock(mutex_);
+        if (stopping_)
+            return;
+        if (shown_ != pixels) {
+            shown_ = pixels;
+            ++version_;
+        }
+    }
+    CountFrame(flips_, 1);
+}
+
+void Stage::WaitFrames(int count) {
+    if (!hurry_) {
+        const std::chrono::duration<double> since = Clock::now() - start_;
+        const auto frame = static_cast<std::int64_t>(since.count() * kFramesPerSecond) + count;
+        WaitUntil(start_ + std::chrono::nanoseconds(frame * 1'000'000'000 / kFramesPerSecond + 1));
+    }
+    CountFrame(waits_, count);
+}
+
+// A frame is a picture shown or a wait, whichever the script does more of.
+void Stage::CountFrame(int& counter, int by) {
+    counter += by;
+    if (limit_ > 0 && counter >= limit_)
+        Stop();
+}
+
+void Stage::LimitFrames(int count) {
+    limit_ = count;
+}
+
+void Stage::Print(const std::string& text) {
+    std::fwrite(text.data(), 1, text.size(), stdout);
+    std::fflush(stdout);
+    const std::lock_guard lock(mutex_);
+    for (const char c : text) {
+        if (c != '\n' && line_.size() < kLongestLine) {
+            line_ += c;
+        } else if (c == '\n') {
+            lines_.push_back(std::move(line_));
+            line_.clear();
+            if (lines_.size() > kLines)
+                lines_.pop_front();
+        }
+    }
+}
+
+bool Stage::Take(std::vector<std::uint32_t>& pixels, std::uint64_t& seen) {
+    const std::lock_guard lock(mutex_);
+    if (seen == version_)
+        return false;
+    pixels = shown_;
+    seen = version_;
+    return true;
+}
+
+std::deque<std::string> Stage::Lines() const {
+    const std::lock_guard lock(mutex_);
+    return lines_;
+}
+
+} // namespace player

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "api/Api.h"
+
+#include "Userdata.h"
+
+#include <array>
+#include <cstdio>
+
+namespace player {
+namespace {
+
+constexpr luaL_Reg kLuaLibraries[] = {
+    {"", luaopen_base},
+    {LUA_TABLIBNAME, luaopen_table},
+    {LUA_STRLIBNAME, luaopen_string},
+    {LUA_MATHLIBNAME, luaopen_math},
+};
+
+// What reads files or compiled programs, and what would let a script run its own code while
+// memory is freed.
+constexpr std::array kRemoved = {"newproxy", "loadfile", "dofile", "load", "loadstring"};
+
+int Print(lua_State* L, Player& player) {
+    std::string line;
+    const int count = lua_gettop(L);
+    for (int i = 1; i <= count; ++i) {
+        size_t size = 0;
+        const char* const text = lua_tolstring(L, i, &size);
+        line.append(text, size).append(i < count ? "\t" : "\n");
+    }
+    player.stage.Print(line);
+    return 0;
+}
+
+// Turns the values into texts with tostring first, which may be the script's own.
+int PrintAll(lua_State* L) {
+    const int count = lua_gettop(L);
+    for (int i = 1; i <= count; ++i) {
+        lua_getglobal(L, "tostring");
+        lua_pushvalue(L, i);
+        lua_call(L, 1, 1);
+        if (!lua_isstring(L, -1))
+            return luaL_error(L, "'tostring' debe devolver un texto");
+        lua_replace(L, i);
+    }
+    return Guarded(L, &Print);
+}
+
+int LoadText(lua_State* L, Player&) {
+    try {
+        Load(L, Text(L, 1), Given(L, 2) ? Text(L, 2) : "texto");
+    } catch (const ScriptError& error) {
+        lua_pushnil(L);
+        lua_pushstring(L, error.what());
+        return 2;
+    }
+    return 1;
+}
+
+// Of the debug library only what can't undo the player's own hook and limits.
+void OpenDebug(lua_State* L) {
+    lua_pushcfunction(L, luaopen_debug);
+    lua_pushstring(L, LUA_DBLIBNAME);
+    lua_call(L, 1, 0);
+    lua_getglobal(L, LUA_DBLIBNAME);
+    lua_getfield(L, -1, "traceback");
+    lua_pushvalue(L, -1);
+    lua_setfield(L, LUA_REGISTRYINDEX, "traceback");
+    lua_newtable(L);
+    lua_insert(L, -2);
+    lua_setfield(L, -2, "traceback");
+    lua_setglobal(L, LUA_DBLIBNAME);
+    lua_pop(L, 1);
+}
+
+void OpenLua(lua_State* L) {
+    for (const luaL_Reg& library : kLuaLibraries) {
+        lua_pushcfunction(L, library.func);
+        lua_pushstring(L, library.name);
+        lua_call(L, 1, 0);
+    }
+    for (const char* name : kRemoved) {
+        lua_pushnil(L);
+        lua_setglobal(L, name);
+    }
+    OpenDebug(L);
+    lua_register(L, "print", &PrintAll);
+    lua_register(L, "loadstring", &Call<&LoadText>);
+}
+
+} // namespace
+
+void OpenLibraries(lua_State* L, Player& player) {
+    using Opener = void (*)(lua_State*, Player&);
+    constexpr Opener kOpeners[] = {
+#ifdef PLAYER_COLOR
+        &OpenColor,
+#endif
+#ifdef PLAYER_IMAGE
+        &OpenImage,
+#endif
+#ifdef PLAYER_SCREEN
+        &OpenScreen,
+#endif
+#ifdef PLAYER_FONT
+        &OpenFont,
+#endif
+#ifdef PLAYER_CONTROLS
+        &OpenControls,
+#endif
+#ifdef PLAYER_SYSTEM
+        &OpenSystem,
+#endif
+#ifdef PLAYER_MUSIC
+        &OpenMusic,
+#endif
+#ifdef PLAYER_SOUND
+        &OpenSound,
+#endif
+#ifdef PLAYER_WLAN
+        &OpenWlan,
+#endif
+#ifdef PLAYER_SOCKET
+        &OpenSocket,
+#endif
+    };
+    OpenLua(L);
+    for (const Opener open : kOpeners) {
+        open(L, player);
+        lua_settop(L, 0);
+    }
+}
+
+} // namespace player
