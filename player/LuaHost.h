@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "Failure.h"
 #include "Player.h"
 #include "ScriptError.h"
 
@@ -9,12 +10,6 @@
 #include <string>
 
 namespace player {
-
-/// What a script's error looks like.
-struct Failure {
-    std::string message; // with name and line, as Lua writes them
-    std::string traceback;
-};
 
 /// The Lua state of a script. Runs in the script's thread only.
 class LuaHost {

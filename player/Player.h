@@ -5,6 +5,7 @@
 #include "Memory.h"
 #include "Options.h"
 #include "Stage.h"
+#include "Typeface.h"
 
 namespace player {
 
@@ -17,6 +18,7 @@ struct Player {
     Memory memory;
     Stage stage;
     Folder folder;
+    CellFont cells;
     int exitCode = 0;
 };
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Stage.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <limits>
 
 namespace player {
 namespace {
@@ -9,6 +11,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int kFramesPerSecond = 60;
+constexpr int kMostFrames = std::numeric_limits<int>::max();
+constexpr std::chrono::milliseconds kMoment{8};
 constexpr size_t kLines = 400;
 constexpr size_t kLongestLine = 400;
 
@@ -38,7 +42,8 @@ void Stage::Show(const std::vector<std::uint32_t>& pixels) {
             ++version_;
         }
     }
-    CountFrame(flips_, 1);
+    notify_.notify_all();
+    CountFrames(flips_, 1);
 }
 
 void Stage::WaitFrames(int count) {
@@ -47,18 +52,27 @@ void Stage::WaitFrames(int count) {
         const auto frame = static_cast<std::int64_t>(since.count() * kFramesPerSecond) + count;
         WaitUntil(start_ + std::chrono::nanoseconds(frame * 1'000'000'000 / kFramesPerSecond + 1));
     }
-    CountFrame(waits_, count);
+    CountFrames(waits_, count);
 }
 
-// A frame is a picture shown or a wait, whichever the script does more of.
-void Stage::CountFrame(int& counter, int by) {
-    counter += by;
-    if (limit_ > 0 && counter >= limit_)
+// Waits count too, for a script that shows nothing; one that does may wait before it shows.
+void Stage::CountFrames(int& counter, int by) {
+    counter += std::min(by, kMostFrames - counter);
+    if (limit_ > 0 && (flips_ >= limit_ || waits_ > limit_))
         Stop();
 }
 
-void Stage::LimitFrames(int count) {
-    limit_ = count;
+void Stage::Finish() {
+    {
+        const std::lock_guard lock(mutex_);
+        finished_ = true;
+    }
+    notify_.notify_all();
+}
+
+void Stage::Hold(Buttons buttons) {
+    pressed_ |= buttons & ~held_;
+    held_ = buttons;
 }
 
 void Stage::Print(const std::string& text) {
@@ -69,6 +83,7 @@ void Stage::Print(const std::string& text) {
         if (c != '\n' && line_.size() < kLongestLine) {
             line_ += c;
         } else if (c == '\n') {
+            ++printed_;
             lines_.push_back(std::move(line_));
             line_.clear();
             if (lines_.size() > kLines)
@@ -78,12 +93,18 @@ void Stage::Print(const std::string& text) {
 }
 
 bool Stage::Take(std::vector<std::uint32_t>& pixels, std::uint64_t& seen) {
-    const std::lock_guard lock(mutex_);
+    std::unique_lock lock(mutex_);
+    notify_.wait_for(lock, kMoment, [&] { return seen != version_ || finished_; });
     if (seen == version_)
         return false;
     pixels = shown_;
     seen = version_;
     return true;
+}
+
+bool Stage::WaitFinished(std::chrono::milliseconds most) {
+    std::unique_lock lock(mutex_);
+    return notify_.wait_for(lock, most, [this] { return finished_.load(); });
 }
 
 std::deque<std::string> Stage::Lines() const {

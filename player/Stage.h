@@ -15,7 +15,7 @@ namespace player {
 constexpr int kWidth = 480;
 constexpr int kHeight = 272;
 
-/// One bit for each button of the console, in the order of the names in api/Controls.cpp.
+/// One bit for each button of the console, in the order of AllButtons in Pad.h.
 using Buttons = std::uint32_t;
 
 /// Where the script's thread and the window's thread meet. The script runs in a thread of its own,
@@ -32,32 +32,44 @@ public:
     void Show(const std::vector<std::uint32_t>& pixels);
     void WaitFrames(int count);
     void Print(const std::string& text);
-    Buttons Held() const { return buttons_; }
+    /// The buttons held, and those pressed since the last time, however short.
+    Buttons TakeButtons() { return held_ | pressed_.exchange(0); }
+    void Finish();
 
     /// The window's side.
-    void Hold(Buttons buttons) { buttons_ = buttons; }
+    void Hold(Buttons buttons);
+    /// Waits a moment for a picture that hasn't been seen, or for the script to finish.
     bool Take(std::vector<std::uint32_t>& pixels, std::uint64_t& seen);
+    /// False if it doesn't in time.
+    bool WaitFinished(std::chrono::milliseconds most);
+    bool Finished() const { return finished_; }
     std::deque<std::string> Lines() const;
+    std::size_t Printed() const { return printed_; }
 
-    /// Ends the script after so many frames, and doesn't wait for the clock.
-    void LimitFrames(int count);
+    /// Ends the script after so many frames; before it runs.
+    void LimitFrames(int count) { limit_ = count; }
+    /// Doesn't wait for the clock.
     void Hurry() { hurry_ = true; }
 
 private:
-    void CountFrame(int& counter, int by);
+    void CountFrames(int& counter, int by);
 
     std::atomic<bool> stopping_ = false;
     std::atomic<bool> hurry_ = false;
-    std::atomic<Buttons> buttons_ = 0;
+    std::atomic<bool> finished_ = false;
+    std::atomic<Buttons> held_ = 0;
+    std::atomic<Buttons> pressed_ = 0;
     mutable std::mutex mutex_;
-    std::condition_variable wake_;
+    std::condition_variable wake_;   // of the script
+    std::condition_variable notify_; // of the window
     std::vector<std::uint32_t> shown_ = std::vector<std::uint32_t>(kWidth * kHeight);
     std::uint64_t version_ = 1;
     std::deque<std::string> lines_;
     std::string line_;
+    std::atomic<std::size_t> printed_ = 0;
     int flips_ = 0;
     int waits_ = 0;
-    int limit_ = 0;
+    int limit_ = 0; // of frames; 0 for none
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 

@@ -40,7 +40,7 @@ struct Type {
     static T& Check(lua_State* L, int index) {
         T* const value = Find(L, index);
         if (!value)
-            BadArgument(L, index, T::kName);
+            BadArgument(L, index, std::string("un objeto ") + T::kName);
         return *value;
     }
 

@@ -2,10 +2,14 @@
 #include "LuaHost.h"
 #include "Options.h"
 #include "Player.h"
+#include "Screen.h"
 
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <thread>
 
 namespace {
 
@@ -24,6 +28,14 @@ void Report(const Failure& failure) {
     std::fprintf(stderr, "%s\n%s\n", failure.message.c_str(), failure.traceback.c_str());
 }
 
+// What the script does is left to itself if it doesn't end soon: it may be in a long function.
+void Join(std::thread& thread, Stage& stage) {
+    constexpr std::chrono::milliseconds kPatience{300};
+    if (!stage.WaitFinished(kPatience))
+        std::_Exit(0);
+    thread.join();
+}
+
 int RunScript(const Options& options) {
     const auto source = ReadScript(options.script);
     if (!source) {
@@ -31,10 +43,22 @@ int RunScript(const Options& options) {
         return kCannotStart;
     }
     Player player(options);
-    LuaHost host(player);
-    const auto failure = host.Run(*source, options.name);
-    if (failure)
+    Screen screen(options, player.stage);
+    std::optional<Failure> failure;
+    std::thread script([&] {
+        LuaHost(player).Run(*source, options.name).swap(failure);
+        player.stage.Finish();
+    });
+    screen.Run();
+    Join(script, player.stage);
+    if (failure) {
         Report(*failure);
+        screen.ShowFailure(*failure);
+    }
+    if (!options.screenshot.empty() && !screen.SaveScreenshot(options.screenshot)) {
+        std::fprintf(stderr, "luaplayer: no se puede escribir %s\n", options.screenshot.c_str());
+        return kCannotStart;
+    }
     return failure ? 1 : player.exitCode;
 }
 
@@ -46,5 +70,10 @@ int main(int argc, char** argv) {
         std::fputs(notice->text.c_str(), notice->code ? stderr : stdout);
         return notice->code;
     }
-    return RunScript(std::get<Options>(read));
+    try {
+        return RunScript(std::get<Options>(read));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "luaplayer: %s\n", error.what());
+        return kCannotStart;
+    }
 }

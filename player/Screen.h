@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Failure.h"
+#include "Options.h"
+#include "Pad.h"
+#include "Picture.h"
+#include "Stage.h"
+#include "Typeface.h"
+
+#include <SDL.h>
+#include <memory>
+#include <optional>
+
+namespace player {
+
+/// The window, or what stands for it when there is none.
+class Screen {
+public:
+    /// Throws std::runtime_error if there is no display.
+    Screen(const Options& options, Stage& stage);
+    ~Screen();
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+
+    /// Shows what the script shows, until it has finished or the user ends it.
+    void Run();
+    /// Shows the panel until the user closes it.
+    void ShowFailure(const Failure& failure);
+    /// False if the file can't be written.
+    bool SaveScreenshot(const std::filesystem::path& path);
+
+private:
+    bool Pump();
+    bool Handle(const SDL_Event& event);
+    void ChangeScale();
+    void Compose();
+    void Present();
+
+    struct Destroy {
+        void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+    };
+
+    Stage& stage_;
+    std::unique_ptr<SDL_Window, Destroy> window_;
+    std::optional<Pad> pad_;
+    CellFont font_;
+    Picture shown_{kWidth, kHeight, true};
+    Picture view_{kWidth, kHeight, true};
+    std::optional<Failure> failure_;
+    std::uint64_t seen_ = 0;
+    std::size_t printed_ = 0;
+    int scale_ = 1;
+    bool console_ = false;
+    bool stale_ = true;
+};
+
+} // namespace player
