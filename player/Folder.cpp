@@ -1,55 +1,319 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Folder.h"
 
-#include "ScriptError.h"
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
+#include <dirent.h>
 #include <fcntl.h>
 #include <linux/openat2.h>
-#include <memory>
+#include <sys/stat.h>
 #include <sys/syscall.h>
-#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <memory>
 
 namespace player {
 namespace {
 
-using File = std::unique_ptr<FILE, int (*)(FILE*)>;
+constexpr std::size_t kMaxPath = 4096;
+constexpr std::size_t kMaxShown = 200;
+constexpr std::size_t kMaxEntries = 65536;
+constexpr int kAttempts = 64;
+constexpr int kFilePermissions = 0644;
+constexpr int kFolderPermissions = 0755;
 
-File OpenBeneath(const std::filesystem::path& root, const std::string& name, int flags,
-                 const char* mode) {
-    const int folder = open(root.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-    open_how how{};
-    how.flags = static_cast<unsigned>(flags | O_CLOEXEC);
-    how.mode = flags & O_CREAT ? 0666 : 0;
-    how.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
-    const auto file =
-        static_cast<int>(syscall(SYS_openat2, folder, name.c_str(), &how, sizeof how));
-    const int error = errno;
-    close(folder);
-    if (file < 0)
-        throw ScriptError(name + ": " + std::strerror(error));
-    return {fdopen(file, mode), &std::fclose};
+struct Reason {
+    int code;
+    const char* text;
+};
+
+constexpr std::array kReasons = {
+    Reason{ENOENT, "no existe"},
+    Reason{EEXIST, "ya existe"},
+    Reason{ENOTDIR, "no es una carpeta"},
+    Reason{EISDIR, "es una carpeta"},
+    Reason{ENOTEMPTY, "la carpeta no está vacía"},
+    Reason{EACCES, "no hay permiso"},
+    Reason{EPERM, "no hay permiso"},
+    Reason{EROFS, "no se puede escribir ahí"},
+    Reason{ENOSPC, "el disco está lleno"},
+    Reason{EINVAL, "no es un nombre válido"},
+    Reason{ENAMETOOLONG, "el nombre es demasiado largo"},
+    Reason{EFBIG, "el archivo es demasiado grande"},
+    Reason{EMFILE, "hay demasiados archivos abiertos"},
+    Reason{EXDEV, "queda fuera de la carpeta del script"},
+    Reason{ELOOP, "es un enlace que no se puede seguir"},
+};
+
+std::string Shown(std::string_view path) {
+    return std::string(path.substr(0, std::min(path.find('\0'), kMaxShown)));
+}
+
+[[noreturn]] void Fail(std::string_view path, int code) {
+    const auto reason = std::find_if(kReasons.begin(), kReasons.end(),
+                                     [code](const Reason& known) { return known.code == code; });
+    const std::string text =
+        reason == kReasons.end() ? "no se pudo (" + std::to_string(code) + ")" : reason->text;
+    throw FolderError("'" + Shown(path) + "': " + text, code);
+}
+
+bool IsSeparator(char c) {
+    return c == '/' || c == '\\';
+}
+
+// Adds the parts of the path to those there are. False if ".." leads above the first.
+bool Append(std::vector<std::string>& parts, std::string_view path) {
+    while (!path.empty()) {
+        const auto end = std::find_if(path.begin(), path.end(), IsSeparator);
+        const std::string_view part(path.begin(), end);
+        path.remove_prefix(std::min(path.size(), part.size() + 1));
+        if (part.empty() || part == ".")
+            continue;
+        if (part != "..")
+            parts.emplace_back(part);
+        else if (parts.empty())
+            return false;
+        else
+            parts.pop_back();
+    }
+    return true;
+}
+
+std::string Join(const std::vector<std::string>& parts) {
+    std::string path;
+    for (const std::string& part : parts)
+        path += (path.empty() ? "" : "/") + part;
+    return path;
+}
+
+bool HasDrive(std::string_view path) {
+    const auto end = std::find_if(path.begin(), path.end(), IsSeparator);
+    return std::find(path.begin(), end, ':') != end;
+}
+
+int OpenFlags(Folder::Mode mode) {
+    switch (mode) {
+    case Folder::Mode::Read:
+        return O_RDONLY;
+    case Folder::Mode::Write: // emptied once it is known to be a file
+    case Folder::Mode::Truncate:
+        return (mode == Folder::Mode::Write ? O_WRONLY : O_RDWR) | O_CREAT;
+    case Folder::Mode::Append:
+        return O_RDWR | O_CREAT | O_APPEND;
+    case Folder::Mode::Update:
+        return O_RDWR;
+    case Folder::Mode::New:
+        return O_RDWR | O_CREAT | O_EXCL;
+    }
+    return O_RDONLY;
 }
 
 } // namespace
 
-Folder::Folder(std::filesystem::path root) : root_(std::move(root)) {}
-
-std::string Folder::Read(const std::string& name) const {
-    const File file = OpenBeneath(root_, name, O_RDONLY, "rb");
-    std::string bytes;
-    char part[65536];
-    while (const size_t count = std::fread(part, 1, sizeof part, file.get()))
-        bytes.append(part, count);
-    return bytes;
+bool FolderError::Outside() const {
+    return code == EXDEV;
 }
 
-void Folder::Write(const std::string& name, std::string_view bytes) const {
-    const File file = OpenBeneath(root_, name, O_WRONLY | O_CREAT | O_TRUNC, "wb");
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
-        throw ScriptError("no se puede escribir " + name);
+struct Folder::Place {
+    FileDescriptor directory;
+    std::string name;
+};
+
+Folder::Folder(const std::filesystem::path& root, Resolver resolver) : resolver_(resolver) {
+    const std::string absolute = std::filesystem::absolute(root).lexically_normal().string();
+    Append(rootParts_, absolute);
+    root_ = FileDescriptor(open(absolute.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!root_)
+        Fail(absolute, errno);
+}
+
+FileDescriptor Folder::Open(std::string_view path, Mode mode) const {
+    // Not blocking, for a pipe would wait for its other end.
+    const int flags = OpenFlags(mode) | O_NONBLOCK | O_NOCTTY;
+    FileDescriptor file =
+        Resolve(Within(path), flags, (flags & O_CREAT) != 0 ? kFilePermissions : 0);
+    if (!file)
+        Fail(path, errno);
+    struct stat status = {};
+    if (fstat(file.Number(), &status) != 0)
+        Fail(path, errno);
+    if (!S_ISREG(status.st_mode))
+        throw FolderError("'" + Shown(path) + "': no es un archivo", EISDIR);
+    // A file that has another name may belong to somebody outside.
+    if (mode != Mode::Read && status.st_nlink > 1)
+        Fail(path, EXDEV);
+    if ((mode == Mode::Write || mode == Mode::Truncate) && ftruncate(file.Number(), 0) != 0)
+        Fail(path, errno);
+    return file;
+}
+
+FileDescriptor Folder::OpenUnnamed() const {
+    const int flags = O_TMPFILE | O_EXCL | O_RDWR | O_CLOEXEC;
+    FileDescriptor file(openat(root_.Number(), ".", flags, kFilePermissions));
+    if (!file)
+        Fail("archivo temporal", errno);
+    return file;
+}
+
+std::string Folder::Read(std::string_view path, std::size_t limit) const {
+    const FileDescriptor file = Open(path);
+    std::string content;
+    std::array<char, 65536> block = {};
+    for (;;) {
+        const ssize_t count = read(file.Number(), block.data(), block.size());
+        if (count < 0)
+            Fail(path, errno);
+        if (count == 0)
+            return content;
+        if (content.size() + static_cast<std::size_t>(count) > limit)
+            Fail(path, EFBIG);
+        content.append(block.data(), static_cast<std::size_t>(count));
+    }
+}
+
+void Folder::Write(std::string_view path, std::string_view bytes) const {
+    const FileDescriptor file = Open(path, Mode::Write);
+    while (!bytes.empty()) {
+        const ssize_t count = write(file.Number(), bytes.data(), bytes.size());
+        if (count < 0)
+            Fail(path, errno);
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+}
+
+std::vector<Folder::Entry> Folder::List(std::string_view path) const {
+    const Parts parts = Within(path);
+    FileDescriptor descriptor = OpenDirectory(parts, O_RDONLY, path);
+    const std::unique_ptr<DIR, int (*)(DIR*)> directory(fdopendir(descriptor.Number()), closedir);
+    if (!directory)
+        Fail(path, errno);
+    descriptor.Release();
+    std::vector<Entry> entries;
+    while (const dirent* found = readdir(directory.get())) {
+        Entry entry{found->d_name};
+        if (entry.name == "." || entry.name == "..")
+            continue;
+        if (entries.size() == kMaxEntries)
+            Fail(path, EFBIG);
+        // Through the folder again: a link that leads out tells nothing of its end.
+        Parts inside = parts;
+        inside.push_back(entry.name);
+        struct stat status = {};
+        const FileDescriptor file = Resolve(inside, O_PATH);
+        if (file && fstat(file.Number(), &status) == 0) {
+            entry.directory = S_ISDIR(status.st_mode);
+            entry.size = S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
+        }
+        entries.push_back(std::move(entry));
+    }
+    std::sort(entries.begin(), entries.end(),
+              [](const Entry& a, const Entry& b) { return a.name < b.name; });
+    return entries;
+}
+
+void Folder::MakeDirectory(std::string_view path) const {
+    const Place place = ParentOf(path);
+    if (mkdirat(place.directory.Number(), place.name.c_str(), kFolderPermissions) != 0)
+        Fail(path, errno);
+}
+
+void Folder::RemoveDirectory(std::string_view path) const {
+    const Place place = ParentOf(path);
+    if (unlinkat(place.directory.Number(), place.name.c_str(), AT_REMOVEDIR) != 0)
+        Fail(path, errno);
+}
+
+void Folder::RemoveFile(std::string_view path) const {
+    const Place place = ParentOf(path);
+    if (unlinkat(place.directory.Number(), place.name.c_str(), 0) != 0)
+        Fail(path, errno);
+}
+
+void Folder::Rename(std::string_view from, std::string_view to) const {
+    const Place old = ParentOf(from);
+    const Place fresh = ParentOf(to);
+    if (renameat(old.directory.Number(), old.name.c_str(), fresh.directory.Number(),
+                 fresh.name.c_str()) != 0)
+        Fail(from, errno);
+}
+
+std::string Folder::CurrentDirectory() const {
+    Parts parts = rootParts_;
+    parts.insert(parts.end(), current_.begin(), current_.end());
+    return "/" + Join(parts);
+}
+
+void Folder::CurrentDirectory(std::string_view path) {
+    Parts parts = Within(path);
+    OpenDirectory(parts, O_PATH, path);
+    current_ = std::move(parts);
+}
+
+// The parts from the folder on. An absolute path counts only if it is written from the folder on.
+Folder::Parts Folder::Within(std::string_view path) const {
+    if (path.find('\0') != std::string_view::npos || path.empty())
+        Fail(path, EINVAL);
+    if (path.size() > kMaxPath)
+        Fail(path, ENAMETOOLONG);
+    if (HasDrive(path))
+        Fail(path, EXDEV);
+    const bool absolute = IsSeparator(path.front());
+    Parts parts = absolute ? Parts() : current_;
+    if (!Append(parts, path))
+        Fail(path, EXDEV);
+    if (!absolute)
+        return parts;
+    if (parts.size() < rootParts_.size() ||
+        !std::equal(rootParts_.begin(), rootParts_.end(), parts.begin()))
+        Fail(path, EXDEV);
+    return {parts.begin() + static_cast<std::ptrdiff_t>(rootParts_.size()), parts.end()};
+}
+
+// The name itself isn't followed, so whoever removes or renames it acts on a link, not on its end.
+Folder::Place Folder::ParentOf(std::string_view path) const {
+    Parts parts = Within(path);
+    if (parts.empty())
+        Fail(path, EPERM);
+    std::string name = std::move(parts.back());
+    parts.pop_back();
+    return {OpenDirectory(parts, O_PATH, path), std::move(name)};
+}
+
+FileDescriptor Folder::OpenDirectory(const Parts& parts, int flags, std::string_view path) const {
+    FileDescriptor directory = Resolve(parts, flags | O_DIRECTORY);
+    if (!directory)
+        Fail(path, errno);
+    return directory;
+}
+
+FileDescriptor Folder::Resolve(const Parts& parts, int flags, int permissions) const {
+    const std::string path = parts.empty() ? "." : Join(parts);
+    open_how how = {};
+    how.flags = static_cast<std::uint64_t>(flags | O_CLOEXEC);
+    how.mode = static_cast<std::uint64_t>(permissions);
+    how.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
+    // EAGAIN: a folder was renamed meanwhile, and the kernel can't tell whether the path got out.
+    for (int attempt = 0; resolver_ == Resolver::Kernel && attempt < kAttempts; ++attempt) {
+        const long number = syscall(SYS_openat2, root_.Number(), path.c_str(), &how, sizeof(how));
+        if (number >= 0)
+            return FileDescriptor(static_cast<int>(number));
+        if (errno == ENOSYS)
+            resolver_ = Resolver::Walk;
+        else if (errno != EAGAIN && errno != EINTR)
+            return FileDescriptor();
+    }
+    return resolver_ == Resolver::Walk ? Walk(parts, flags, permissions) : FileDescriptor();
+}
+
+FileDescriptor Folder::Walk(const Parts& parts, int flags, int permissions) const {
+    FileDescriptor at(openat(root_.Number(), ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    for (std::size_t i = 0; i + 1 < parts.size() && at; ++i)
+        at = FileDescriptor(
+            openat(at.Number(), parts[i].c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (!at)
+        return at;
+    const char* name = parts.empty() ? "." : parts.back().c_str();
+    return FileDescriptor(openat(at.Number(), name, flags | O_NOFOLLOW | O_CLOEXEC, permissions));
 }
 
 } // namespace player

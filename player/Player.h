@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "Audio.h"
 #include "Folder.h"
 #include "Memory.h"
 #include "Options.h"
@@ -19,6 +20,8 @@ struct Player {
     Stage stage;
     Folder folder;
     CellFont cells;
+    Audio audio;
+    std::filesystem::path powerFolder = "/sys/class/power_supply";
     int exitCode = 0;
 };
 

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Audio.h"
+
+#include "ScriptError.h"
+
+#include <SDL.h>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+namespace player {
+namespace {
+
+constexpr int kBytesPerFrame = 4;
+constexpr int kFramesPerBlock = 1024;
+// The most that the kinds of files whose length nobody tells can grow.
+constexpr std::size_t kGrowth = 48;
+
+void MixVoices(void* voices, Uint8* stream, int bytes) {
+    static_cast<Voices*>(voices)->Mix(
+        {reinterpret_cast<std::int16_t*>(stream), static_cast<std::size_t>(bytes) / 2});
+}
+
+SDL_RWops* Reader(const std::string& file) {
+    return SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
+}
+
+} // namespace
+
+Audio::~Audio() {
+    if (state_ != State::Open)
+        return;
+    StopMusic();
+    Mix_SetPostMix(nullptr, nullptr);
+    Mix_CloseAudio();
+    Mix_Quit();
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+}
+
+std::size_t Audio::DecodedSize(const std::string& file) {
+    if (!Open() || file.empty())
+        return 0;
+    const std::unique_ptr<Mix_Music, FreeMusic> music(Mix_LoadMUS_RW(Reader(file), 1));
+    const double seconds = music ? Mix_MusicDuration(music.get()) : -1;
+    if (!(seconds > 0))
+        return file.size() * kGrowth;
+    constexpr double kHours = 24 * 3600;
+    return static_cast<std::size_t>(std::ceil(std::min(seconds, kHours) * kSampleRate)) *
+           kBytesPerFrame;
+}
+
+Samples Audio::Decode(const std::string& file, const std::string& name) {
+    if (!Open())
+        return {};
+    Mix_Chunk* const chunk = file.empty() ? nullptr : Mix_LoadWAV_RW(Reader(file), 1);
+    if (!chunk)
+        throw ScriptError("'" + name + "': no es un sonido que se pueda leer");
+    Samples samples;
+    samples.values.resize(chunk->alen / kBytesPerFrame * 2);
+    if (!samples.values.empty())
+        std::memcpy(samples.values.data(), chunk->abuf, samples.values.size() * 2);
+    Mix_FreeChunk(chunk);
+    return samples;
+}
+
+void Audio::PlayMusic(FileDescriptor file, bool loop, const std::string& name) {
+    if (!Open())
+        return;
+    StopMusic();
+    FILE* const stream = fdopen(file.Number(), "rb");
+    if (!stream)
+        throw ScriptError("'" + name + "': no se puede leer");
+    file.Release();
+    SDL_RWops* const source = SDL_RWFromFP(stream, SDL_TRUE);
+    if (!source)
+        std::fclose(stream);
+    else
+        music_.reset(Mix_LoadMUS_RW(source, 1));
+    if (!music_ || Mix_PlayMusic(music_.get(), loop ? -1 : 0) != 0)
+        throw ScriptError("'" + name + "': no es una música que se pueda tocar");
+    Mix_VolumeMusic(musicVolume_);
+}
+
+void Audio::PauseMusic() {
+    if (music_)
+        Mix_PauseMusic();
+}
+
+void Audio::ResumeMusic() {
+    if (music_)
+        Mix_ResumeMusic();
+}
+
+void Audio::StopMusic() {
+    if (music_)
+        Mix_HaltMusic();
+    music_.reset();
+}
+
+bool Audio::MusicPlaying() const {
+    return music_ && Mix_PlayingMusic() != 0 && Mix_PausedMusic() == 0;
+}
+
+void Audio::MusicVolume(int volume) {
+    musicVolume_ = volume;
+    if (music_)
+        Mix_VolumeMusic(volume);
+}
+
+bool Audio::Open() {
+    if (state_ != State::Closed)
+        return state_ == State::Open;
+    state_ = State::Open;
+    if (!OpenDevice()) {
+        std::fputs("luaplayer: no hay dispositivo de sonido; se sigue en silencio\n", stderr);
+        SDL_SetHintWithPriority(SDL_HINT_AUDIODRIVER, "dummy", SDL_HINT_OVERRIDE);
+        if (!OpenDevice())
+            state_ = State::Missing;
+    }
+    if (state_ == State::Open)
+        Mix_SetPostMix(&MixVoices, &voices);
+    return state_ == State::Open;
+}
+
+bool Audio::OpenDevice() {
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
+        return false;
+    if (Mix_OpenAudioDevice(kSampleRate, AUDIO_S16SYS, 2, kFramesPerBlock, nullptr, 0) == 0)
+        return true;
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    return false;
+}
+
+} // namespace player

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "FileDescriptor.h"
+#include "Voices.h"
+
+#include <SDL_mixer.h>
+#include <memory>
+#include <string>
+
+namespace player {
+
+/// The sound device, opened by the first sound. Without one everything goes on in silence, which
+/// is said once.
+class Audio {
+public:
+    static constexpr int kMostMusicVolume = MIX_MAX_VOLUME;
+
+    Audio() = default;
+    Audio(const Audio&) = delete;
+    Audio& operator=(const Audio&) = delete;
+    ~Audio();
+
+    Voices voices;
+
+    /// How many bytes Decode will give, before it takes them.
+    std::size_t DecodedSize(const std::string& file);
+    /// Throws ScriptError if it isn't a sound.
+    Samples Decode(const std::string& file, const std::string& name);
+
+    /// Throws ScriptError if it isn't music.
+    void PlayMusic(FileDescriptor file, bool loop, const std::string& name);
+    void PauseMusic();
+    void ResumeMusic();
+    void StopMusic();
+    bool MusicPlaying() const;
+    int MusicVolume() const { return musicVolume_; }
+    void MusicVolume(int volume);
+
+private:
+    enum class State { Closed, Open, Missing };
+
+    bool Open();
+    bool OpenDevice();
+
+    struct FreeMusic {
+        void operator()(Mix_Music* music) const { Mix_FreeMusic(music); }
+    };
+
+    State state_ = State::Closed;
+    std::unique_ptr<Mix_Music, FreeMusic> music_;
+    int musicVolume_ = kMostMusicVolume;
+};
+
+} // namespace player
