@@ -4,6 +4,7 @@
 #include "Audio.h"
 #include "Folder.h"
 #include "Memory.h"
+#include "Network.h"
 #include "Options.h"
 #include "Stage.h"
 #include "Typeface.h"
@@ -21,6 +22,7 @@ struct Player {
     Folder folder;
     CellFont cells;
     Audio audio;
+    Network network;
     std::filesystem::path powerFolder = "/sys/class/power_supply";
     int exitCode = 0;
 };

@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Network.h"
+
+#include "ScriptError.h"
+
+#include <arpa/inet.h>
+#include <ifaddrs.h>
+#include <net/if.h>
+#include <netdb.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+#include <mutex>
+#include <thread>
+
+namespace player {
+
+struct Lookup {
+    std::mutex mutex;
+    bool done = false;
+    std::vector<Address> addresses;
+};
+
+namespace {
+
+constexpr int kMostLookups = 8;
+constexpr int kBacklog = 16;
+
+struct Reason {
+    int code;
+    const char* text;
+};
+
+constexpr std::array kReasons = {
+    Reason{ECONNREFUSED, "nadie atiende en ese puerto"},
+    Reason{ECONNRESET, "el otro lado cortó la conexión"},
+    Reason{EPIPE, "el otro lado cortó la conexión"},
+    Reason{ETIMEDOUT, "el otro lado no responde"},
+    Reason{ENETUNREACH, "no hay red hasta ese sitio"},
+    Reason{EHOSTUNREACH, "no hay camino hasta ese sitio"},
+    Reason{EADDRINUSE, "el puerto ya está en uso"},
+    Reason{EACCES, "no hay permiso para ese puerto"},
+    Reason{EMFILE, "hay demasiadas conexiones abiertas"},
+};
+
+std::string TextOf(int code) {
+    const auto reason = std::find_if(kReasons.begin(), kReasons.end(),
+                                     [code](const Reason& known) { return known.code == code; });
+    return reason == kReasons.end() ? "error de red " + std::to_string(code) : reason->text;
+}
+
+std::vector<Address> Resolve(const std::string& host, int port, int flags) {
+    addrinfo wanted = {};
+    wanted.ai_socktype = SOCK_STREAM;
+    wanted.ai_flags = flags | AI_NUMERICSERV;
+    addrinfo* found = nullptr;
+    if (getaddrinfo(host.c_str(), std::to_string(port).c_str(), &wanted, &found) != 0)
+        return {};
+    std::vector<Address> addresses;
+    for (const addrinfo* at = found; at; at = at->ai_next) {
+        Address address;
+        address.size = at->ai_addrlen;
+        std::memcpy(&address.storage, at->ai_addr, at->ai_addrlen);
+        addresses.insert(addresses.begin(), address);
+    }
+    freeaddrinfo(found);
+    return addresses;
+}
+
+std::atomic<int> lookups = 0;
+
+std::shared_ptr<Lookup> Start(const std::string& host, int port) {
+    if (lookups.fetch_add(1) >= kMostLookups) {
+        --lookups;
+        throw ScriptError("hay demasiadas conexiones en camino");
+    }
+    auto lookup = std::make_shared<Lookup>();
+    try {
+        std::thread([lookup, host, port] {
+            std::vector<Address> addresses = Resolve(host, port, AI_ADDRCONFIG);
+            --lookups;
+            const std::lock_guard lock(lookup->mutex);
+            lookup->addresses = std::move(addresses);
+            lookup->done = true;
+        }).detach();
+    } catch (const std::system_error&) {
+        --lookups;
+        throw ScriptError("no se puede buscar '" + host + "'");
+    }
+    return lookup;
+}
+
+FileDescriptor MakeSocket(int family) {
+    return FileDescriptor(socket(family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+}
+
+void SendAtOnce(const FileDescriptor& descriptor) {
+    const int yes = 1;
+    setsockopt(descriptor.Number(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof(yes));
+}
+
+bool WouldWait(int code) {
+    return code == EAGAIN || code == EWOULDBLOCK || code == EINTR;
+}
+
+} // namespace
+
+Socket Socket::Connect(const std::string& host, int port) {
+    Socket made(State::Resolving, FileDescriptor());
+    made.addresses_ = Resolve(host, port, AI_NUMERICHOST);
+    if (made.addresses_.empty())
+        made.lookup_ = Start(host, port);
+    else
+        made.TryNext();
+    return made;
+}
+
+Socket Socket::Listen(int port) {
+    FileDescriptor descriptor = MakeSocket(AF_INET);
+    const int yes = 1;
+    sockaddr_in any = {};
+    any.sin_family = AF_INET;
+    any.sin_port = htons(static_cast<std::uint16_t>(port));
+    if (!descriptor ||
+        setsockopt(descriptor.Number(), SOL_SOCKET, SO_REUSEADDR, &yes, sizeof(yes)) != 0 ||
+        bind(descriptor.Number(), reinterpret_cast<const sockaddr*>(&any), sizeof(any)) != 0 ||
+        listen(descriptor.Number(), kBacklog) != 0)
+        throw ScriptError("puerto " + std::to_string(port) + ": " + TextOf(errno));
+    return {State::Listening, std::move(descriptor)};
+}
+
+// True as long as there is something to read, even if the other side has gone.
+bool Socket::Connected() {
+    Advance();
+    if (state_ != State::Connected)
+        return false;
+    char next = 0;
+    const ssize_t count = recv(descriptor_.Number(), &next, 1, MSG_PEEK);
+    if (count == 0)
+        Close("el otro lado cerró la conexión");
+    else if (count < 0 && !WouldWait(errno))
+        Fail(errno);
+    return state_ == State::Connected;
+}
+
+std::optional<Socket> Socket::Accept() {
+    FileDescriptor accepted(
+        accept4(descriptor_.Number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+    if (!accepted)
+        return std::nullopt;
+    SendAtOnce(accepted);
+    return Socket(State::Connected, std::move(accepted));
+}
+
+std::string Socket::Receive() {
+    if (!Connected())
+        return "";
+    std::string bytes(kMostReceived, '\0');
+    const ssize_t count = recv(descriptor_.Number(), bytes.data(), bytes.size(), 0);
+    bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    return bytes;
+}
+
+std::size_t Socket::Send(std::string_view bytes) {
+    Advance();
+    if (state_ != State::Connected)
+        return 0;
+    const ssize_t count = send(descriptor_.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (count < 0 && !WouldWait(errno))
+        Fail(errno);
+    return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+}
+
+void Socket::Close(const std::string& reason) {
+    if (state_ != State::Closed)
+        failure_ = reason;
+    state_ = State::Closed;
+    descriptor_ = FileDescriptor();
+    lookup_.reset();
+    addresses_.clear();
+}
+
+void Socket::Advance() {
+    if (state_ == State::Resolving && lookup_) {
+        const std::shared_ptr<Lookup> lookup = lookup_;
+        const std::lock_guard lock(lookup->mutex);
+        if (!lookup->done)
+            return;
+        addresses_ = std::move(lookup->addresses);
+        lookup_.reset();
+        if (addresses_.empty())
+            return Close("no se encuentra ese sitio");
+        TryNext();
+    }
+    if (state_ != State::Connecting)
+        return;
+    pollfd waiting = {descriptor_.Number(), POLLOUT, 0};
+    if (poll(&waiting, 1, 0) <= 0)
+        return;
+    int code = 0;
+    socklen_t size = sizeof(code);
+    getsockopt(descriptor_.Number(), SOL_SOCKET, SO_ERROR, &code, &size);
+    if (code == 0) {
+        state_ = State::Connected;
+        SendAtOnce(descriptor_);
+    } else if (addresses_.empty()) {
+        Fail(code);
+    } else {
+        TryNext();
+    }
+}
+
+void Socket::TryNext() {
+    int code = 0;
+    while (!addresses_.empty()) {
+        const Address address = addresses_.back();
+        addresses_.pop_back();
+        descriptor_ = MakeSocket(address.storage.ss_family);
+        state_ = State::Connecting;
+        if (descriptor_ &&
+            (connect(descriptor_.Number(), reinterpret_cast<const sockaddr*>(&address.storage),
+                     address.size) == 0 ||
+             errno == EINPROGRESS))
+            return;
+        code = errno;
+    }
+    Fail(code);
+}
+
+void Socket::Fail(int code) {
+    Close(TextOf(code));
+}
+
+void Network::CheckRoom() {
+    std::erase_if(sockets_, [](const std::weak_ptr<Socket>& socket) {
+        const auto open = socket.lock();
+        return !open || open->Closed();
+    });
+    if (sockets_.size() >= kMostSockets)
+        throw ScriptError(TextOf(EMFILE));
+}
+
+std::shared_ptr<Socket> Network::Add(Socket socket) {
+    auto added = std::make_shared<Socket>(std::move(socket));
+    sockets_.push_back(added);
+    return added;
+}
+
+void Network::CloseAll() {
+    for (const auto& socket : sockets_)
+        if (const auto open = socket.lock())
+            open->Close();
+    sockets_.clear();
+}
+
+std::vector<Connection> Network::Connections() {
+    std::vector<Connection> outside;
+    std::vector<Connection> local;
+    ifaddrs* all = nullptr;
+    if (getifaddrs(&all) != 0)
+        return {};
+    for (const ifaddrs* at = all; at; at = at->ifa_next) {
+        if (!at->ifa_addr || at->ifa_addr->sa_family != AF_INET || (at->ifa_flags & IFF_UP) == 0)
+            continue;
+        std::array<char, INET_ADDRSTRLEN> text = {};
+        const auto* const address = reinterpret_cast<const sockaddr_in*>(at->ifa_addr);
+        inet_ntop(AF_INET, &address->sin_addr, text.data(), text.size());
+        ((at->ifa_flags & IFF_LOOPBACK) != 0 ? local : outside)
+            .push_back({at->ifa_name, text.data()});
+    }
+    freeifaddrs(all);
+    return outside.empty() ? local : outside;
+}
+
+} // namespace player
