@@ -29,8 +29,7 @@ struct Supply {
 
     double Value(const char* name) const {
         double value = 0;
-        std::ifstream(folder / name) >> value;
-        return std::isfinite(value) ? value : 0;
+        return std::ifstream(folder / name) >> value ? value : 0;
     }
 
     bool Is(const char* name, double value) const {
