@@ -137,6 +137,8 @@ int Guarded(lua_State* L, Function function) {
     }
     if (player.memory.native == 0 && player.memory.Over())
         return luaL_error(L, "memoria agotada");
+    if (player.stage.Stopping())
+        return Interrupt(L);
     return results;
 }
 
