@@ -15,9 +15,18 @@ constexpr int kStepsBetweenLooks = 10000;
 // because the next step of whoever caught it raises it again.
 int Interrupt(lua_State* L);
 
+// Lua's collector would wait until its memory has doubled, though there may not be as much.
+void TightenCollector(lua_State* L) {
+    constexpr std::size_t kUsual = 200; // percent
+    const auto used = static_cast<std::size_t>(lua_gc(L, LUA_GCCOUNT, 0)) + 1;
+    const std::size_t free = PlayerOf(L).memory.Free() >> 10;
+    lua_gc(L, LUA_GCSETPAUSE, static_cast<int>(std::min(kUsual, 100 + 50 * free / used)));
+}
+
 void Look(lua_State* L, lua_Debug*) {
     if (PlayerOf(L).stage.Stopping())
         Interrupt(L);
+    TightenCollector(L);
 }
 
 int Interrupt(lua_State* L) {
@@ -26,15 +35,30 @@ int Interrupt(lua_State* L) {
     return lua_error(L);
 }
 
+// Lua tells no line when memory is short. Takes no memory of Lua's.
+void NoteRefusal(Player& player) {
+    lua_Debug call{};
+    for (int level = 0; player.lua && lua_getstack(player.lua, level, &call) != 0; ++level) {
+        if (lua_getinfo(player.lua, "Sl", &call) == 0 || call.currentline < 0)
+            continue;
+        player.refusedAt =
+            std::string(call.short_src) + ":" + std::to_string(call.currentline) + ": ";
+        return;
+    }
+}
+
 void* Allocate(void* data, void* block, size_t before, size_t after) {
-    Memory& memory = static_cast<Player*>(data)->memory;
+    Player& player = *static_cast<Player*>(data);
+    Memory& memory = player.memory;
     if (after == 0) {
         memory.Remove(before);
         std::free(block);
         return nullptr;
     }
-    if (after > before && memory.native == 0 && !memory.Fits(after - before))
+    if (after > before && memory.native == 0 && !memory.Fits(after - before)) {
+        NoteRefusal(player);
         return nullptr;
+    }
     void* const made = std::realloc(block, after);
     if (made) {
         memory.Remove(before);
@@ -103,8 +127,9 @@ Failure Describe(lua_State* L, Player& player, int status, const std::string& na
             failure.traceback.erase(0, failure.message.size() + 1);
         return failure;
     }
+    const std::string place = player.refusedAt.empty() ? name + ": " : player.refusedAt;
     if (status == LUA_ERRMEM)
-        return {name + ": memoria agotada (el límite es de " +
+        return {place + "memoria agotada (el límite es de " +
                     std::to_string(player.memory.Limit() >> 20) + " MB)",
                 ""};
     const char* const text = lua_tostring(L, -1);
@@ -166,6 +191,7 @@ void Load(lua_State* L, std::string_view source, const std::string& name) {
 LuaHost::LuaHost(Player& player) : player_(player), state_(lua_newstate(&Allocate, &player)) {
     if (!state_)
         throw std::bad_alloc();
+    player_.lua = state_;
     ++player_.memory.native;
     lua_cpcall(state_, &Open, nullptr);
     --player_.memory.native;
@@ -174,6 +200,7 @@ LuaHost::LuaHost(Player& player) : player_(player), state_(lua_newstate(&Allocat
 
 LuaHost::~LuaHost() {
     lua_close(state_);
+    player_.lua = nullptr;
 }
 
 std::optional<Failure> LuaHost::Run(const std::string& source, const std::string& name) {

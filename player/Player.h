@@ -9,6 +9,8 @@
 #include "Stage.h"
 #include "Typeface.h"
 
+struct lua_State;
+
 namespace player {
 
 /// All that the libraries of a script work on.
@@ -25,6 +27,8 @@ struct Player {
     Network network;
     std::filesystem::path powerFolder = "/sys/class/power_supply";
     int exitCode = 0;
+    lua_State* lua = nullptr;
+    std::string refusedAt; // "name:line: " where memory was refused last
 };
 
 } // namespace player

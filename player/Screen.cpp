@@ -14,7 +14,9 @@ namespace {
 constexpr int kLargestScale = 4;
 constexpr int kIdleMilliseconds = 100;
 
-void StartSdl(bool headless) {
+} // namespace
+
+Session::Session(bool headless) {
     LimitPieces();
     if (headless) {
         SDL_setenv("SDL_VIDEODRIVER", "dummy", 1);
@@ -27,11 +29,7 @@ void StartSdl(bool headless) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
 }
 
-} // namespace
-
 Screen::Screen(const Options& options, Stage& stage) : stage_(stage) {
-    StartSdl(options.Headless());
-    pad_.emplace();
     if (options.Headless()) {
         stage_.Hurry();
         stage_.LimitFrames(options.frames.value_or(0));
@@ -42,12 +40,6 @@ Screen::Screen(const Options& options, Stage& stage) : stage_(stage) {
                                    kWidth, kHeight, 0));
     if (!window_)
         throw std::runtime_error(std::string("no se puede abrir la ventana: ") + SDL_GetError());
-}
-
-Screen::~Screen() {
-    pad_.reset();
-    window_.reset();
-    SDL_Quit();
 }
 
 void Screen::Run() {
@@ -77,17 +69,17 @@ bool Screen::Pump() {
     bool goes_on = true;
     while (SDL_PollEvent(&event) != 0)
         goes_on = Handle(event) && goes_on;
-    stage_.Hold(pad_->Held());
+    stage_.Hold(pad_.Held());
     return goes_on;
 }
 
 bool Screen::Handle(const SDL_Event& event) {
-    pad_->Handle(event);
+    pad_.Handle(event);
     if (event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_EXPOSED)
         stale_ = true;
     if (event.type != SDL_KEYDOWN)
         return event.type != SDL_QUIT;
-    stage_.Hold(pad_->Held()); // a press may end in the same moment
+    stage_.Hold(pad_.Held()); // a press may end in the same moment
     switch (event.key.keysym.sym) {
     case SDLK_F1:
         console_ = !console_ && !failure_;

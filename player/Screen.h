@@ -14,12 +14,21 @@
 
 namespace player {
 
+/// SDL, from before the first of what stands on it to after the last.
+class Session {
+public:
+    /// Throws std::runtime_error if there is no display.
+    explicit Session(bool headless);
+    ~Session() { SDL_Quit(); }
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+};
+
 /// The window, or what stands for it when there is none.
 class Screen {
 public:
-    /// Throws std::runtime_error if there is no display.
+    /// Throws std::runtime_error.
     Screen(const Options& options, Stage& stage);
-    ~Screen();
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
@@ -43,7 +52,7 @@ private:
 
     Stage& stage_;
     std::unique_ptr<SDL_Window, Destroy> window_;
-    std::optional<Pad> pad_;
+    Pad pad_;
     CellFont font_;
     Picture shown_{kWidth, kHeight, true};
     Picture view_{kWidth, kHeight, true};

@@ -42,6 +42,7 @@ int RunScript(const Options& options) {
         std::fprintf(stderr, "luaplayer: no se puede leer %s\n", options.script.c_str());
         return kCannotStart;
     }
+    const Session session(options.Headless());
     Player player(options);
     Screen screen(options, player.stage);
     std::optional<Failure> failure;
@@ -53,6 +54,7 @@ int RunScript(const Options& options) {
     Join(script, player.stage);
     if (failure) {
         Report(*failure);
+        player.audio.StopMusic();
         screen.ShowFailure(*failure);
     }
     if (!options.screenshot.empty() && !screen.SaveScreenshot(options.screenshot)) {

@@ -57,6 +57,25 @@ int LoadText(lua_State* L, Player&) {
     return 1;
 }
 
+// load: the text comes in pieces, from a function of the script's.
+int LoadPieces(lua_State* L) {
+    luaL_checktype(L, 1, LUA_TFUNCTION);
+    lua_settop(L, 2);
+    lua_pushliteral(L, "");
+    for (;;) {
+        lua_pushvalue(L, 1);
+        lua_call(L, 0, 1);
+        if (lua_isnil(L, -1) || lua_objlen(L, -1) == 0)
+            break;
+        if (!lua_isstring(L, -1))
+            return luaL_error(L, "la función debe devolver textos");
+        lua_concat(L, 2);
+    }
+    lua_pop(L, 1);
+    lua_replace(L, 1);
+    return Guarded(L, &LoadText);
+}
+
 // Of the debug library only what can't undo the player's own hook and limits.
 void OpenDebug(lua_State* L) {
     lua_pushcfunction(L, luaopen_debug);
@@ -85,6 +104,7 @@ void OpenLua(lua_State* L) {
     }
     OpenDebug(L);
     lua_register(L, "print", &PrintAll);
+    lua_register(L, "load", &LoadPieces);
     lua_register(L, "loadstring", &Call<&LoadText>);
 }
 

@@ -117,7 +117,7 @@ TEST_F(Program, DrawsWhatTheCallsSay) {
 }
 
 TEST_F(Program, TellsAnErrorWithTheDocumentsNameAndLine) {
-    const std::string memory = "memoria agotada (el límite es de 16 MB)";
+    const std::string memory = "año nuevo.lua:2: memoria agotada (el límite es de 16 MB)";
     const struct {
         std::string script, error;
     } kErrors[] = {
