@@ -56,7 +56,7 @@ Samples Audio::Decode(const std::string& file, const std::string& name) {
     if (!chunk)
         throw ScriptError("'" + name + "': no es un sonido que se pueda leer");
     Samples samples;
-    samples.values.resize(chunk->alen / kBytesPerFrame * 2);
+    samples.values.resize(std::size_t{chunk->alen} / kBytesPerFrame * 2);
     if (!samples.values.empty())
         std::memcpy(samples.values.data(), chunk->abuf, samples.values.size() * 2);
     Mix_FreeChunk(chunk);

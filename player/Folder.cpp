@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Folder.h"
 
+#include "Encoding.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/openat2.h>
@@ -70,7 +72,7 @@ bool Append(std::vector<std::string>& parts, std::string_view path) {
         if (part.empty() || part == ".")
             continue;
         if (part != "..")
-            parts.emplace_back(part);
+            parts.push_back(ToUtf8(part)); // files have UTF-8 names, the script may have others
         else if (parts.empty())
             return false;
         else

@@ -59,7 +59,8 @@ Voices::Id Voices::Start(Sound sound, bool loop) {
     Reap();
     if (voices_.size() == kMostVoices)
         voices_.erase(voices_.begin());
-    voices_.push_back({++last_, std::move(sound), loop, false, 0, {}});
+    const bool ended = sound->Frames() == 0;
+    voices_.push_back({++last_, std::move(sound), loop, ended, 0, {}});
     return last_;
 }
 
@@ -123,7 +124,7 @@ void Voices::MixVoice(Voice& voice) {
     const double step = static_cast<double>(voice.settings.frequency) / kMiddle;
     for (std::size_t i = 0; i < bus_.size() && !voice.ended; i += 2) {
         if (voice.position >= static_cast<double>(frames)) {
-            voice.ended = !voice.loop || frames == 0;
+            voice.ended = !voice.loop;
             if (voice.ended)
                 return;
             voice.position = std::fmod(voice.position, static_cast<double>(frames));

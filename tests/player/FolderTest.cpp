@@ -76,6 +76,8 @@ TEST_F(FolderTest, ReachesOnlyWhatIsBeneath) {
         EXPECT_EQ(CodeOf([&] { walk.Read(known.path); }), known.walk) << known.path;
     }
     EXPECT_EQ(kernel.Read("sub/a.txt"), "dentro");
+    kernel.Write("ca\xF1on.txt", "pum");
+    EXPECT_EQ(Get(folder / "ca\xC3\xB1on.txt"), "pum");
     EXPECT_EQ(CodeOf([&] { kernel.Read("sub/a.txt", 5); }), EFBIG);
 }
 
