@@ -4,6 +4,7 @@
 #include "Player.h"
 #include "Screen.h"
 
+#include <SDL_thread.h>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -48,6 +49,7 @@ int RunScript(const Options& options) {
     std::optional<Failure> failure;
     std::thread script([&] {
         LuaHost(player).Run(*source, options.name).swap(failure);
+        SDL_TLSCleanup();
         player.stage.Finish();
     });
     screen.Run();

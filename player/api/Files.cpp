@@ -193,7 +193,8 @@ local gsub, gmatch, concat = string.gsub, string.gmatch, table.concat
 
 local function chosen(choose, mode)
     return function(file)
-        if type(file) ~= "string" then return choose(file) end
+        local kind = type(file)
+        if kind ~= "string" and kind ~= "number" then return choose(file) end
         local opened, reason = open(file, mode)
         if not opened then error(reason, 2) end
         return choose(opened)
@@ -225,6 +226,7 @@ function dofile(path)
 end
 
 function load(piece, name)
+    if type(piece) ~= "function" then error("el argumento 1 de 'load' debe ser una función", 2) end
     local pieces = {}
     for i = 1, 1e9 do
         local text = piece()

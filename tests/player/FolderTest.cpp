@@ -144,6 +144,7 @@ TEST_F(FolderTest, GivesScriptsTheirFiles) {
         end
         assert(not pcall(require, "arriba.x") and not pcall(os.execute, "true"))
         assert(not pcall(io.popen, "true") and not pcall(package.loadlib, "x", "y"))
+        assert(not pcall(io.input, 7)) io.output(7):close() io.output(io.stdout)
         assert(os.getenv("PATH") == nil and io.read("*a") == "")
         local code = string.dump(function() end)
         local pieces = {code}
@@ -174,6 +175,7 @@ TEST_F(FolderTest, GivesScriptsTheirFiles) {
         error("sigue"))"),
               "");
     EXPECT_EQ(exitCode, 3);
+    EXPECT_TRUE(fs::exists(folder / "7")); // a number is a name too
 }
 
 } // namespace
