@@ -32,7 +32,8 @@ void* Allocate(size_t size) {
 }
 
 void* AllocateClear(size_t count, size_t size) {
-    return size > 0 && count > kMostPiece / size ? nullptr : std::calloc(count, size);
+    const size_t each = std::max(size, size_t{1});
+    return count > kMostPiece / each ? nullptr : std::calloc(std::max(count, size_t{1}), each);
 }
 
 void* Reallocate(void* block, size_t size) {

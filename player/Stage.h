@@ -62,7 +62,7 @@ private:
     mutable std::mutex mutex_;
     std::condition_variable wake_;   // of the script
     std::condition_variable notify_; // of the window
-    std::vector<std::uint32_t> shown_ = std::vector<std::uint32_t>(kWidth * kHeight);
+    std::vector<std::uint32_t> shown_ = std::vector<std::uint32_t>(std::size_t{kWidth} * kHeight);
     std::uint64_t version_ = 1;
     std::deque<std::string> lines_;
     std::string line_;
