@@ -242,7 +242,7 @@ void Folder::Rename(std::string_view from, std::string_view to) const {
 std::string Folder::CurrentDirectory() const {
     Parts parts = rootParts_;
     parts.insert(parts.end(), current_.begin(), current_.end());
-    return "/" + Join(parts);
+    return std::string("/").append(Join(parts));
 }
 
 void Folder::CurrentDirectory(std::string_view path) {
