@@ -60,7 +60,9 @@ std::string Script(const Sprite& sprite) {
 // What a frame of the script takes: the time of many less that of one.
 double Ours(const std::string& script) {
     const auto seconds = [&](int frames) {
-        Player player(Options{});
+        Options options;
+        options.folder = ".";
+        Player player(options);
         player.stage.Hurry();
         player.stage.LimitFrames(frames);
         LuaHost host(player);

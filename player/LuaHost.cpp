@@ -115,7 +115,7 @@ std::string Field(lua_State* L, int table, int index) {
     lua_rawgeti(L, table, index);
     size_t size = 0;
     const char* const text = lua_tolstring(L, -1, &size);
-    const std::string result = text ? std::string(text, size) : "";
+    std::string result(text ? text : "", size);
     lua_pop(L, 1);
     return result;
 }

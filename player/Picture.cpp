@@ -115,8 +115,8 @@ void Picture::Stamp(int x, int y, const Mask& mask, Pixel color) {
     Cut(y, row, rows, height, mask.height);
     for (int j = 0; j < rows; ++j) {
         for (int i = 0; i < columns; ++i) {
-            const auto place = static_cast<std::size_t>((row + j) * mask.width + column + i);
-            const Pixel alpha = Alpha(color) * mask.coverage[place] / 255;
+            const std::ptrdiff_t place = std::ptrdiff_t{row + j} * mask.width + column + i;
+            const Pixel alpha = Alpha(color) * mask.coverage[static_cast<std::size_t>(place)] / 255;
             Pixel& target = pixels[Index(x + i, y + j)];
             target = Over(target, (color & ~kOpaque) | alpha << 24);
         }
