@@ -113,36 +113,8 @@ void OpenLua(lua_State* L) {
 void OpenLibraries(lua_State* L, Player& player) {
     using Opener = void (*)(lua_State*, Player&);
     constexpr Opener kOpeners[] = {
-#ifdef PLAYER_COLOR
-        &OpenColor,
-#endif
-#ifdef PLAYER_IMAGE
-        &OpenImage,
-#endif
-#ifdef PLAYER_SCREEN
-        &OpenScreen,
-#endif
-#ifdef PLAYER_FONT
-        &OpenFont,
-#endif
-#ifdef PLAYER_CONTROLS
-        &OpenControls,
-#endif
-#ifdef PLAYER_SYSTEM
-        &OpenSystem,
-#endif
-#ifdef PLAYER_MUSIC
-        &OpenMusic,
-#endif
-#ifdef PLAYER_SOUND
-        &OpenSound,
-#endif
-#ifdef PLAYER_WLAN
-        &OpenWlan,
-#endif
-#ifdef PLAYER_SOCKET
-        &OpenSocket,
-#endif
+        &OpenColor,  &OpenImage, &OpenScreen, &OpenFont, &OpenControls,
+        &OpenSystem, &OpenMusic, &OpenSound,  &OpenWlan, &OpenSocket,
     };
     OpenLua(L);
     for (const Opener open : kOpeners) {
