@@ -88,6 +88,10 @@ void OpenDebug(lua_State* L) {
     lua_newtable(L);
     lua_insert(L, -2);
     lua_setfield(L, -2, "traceback");
+    lua_getfield(L, LUA_REGISTRYINDEX, "_LOADED"); // where require finds it
+    lua_pushvalue(L, -2);
+    lua_setfield(L, -2, LUA_DBLIBNAME);
+    lua_pop(L, 1);
     lua_setglobal(L, LUA_DBLIBNAME);
     lua_pop(L, 1);
 }
