@@ -263,6 +263,21 @@ void OpenStandard(lua_State* L, const luaL_Reg& library, const luaL_Reg* changes
     lua_pop(L, 1);
 }
 
+// The metatable of Lua's files serves as their methods too; a script that had it could run its own
+// code while memory is freed.
+void HideFileMetatable(lua_State* L) {
+    luaL_getmetatable(L, LUA_FILEHANDLE);
+    lua_newtable(L);
+    for (const char* name : {"close", "flush", "lines", "read", "seek", "setvbuf", "write"}) {
+        lua_getfield(L, -2, name);
+        lua_setfield(L, -2, name);
+    }
+    lua_setfield(L, -2, "__index");
+    lua_pushliteral(L, LUA_FILEHANDLE);
+    lua_setfield(L, -2, "__metatable");
+    lua_pop(L, 1);
+}
+
 // Nobody answers at the standard input: reading it would only wait.
 void CloseInput(lua_State* L) {
     lua_getglobal(L, LUA_IOLIBNAME);
@@ -303,6 +318,7 @@ void OpenFiles(lua_State* L, Player&) {
     lua_getfenv(L, -1);
     lua_setfield(L, LUA_REGISTRYINDEX, "player.io");
     lua_pop(L, 2);
+    HideFileMetatable(L);
     CloseInput(L);
     RunPrelude(L);
 }
