@@ -76,6 +76,39 @@ int LoadPieces(lua_State* L) {
     return Guarded(L, &LoadText);
 }
 
+// Runs the function of Lua's own that it stands for.
+int Original(lua_State* L) {
+    return lua_tocfunction(L, lua_upvalueindex(1))(L);
+}
+
+// Lua matches as deep in the machine's stack as the pattern is long, and doesn't watch it.
+template<bool find>
+int Match(lua_State* L) {
+    constexpr size_t kLongest = 8192;
+    const bool plain = find && lua_toboolean(L, 4) != 0;
+    if (!plain && lua_type(L, 2) == LUA_TSTRING && lua_objlen(L, 2) > kLongest)
+        return luaL_error(L, "el patrón es demasiado largo");
+    return Original(L);
+}
+
+// Lua reckons the count in an int, which may overflow.
+int Unpack(lua_State* L) {
+    constexpr lua_Number kMost = 1e6;
+    const lua_Number first = luaL_optnumber(L, 2, 1);
+    const lua_Number last = luaL_optnumber(L, 3, static_cast<lua_Number>(lua_objlen(L, 1)));
+    if (!(last - first < kMost))
+        return luaL_error(L, "demasiados valores para 'unpack'");
+    return Original(L);
+}
+
+void Watch(lua_State* L, const char* library, const char* name, lua_CFunction watched) {
+    lua_getglobal(L, library);
+    lua_getfield(L, -1, name);
+    lua_pushcclosure(L, watched, 1);
+    lua_setfield(L, -2, name);
+    lua_pop(L, 1);
+}
+
 // Of the debug library only what can't undo the player's own hook and limits.
 void OpenDebug(lua_State* L) {
     lua_pushcfunction(L, luaopen_debug);
@@ -107,6 +140,10 @@ void OpenLua(lua_State* L) {
         lua_setglobal(L, name);
     }
     OpenDebug(L);
+    Watch(L, "_G", "unpack", &Unpack);
+    Watch(L, LUA_STRLIBNAME, "find", &Match<true>);
+    for (const char* name : {"match", "gmatch", "gfind", "gsub"})
+        Watch(L, LUA_STRLIBNAME, name, &Match<false>);
     lua_register(L, "print", &PrintAll);
     lua_register(L, "load", &LoadPieces);
     lua_register(L, "loadstring", &Call<&LoadText>);
