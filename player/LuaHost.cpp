@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace player {
 namespace {
@@ -30,7 +31,9 @@ void Look(lua_State* L, lua_Debug*) {
 }
 
 int Interrupt(lua_State* L) {
-    lua_sethook(L, Look, LUA_MASKCOUNT, 1);
+    // A coroutine's error isn't yet one of whoever resumed it.
+    for (lua_State* const thread : {L, PlayerOf(L).lua})
+        lua_sethook(thread, Look, LUA_MASKCOUNT, 1);
     lua_pushliteral(L, "interrumpido");
     return lua_error(L);
 }
@@ -151,6 +154,8 @@ Player& PlayerOf(lua_State* L) {
 
 int Guarded(lua_State* L, Function function) {
     Player& player = PlayerOf(L);
+    if (player.stage.Stopping()) // nothing more happens, whoever caught the end
+        return Interrupt(L);
     int results = 0;
     switch (Run(L, player, function, results)) {
     case Outcome::Ended:
@@ -184,7 +189,12 @@ void Load(lua_State* L, std::string_view source, const std::string& name) {
         source.remove_prefix(std::min(source.find('\n'), source.size()));
     if (source.starts_with(LUA_SIGNATURE[0]))
         throw ScriptError(name + ": es un programa compilado, y solo se admite el texto");
-    if (luaL_loadbuffer(L, source.data(), source.size(), ("@" + name).c_str()) != 0)
+    // The compiler catches its own errors, so memory may be refused to it.
+    const std::string chunk = "@" + name;
+    const int native = std::exchange(PlayerOf(L).memory.native, 0);
+    const int status = luaL_loadbuffer(L, source.data(), source.size(), chunk.c_str());
+    PlayerOf(L).memory.native = native;
+    if (status != 0)
         throw ScriptError(lua_tostring(L, -1));
 }
 
