@@ -9,6 +9,11 @@
 namespace player {
 namespace {
 
+// What a font takes besides its file: FreeType's tables and the glyphs that are kept.
+constexpr std::size_t kOverhead = std::size_t{1} << 20;
+constexpr std::size_t kSystemFile = std::size_t{1} << 20;
+constexpr std::size_t kLongestText = std::size_t{1} << 20;
+
 struct FontValue {
     static constexpr const char* kName = "Font";
     std::unique_ptr<Typeface> face;
@@ -21,8 +26,8 @@ Typeface& CheckFont(lua_State* L, int index) {
 
 int LoadFont(lua_State* L, Player& player) {
     const std::string name = Text(L, 1);
-    std::string bytes = player.folder.Read(name);
-    Share share = Reserve(L, bytes.size());
+    std::string bytes = player.folder.Read(name, player.memory.Free());
+    Share share = Reserve(L, bytes.size() + kOverhead);
     auto face = Typeface::Open(std::move(bytes));
     if (!face)
         throw ScriptError(name + ": no es una fuente");
@@ -32,10 +37,11 @@ int LoadFont(lua_State* L, Player& player) {
 
 template<bool monospaced>
 int Create(lua_State* L, Player&) {
+    Share share = Reserve(L, kSystemFile + kOverhead);
     auto face = Typeface::OpenSystem(monospaced);
     if (!face)
         throw ScriptError("el sistema no tiene ninguna fuente");
-    Type<FontValue>::Push(L, {std::move(face), {}});
+    Type<FontValue>::Push(L, {std::move(face), std::move(share)});
     return 1;
 }
 
@@ -58,9 +64,14 @@ int SetPixelSizes(lua_State* L, Player&) {
     return 0;
 }
 
+// What goes far beyond the screen would only take time and memory.
+std::u32string Words(lua_State* L, int index) {
+    return Decode(Text(L, index).substr(0, kLongestText));
+}
+
 // A table with the fields width and height.
 int GetTextSize(lua_State* L, Player&) {
-    const TextSize size = CheckFont(L, 1).Measure(Decode(Text(L, 2)));
+    const TextSize size = CheckFont(L, 1).Measure(Words(L, 2));
     lua_createtable(L, 0, 2);
     lua_pushinteger(L, size.width);
     lua_setfield(L, -2, "width");
@@ -75,7 +86,7 @@ int FontPrint(lua_State* L, Player&) {
     Typeface& face = CheckFont(L, 2);
     const int y = Integer(L, 4) + face.Ascent();
     const Pixel color = CheckColor(L, 6, kBlack);
-    face.Draw(picture, Integer(L, 3), y, Decode(Text(L, 5)), color);
+    face.Draw(picture, Integer(L, 3), y, Words(L, 5), color);
     return 0;
 }
 

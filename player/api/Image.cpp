@@ -10,6 +10,7 @@ namespace player {
 namespace {
 
 constexpr Pixel kClear = 0;
+constexpr std::size_t kLongestText = std::size_t{1} << 20; // far beyond what is seen
 
 void PushPicture(lua_State* L, Picture picture, Share share) {
     picture.share = std::move(share);
@@ -37,7 +38,7 @@ int CreateEmpty(lua_State* L, Player&) {
 
 int LoadImage(lua_State* L, Player& player) {
     const std::string name = Text(L, 1);
-    const std::string bytes = player.folder.Read(name);
+    const std::string bytes = player.folder.Read(name, player.memory.Free());
     try {
         Picture picture = ReadPicture(bytes);
         Share share = ReservePixels(L, picture.width, picture.height);
@@ -100,7 +101,7 @@ int PixelAt(lua_State* L, Player&) {
 
 int Print(lua_State* L, Player& player) {
     Picture& picture = CheckPicture(L, 1);
-    const std::string text = Text(L, 4);
+    const std::string text = Text(L, 4).substr(0, kLongestText);
     player.cells.Draw(picture, Integer(L, 2), Integer(L, 3), text, CheckColor(L, 5, kBlack));
     return 0;
 }
