@@ -130,6 +130,12 @@ TEST_F(Program, TellsAnErrorWithTheDocumentsNameAndLine) {
         {std::string("\33Lua"), "año nuevo.lua: es un programa compilado"},
         {"local t = {}\nwhile true do t[#t + 1] = ('x'):rep(1e6) .. #t end", memory},
         {"local t = {}\nwhile true do t[#t + 1] = Image.createEmpty(512, 512) end", memory},
+        {"local t = {}\nwhile true do t[#t + 1] = Font.createMonoSpaced() end", memory},
+        {"require('debug').sethook()", "attempt to call field 'sethook'"},
+        {"getmetatable(io.stdout).__gc = print", "attempt to index"},
+        {"io.stdout.__index.__gc = print", "attempt to index"},
+        {"('a'):find(('a?'):rep(1e5))", "el patrón es demasiado largo"},
+        {"unpack({}, -2 ^ 31, 2 ^ 31 - 1)", "demasiados valores"},
         {"error({})", "(el error no es un texto)"},
     };
     for (const auto& [script, error] : kErrors) {
@@ -154,6 +160,12 @@ TEST_F(Program, EndsAScriptWhateverItIsAt) {
             << script;
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4)) << script;
     }
+    EXPECT_EQ(Start("coroutine.resume(coroutine.create(function() os.exit(3) end)) "
+                    "io.open('tarde', 'w')",
+                    "--frames 1")
+                  .code,
+              3);
+    EXPECT_FALSE(std::filesystem::exists(folder / "tarde"));
     const Ended ended =
         Start("n = 0 while true do n = n + 1 print(n) screen.waitVblankStart() screen.flip() end",
               "--frames 20");
