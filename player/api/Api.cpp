@@ -57,25 +57,6 @@ int LoadText(lua_State* L, Player&) {
     return 1;
 }
 
-// load: the text comes in pieces, from a function of the script's.
-int LoadPieces(lua_State* L) {
-    luaL_checktype(L, 1, LUA_TFUNCTION);
-    lua_settop(L, 2);
-    lua_pushliteral(L, "");
-    for (;;) {
-        lua_pushvalue(L, 1);
-        lua_call(L, 0, 1);
-        if (lua_isnil(L, -1) || lua_objlen(L, -1) == 0)
-            break;
-        if (!lua_isstring(L, -1))
-            return luaL_error(L, "la función debe devolver textos");
-        lua_concat(L, 2);
-    }
-    lua_pop(L, 1);
-    lua_replace(L, 1);
-    return Guarded(L, &LoadText);
-}
-
 // Runs the function of Lua's own that it stands for.
 int Original(lua_State* L) {
     return lua_tocfunction(L, lua_upvalueindex(1))(L);
@@ -145,7 +126,6 @@ void OpenLua(lua_State* L) {
     for (const char* name : {"match", "gmatch", "gfind", "gsub"})
         Watch(L, LUA_STRLIBNAME, name, &Match<false>);
     lua_register(L, "print", &PrintAll);
-    lua_register(L, "load", &LoadPieces);
     lua_register(L, "loadstring", &Call<&LoadText>);
 }
 
