@@ -4,7 +4,6 @@
 #include "api/Api.h"
 #include "api/Files.h"
 
-#include <SDL.h>
 #include <cstdio>
 
 namespace player {
@@ -57,9 +56,8 @@ int PowerValue(lua_State* L, Player& player) {
     return 1;
 }
 
+// The screen stays awake by itself as long as the window stands.
 int Tick(lua_State*, Player&) {
-    if (SDL_WasInit(SDL_INIT_VIDEO) != 0)
-        SDL_DisableScreenSaver();
     return 0;
 }
 
