@@ -2,6 +2,7 @@
 #include "Folder.h"
 
 #include "Encoding.h"
+#include "Reason.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -23,11 +24,6 @@ constexpr std::size_t kMaxEntries = 65536;
 constexpr int kAttempts = 64;
 constexpr int kFilePermissions = 0644;
 constexpr int kFolderPermissions = 0755;
-
-struct Reason {
-    int code;
-    const char* text;
-};
 
 constexpr std::array kReasons = {
     Reason{ENOENT, "no existe"},
@@ -52,10 +48,8 @@ std::string Shown(std::string_view path) {
 }
 
 [[noreturn]] void Fail(std::string_view path, int code) {
-    const auto reason = std::find_if(kReasons.begin(), kReasons.end(),
-                                     [code](const Reason& known) { return known.code == code; });
-    const std::string text =
-        reason == kReasons.end() ? "no se pudo (" + std::to_string(code) + ")" : reason->text;
+    const char* const known = TextOf(kReasons, code);
+    const std::string text = known ? known : "no se pudo (" + std::to_string(code) + ")";
     throw FolderError("'" + Shown(path) + "': " + text, code);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Network.h"
 
+#include "Reason.h"
 #include "ScriptError.h"
 
 #include <arpa/inet.h>
@@ -31,11 +32,6 @@ namespace {
 constexpr int kMostLookups = 8;
 constexpr int kBacklog = 16;
 
-struct Reason {
-    int code;
-    const char* text;
-};
-
 constexpr std::array kReasons = {
     Reason{ECONNREFUSED, "nadie atiende en ese puerto"},
     Reason{ECONNRESET, "el otro lado cortó la conexión"},
@@ -49,9 +45,8 @@ constexpr std::array kReasons = {
 };
 
 std::string TextOf(int code) {
-    const auto reason = std::find_if(kReasons.begin(), kReasons.end(),
-                                     [code](const Reason& known) { return known.code == code; });
-    return reason == kReasons.end() ? "error de red " + std::to_string(code) : reason->text;
+    const char* const known = TextOf(kReasons, code);
+    return known ? known : "error de red " + std::to_string(code);
 }
 
 std::vector<Address> Resolve(const std::string& host, int port, int flags) {

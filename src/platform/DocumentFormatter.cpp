@@ -2,6 +2,7 @@
 #include "platform/DocumentFormatter.h"
 
 #include "platform/TargetDevice.h"
+#include "platform/Twips.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
@@ -13,7 +14,6 @@
 namespace platform {
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
 constexpr double kWidest = 10'000'000; // pixels, as the toolkit can count
 constexpr int kBlocks = 256;           // of a piece
 constexpr qsizetype kCharactersOfABlock = 256;
@@ -22,7 +22,7 @@ QSize ResolutionOf(const QPaintDevice& device) {
     return {device.logicalDpiX(), device.logicalDpiY()};
 }
 
-QRectF ToPixels(const QRectF& twips, const QPaintDevice& device) {
+QRectF ToDevice(const QRectF& twips, const QPaintDevice& device) {
     const double x = device.logicalDpiX() / kTwipsPerInch;
     const double y = device.logicalDpiY() / kTwipsPerInch;
     return {twips.left() * x, twips.top() * y, twips.width() * x, twips.height() * y};
@@ -95,7 +95,7 @@ private:
 
 void DocumentFormatter::LayOut(const QTextDocument& document, QPaintDevice& device,
                                double lineWidth) {
-    const double pixels = ToPixels({0, 0, lineWidth, 0}, device).width();
+    const double pixels = ToDevice({0, 0, lineWidth, 0}, device).width();
     const int width = static_cast<int>(std::clamp(pixels, 1.0, kWidest));
     const bool same = m_document == &document && m_revision == document.revision() &&
                       m_width == width && m_resolution == ResolutionOf(device);
@@ -134,7 +134,7 @@ void DocumentFormatter::TakePiece(qsizetype first, int blocks) {
 
 qsizetype DocumentFormatter::Render(const FormatRange& range) {
     QPainter& painter = *range.hdc;
-    const QRectF rectangle = ToPixels(range.rc, *painter.device());
+    const QRectF rectangle = ToDevice(range.rc, *painter.device());
     const qsizetype length = m_document->characterCount() - 1;
     const qsizetype end = range.cpMax < 0 ? length : std::min(range.cpMax, length);
     if (range.cpMin >= end)

@@ -2,6 +2,7 @@
 #include "platform/RtfFormats.h"
 
 #include "platform/TargetDevice.h"
+#include "platform/Twips.h"
 
 #include <QTextOption>
 #include <algorithm>
@@ -9,7 +10,6 @@
 namespace platform {
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
 constexpr double kSingle = 240; // a proportional line spacing of 1
 
 void SetLineSpacing(QTextBlockFormat& format, const RtfParagraph& paragraph) {

@@ -3,6 +3,7 @@
 
 #include "platform/Failure.h"
 #include "platform/PrinterSetup.h"
+#include "platform/Twips.h"
 
 #include <QFontMetricsF>
 #include <QPrinterInfo>
@@ -11,8 +12,6 @@
 
 namespace platform {
 namespace {
-
-constexpr double kTwipsPerInch = 1440;
 
 Failure PrinterFailure(const QString& text) {
     return {FailureCode::Printer, QStringLiteral("Printer"), text};
@@ -45,12 +44,12 @@ std::unique_ptr<QPrinter> Prepared(const DeviceFactory& factory) {
     return device;
 }
 
-double ToTwips(double pixels, int resolution) {
+double DeviceToTwips(double pixels, int resolution) {
     return pixels * kTwipsPerInch / resolution;
 }
 
 int WholeTwips(int pixels, int resolution) {
-    return static_cast<int>(std::lround(ToTwips(pixels, resolution)));
+    return static_cast<int>(std::lround(DeviceToTwips(pixels, resolution)));
 }
 
 } // namespace
@@ -104,11 +103,11 @@ int SystemPrinter::PhysicalOffsetY() const {
 }
 
 double SystemPrinter::ScaleX(int pixels) const {
-    return ToTwips(pixels, m_device->logicalDpiX());
+    return DeviceToTwips(pixels, m_device->logicalDpiX());
 }
 
 double SystemPrinter::ScaleY(int pixels) const {
-    return ToTwips(pixels, m_device->logicalDpiY());
+    return DeviceToTwips(pixels, m_device->logicalDpiY());
 }
 
 void SystemPrinter::Font(const QString& name, double points) {
@@ -118,12 +117,13 @@ void SystemPrinter::Font(const QString& name, double points) {
 
 float SystemPrinter::TextWidth(const QString& text) const {
     const QFontMetricsF metrics(m_font, m_device.get());
-    return static_cast<float>(ToTwips(metrics.horizontalAdvance(text), m_device->logicalDpiX()));
+    return static_cast<float>(
+        DeviceToTwips(metrics.horizontalAdvance(text), m_device->logicalDpiX()));
 }
 
 float SystemPrinter::TextHeight(const QString&) const {
     const QFontMetricsF metrics(m_font, m_device.get());
-    return static_cast<float>(ToTwips(metrics.height(), m_device->logicalDpiY()));
+    return static_cast<float>(DeviceToTwips(metrics.height(), m_device->logicalDpiY()));
 }
 
 void SystemPrinter::Print(const QString& text) {
