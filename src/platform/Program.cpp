@@ -35,7 +35,8 @@ fs::path ChooseFolder(const fs::path& executable) {
     if (const char* home = std::getenv("QUILLMARK_HOME"); home && *home)
         return fs::absolute(home);
     fs::path beside = executable.parent_path();
-    if (::access(beside.c_str(), W_OK) == 0)
+    const bool ofThePackageManager = beside.native().starts_with("/usr/"); // root could write there
+    if (!ofThePackageManager && ::access(beside.c_str(), W_OK) == 0)
         return beside;
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     return fs::path(data.toStdString()) / "quillmark";
@@ -85,8 +86,10 @@ void FindHome() {
 void PrepareProgramFolder(const fs::path& executable) {
     Executable() = executable;
     Folder() = ChooseFolder(executable).lexically_normal();
+    const fs::path prefix = executable.parent_path().parent_path();
     try {
-        CopyMissing(executable.parent_path().parent_path() / "share" / "quillmark", Folder());
+        for (const char* installed : {"share", "libexec"})
+            CopyMissing(prefix / installed / "quillmark", Folder());
     } catch (const fs::filesystem_error& error) {
         qCWarning(lcQuillmark) << "the program's folder can't be filled:" << error.what();
     }

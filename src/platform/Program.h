@@ -14,8 +14,9 @@ QString ProgramVersion();
 /// Gives a process without HOME the home folder of its user. Call before anything else.
 void FindHome();
 
-/// Finds the program's folder and puts the installed data files there that it lacks. It is
-/// QUILLMARK_HOME if that is set, else the folder of the executable if it can be written, else
+/// Finds the program's folder and puts the installed files there that it lacks: data from
+/// share/quillmark, programs from libexec/quillmark. It is QUILLMARK_HOME if that is set, else the
+/// folder of the executable if it can be written and isn't below /usr, else
 /// $XDG_DATA_HOME/quillmark. Files that are there already are the user's and stay as they are.
 /// Call once, before the current directory moves.
 void PrepareProgramFolder(const std::filesystem::path& executable);

@@ -15,8 +15,8 @@ TEST(Program, ItsFolderIsFilledWithoutTouchingWhatIsThere) {
     home.Put("prefijo/share/quillmark/Code/codea", "ejemplo");
     home.Put("programa/config.ini", "del usuario");
     fs::permissions(home.Root() / "prefijo/share/quillmark/Code/codea", fs::perms(0444));
-    home.Put("prefijo/share/quillmark/QM/jugar", "#!/bin/sh");
-    fs::permissions(home.Root() / "prefijo/share/quillmark/QM/jugar", fs::perms(0755));
+    home.Put("prefijo/libexec/quillmark/QM/jugar", "#!/bin/sh");
+    fs::permissions(home.Root() / "prefijo/libexec/quillmark/QM/jugar", fs::perms(0755));
     fs::create_directories(home.Root() / "programa/QM");
     fs::create_symlink("/no/hay", home.Root() / "programa/QM/jugar"); // of a former installation
     PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
@@ -39,6 +39,8 @@ TEST(Program, ItsFolderWithoutAnOverride) {
     PrepareProgramFolder("/proc/no/se/escribe/quillmark");
     EXPECT_EQ(ProgramFolder(), u"C:\\datos\\quillmark"_s);
     EXPECT_TRUE(fs::is_directory(home.Root() / "datos/quillmark"));
+    PrepareProgramFolder("/usr/bin/quillmark"); // whoever starts it
+    EXPECT_EQ(ProgramFolder(), u"C:\\datos\\quillmark"_s);
     qunsetenv("HOME");
     FindHome();
     EXPECT_TRUE(fs::is_directory(qgetenv("HOME").toStdString()));
