@@ -3,67 +3,12 @@
 # Drives the program given as a user would: keys in a real window, real files. Each step waits for
 # what it expects to see and fails if that doesn't come.
 set -uo pipefail
-. "$(dirname "$0")/../../scripts/setup.sh"
+. "$(dirname "$0")/window.sh"
 
-program=$(realpath "$1")
-home=$(mktemp -d)
-export HOME=$home QUILLMARK_HOME=$home/programa XDG_CONFIG_HOME=$home/.config XDG_RUNTIME_DIR=$home/run
-export XDG_DATA_HOME=$home/.local/share QUILLMARK_DRIVES=E=$home/stick
-export LC_ALL=C.UTF-8
-unset XDG_CURRENT_DESKTOP DESKTOP_SESSION KDE_FULL_SESSION KDE_SESSION_VERSION QT_QPA_PLATFORM
-mkdir -p "$home/juegos" "$home/programa" && mkdir -m 700 "$home/run"
-start_display 1366x850
-trap 'kill ${pid:-} $display_pids 2>/dev/null; rm -rf "$home"' EXIT
-
-fail() {
-    echo "FAILED: $*" >&2
-    import -window root "${TMPDIR:-/tmp}/quillmark-e2e.png"
-    exit 1
-}
-wait_for() { # WHAT COMMAND...
-    local what=$1
-    shift
-    for _ in $(seq 200); do
-        "$@" >/dev/null 2>&1 && return
-        kill -0 "$pid" 2>/dev/null || [ "$what" = "end of the program" ] || fail "$what: the program ended"
-        sleep 0.1
-    done
-    fail "$what"
-}
-ended() { ! kill -0 "$pid" 2>/dev/null; }
-on_top() { xdotool getactivewindow getwindowname | grep -q "$1"; }
-nothing_on_top() { ! on_top .; }
-# Visible, too: a new window can have the number of the last active one before it is shown.
-main_window() { xdotool search --onlyvisible --name '^Quillmark v' && on_top '^Quillmark v'; }
 content() { cmp -s <(printf "$2") "$1"; } # FILE, the bytes as printf writes them
 is_default() { [ "$(xdg-mime query default "$1")" = "$2" ]; } # MIME type, desktop entry
 ends() { tail -c "$(printf "$2" | wc -c)" "$1" | content - "$2"; }
 begins() { printf "$2" | cmp -s -n "$(printf "$2" | wc -c)" - "$1"; }
-start() {
-    start_by "$program" "$@"
-}
-start_by() { # COMMAND...
-    "$@" &
-    pid=$!
-    wait_for "main window" main_window
-    sleep 0.5
-}
-press() { xdotool key --delay 60 "$@"; }
-type_text() { xdotool type --delay 15 "$1"; }
-# A new script comes with the explorer in front of it, which is closed again.
-close_explorer() {
-    sleep 0.5
-    press ctrl+F4
-    sleep 0.3
-}
-leave() {
-    press ctrl+q
-    wait_for "question before the end" on_top '^Quillmark$'
-    sleep 0.3
-    press Return
-    wait_for "end of the program" ended
-    wait_for "end of the program" nothing_on_top
-}
 
 # The first run opens the configuration and no script. Both types of files are registered there.
 mkdir "$QUILLMARK_HOME/QM"
