@@ -76,6 +76,8 @@ void Form::Disappear() {
 }
 
 void Form::Move(int left, int top, int width, int height) {
+    if (State() != WindowState::Normal)
+        return;
     const QSize inner(ToPixels(width - kFrameWidth), ToPixels(height - kFrameHeight));
     const QMargins frame = m_shell ? m_shell->contentsMargins() : QMargins();
     Shell()->setGeometry(QRect(QPoint(ToPixels(left), ToPixels(top)), inner.grownBy(frame)));

@@ -41,6 +41,7 @@ public:
     virtual bool IsBusy() const { return false; }
     bool IsLoaded() const { return m_stage == Stage::Loaded || m_stage == Stage::Closing; }
 
+    /// A minimised or maximised window stays where it is.
     void Move(int left, int top, int width, int height);
     int ScaleWidth() const { return ToTwips(width()); }
     int ScaleHeight() const { return ToTwips(height()); }

@@ -120,6 +120,7 @@ TEST_F(frmDocumentoTest, TellsTheFrameItsStateAndLeavesTheStripFree) {
     EXPECT_TRUE(fills());
     documento->State(WindowState::Maximised);
     EXPECT_EQ(marco.rotulo, u"Quillmark v2.0.0 - Nuevo script 1"_s);
+    documento->Move(0, 0, 8000, 6000); // as the opening of a file does
     EXPECT_TRUE(fills());
     EXPECT_GT(documento->width(), 700);
     documento->State(WindowState::Minimised);
