@@ -164,7 +164,9 @@ void CodeMax::PrintDoc(int, int flags) {
     if (flags == kPageSetupFlags)
         SetUpScriptPage(window());
     else if (flags == kPrintFlags)
-        PrintScript(*m_editor, parentWidget()->windowTitle());
+        // A title of the toolkit has each "[*]" twice.
+        PrintScript(*m_editor, parentWidget()->windowTitle().replace(QStringLiteral("[*][*]"),
+                                                                     QStringLiteral("[*]")));
     else
         Refuse(QStringLiteral("la impresión"), flags);
 }
