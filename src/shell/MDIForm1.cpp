@@ -442,10 +442,15 @@ void MDIForm1::mnuventanaorganizar_Click() {
 }
 
 void MDIForm1::TodasAlEstado(platform::WindowState estado) {
-    for (platform::Form* form : Forms()) {
-        if (!form->Shell()->isHidden()) // what is loaded only stays so
-            form->State(estado);
+    std::vector<platform::Form*> visibles = Forms();
+    std::erase_if(visibles, [](platform::Form* form) { return form->Shell()->isHidden(); });
+    // The place of a maximised one that goes is taken by the next.
+    for (platform::Form* form : visibles) {
+        if (form->State() == platform::WindowState::Maximised)
+            form->State(platform::WindowState::Normal);
     }
+    for (platform::Form* form : visibles)
+        form->State(estado);
 }
 
 void MDIForm1::mnuventanaminimizar_Click() {

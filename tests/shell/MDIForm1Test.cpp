@@ -202,8 +202,12 @@ TEST_F(MDIForm1Test, WindowCommandsReachAllChildren) {
         for (const platform::Form* form : Windows())
             EXPECT_EQ(form->State(), state);
     };
-    Press("mnuventanaminimizar");
-    all(WindowState::Minimised);
+    for (const WindowState before : {WindowState::Normal, WindowState::Maximised}) {
+        principal.ActiveForm()->State(before);
+        Press("mnuventanaminimizar");
+        all(WindowState::Minimised);
+        principal.ActiveForm()->Show();
+    }
     Press("mnuventanaorganizar");
     Press("mnuventanarestaurar");
     all(WindowState::Normal);
