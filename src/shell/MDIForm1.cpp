@@ -182,22 +182,25 @@ void MDIForm1::crear_temporal_click() {
 
 frmDocumento* MDIForm1::NuevoScript() {
     const QPointer<frmDocumento> documento = CrearDocumento();
-    ++m_compartido.numero_documentos;
-    documento->Caption(QStringLiteral("Nuevo script %1").arg(m_compartido.numero_documentos));
-    documento->Show();
-    mnuherramientasExplorador_Click();
+    NumerarYMostrar(*documento);
     return documento;
 }
 
+void MDIForm1::NumerarYMostrar(frmDocumento& documento) {
+    ++m_compartido.numero_documentos;
+    documento.Caption(QStringLiteral("Nuevo script %1").arg(m_compartido.numero_documentos));
+    documento.Show();
+    mnuherramientasExplorador_Click();
+}
+
 void MDIForm1::mnuarchivonuevo_Click() {
-    frmDocumento* documento = NuevoScript();
-    FrmDoc = documento;
-    if (!documento)
-        return;
+    frmDocumento* documento = CrearDocumento();
+    FrmDoc = documento; // another can be made while the explorer still reads its folder
     connect(documento, &platform::Form::Unloaded, this, [this, documento] {
         if (FrmDoc == documento)
             FrmDoc.clear();
     });
+    NumerarYMostrar(*documento);
 }
 
 void MDIForm1::mnuarchivoabrir_Click() {

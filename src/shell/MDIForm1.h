@@ -99,6 +99,7 @@ private:
     documents::frmDocumento* DocumentoActivo() const;
     void ConDocumento(void (documents::CodeMax::*operacion)());
     documents::frmDocumento* CrearDocumento();
+    void NumerarYMostrar(documents::frmDocumento& documento);
     documents::frmDocumento* DocumentoDeArchivo(const QString& ruta);
     void AbrirLineaDeComandos();
     void AbrirRuta(const QString& ruta);

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QMimeData>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 using documents::frmDocumento;
@@ -44,6 +45,12 @@ TEST_F(MDIForm1Test, NewDocumentsAreNumberedByTheirCount) {
     principal.FrmDoc->Unload();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(principal.FrmDoc.isNull());
+}
+
+TEST_F(MDIForm1Test, TheScriptMadeLastIsAlsoSoIfTheExplorerStillReadsItsFolder) {
+    QTimer::singleShot(0, &principal, &shell::MDIForm1::mnuarchivonuevo_Click);
+    Press("mnuarchivonuevo");
+    EXPECT_EQ(principal.FrmDoc->Caption(), u"Nuevo script 2"_s);
 }
 
 TEST_F(MDIForm1Test, AbrirShowsTheFileAndRemembersIt) {
