@@ -144,9 +144,9 @@ frmDocumento* MDIForm1::DocumentoActivo() const {
     return dynamic_cast<frmDocumento*>(ActiveForm());
 }
 
-void MDIForm1::ConDocumento(void (CodeMax::*operacion)()) {
+void MDIForm1::ConDocumento(const std::function<void(CodeMax&)>& operacion) {
     if (frmDocumento* documento = DocumentoActivo())
-        (documento->txtFile().*operacion)();
+        RunSilently([&] { operacion(documento->txtFile()); });
 }
 
 frmDocumento* MDIForm1::CrearDocumento() {
@@ -302,10 +302,7 @@ void MDIForm1::mnuedicionpegar_Click() {
 }
 
 void MDIForm1::mnuedicionseleccionar_Click() {
-    RunSilently([this] {
-        if (frmDocumento* documento = DocumentoActivo())
-            documento->txtFile().ExecuteCmd(documents::kSelectAllCommand);
-    });
+    ConDocumento([](CodeMax& editor) { editor.ExecuteCmd(documents::kSelectAllCommand); });
 }
 
 void MDIForm1::AbrirProyecto(const QString& ruta, const QString& rotulo) {

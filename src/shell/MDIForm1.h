@@ -14,6 +14,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <functional>
 #include <memory>
 
 namespace shell {
@@ -97,7 +98,8 @@ private:
     bool ConfirmarSalida();
     /// Null while a tool window or nothing is active.
     documents::frmDocumento* DocumentoActivo() const;
-    void ConDocumento(void (documents::CodeMax::*operacion)());
+    /// Nothing happens without one; a failure is ignored.
+    void ConDocumento(const std::function<void(documents::CodeMax&)>& operacion);
     documents::frmDocumento* CrearDocumento();
     void NumerarYMostrar(documents::frmDocumento& documento);
     documents::frmDocumento* DocumentoDeArchivo(const QString& ruta);

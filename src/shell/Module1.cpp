@@ -3,9 +3,8 @@
 
 #include "platform/CodePage.h"
 #include "platform/Dialogs.h"
-#include "platform/Failure.h"
 #include "platform/FileAssociation.h"
-#include "platform/Log.h"
+#include "platform/Handler.h"
 #include "platform/ProfileFile.h"
 #include "platform/Program.h"
 #include "platform/Registry.h"
@@ -37,11 +36,8 @@ QString LeerIni(const QString& Archivo, const QString& Seccion, const QString& C
 
 void EscribirIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
                  const QString& Valor) {
-    try {
-        platform::WritePrivateProfileStringA(Seccion, Clave, Valor, Archivo);
-    } catch (const platform::Failure& failure) {
-        qCWarning(platform::lcQuillmark) << "setting not written:" << failure.Text();
-    }
+    platform::RunSilently(
+        [&] { platform::WritePrivateProfileStringA(Seccion, Clave, Valor, Archivo); });
 }
 
 void Asociar(const QString& Descripcion, const QString& RutaPrograma, const QString& Extension,
