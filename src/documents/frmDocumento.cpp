@@ -170,12 +170,12 @@ void frmDocumento::Form_QueryUnload(bool& cancel) {
 }
 
 void frmDocumento::Form_Unload() {
-    --m_compartido.numero_documentos;
     const QString temporal = shared::RutaTemporal();
     platform::RunSilently([&] {
         if (fso.FileExists(temporal))
             fso.DeleteFile(temporal, true);
     });
+    --m_compartido.numero_documentos;
 }
 
 } // namespace documents
