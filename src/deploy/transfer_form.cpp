@@ -76,7 +76,7 @@ void transfer_form::KewlButtons1_Click() {
 
 // The project folder is made anew, so nothing of an earlier transfer stays.
 void transfer_form::EscribirScript(const Destino& destino, const QString& texto) {
-    if (fso.FolderExists(destino.Proyecto()) || fso.FileExists(destino.Proyecto()))
+    if (fso.FolderExists(destino.Proyecto()))
         fso.DeleteFolder(destino.Proyecto(), true);
     fso.CreateFolder(destino.Proyecto());
     const QByteArray utf8 = texto.toUtf8() + "\r\n";

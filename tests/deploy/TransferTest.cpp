@@ -108,6 +108,7 @@ TEST_F(TransferTest, EachLoaderMakesItsTree) {
 
 TEST_F(TransferTest, WhatCannotBeIsRefusedBeforeTheStickIsTouched) {
     home.Put("stick/psp/GAME/juego/mío", "x");
+    home.Put("stick/psp/GAME/ajeno", "x");
     const QString before = Tree();
     const auto refused = [&](const QString& drive, const QString& name, const QString& text) {
         compartido.nombre_script = name;
@@ -123,6 +124,7 @@ TEST_F(TransferTest, WhatCannotBeIsRefusedBeforeTheStickIsTouched) {
         refused(u"E:"_s, name, u"no puede ser el nombre"_s);
     refused(u"E:"_s, QString(), u"aún no tiene nombre"_s);
     refused(QString(), u"juego"_s, u"Elige en PSP"_s);
+    refused(u"E:"_s, u"ajeno"_s, u"GAME\\ajeno\": ya existe"_s); // no folder
     refused(u"C:"_s, u"juego"_s, u"no existe la carpeta C:\\PSP\\GAME"_s);
     fs::rename(home.Root() / "stick", home.Root() / "fuera");
     dialogs.Expect(u"La unidad E: no está"_s, Answer::Ok);
