@@ -78,7 +78,9 @@ std::optional<QString> DefectoDeNombre(const QString& nombre) {
     const QString shown = platform::DisplayText(nombre);
     if (nombre.isEmpty())
         return QStringLiteral("El script aún no tiene nombre. Pasa el ratón por la franja que hay "
-                              "encima de su texto y vuelve a intentarlo.");
+                              "encima de su texto y vuelve a intentarlo. Ese nombre es el del "
+                              "documento sin sus cuatro últimas letras: si no tiene más de cuatro, "
+                              "guárdalo antes con otro más largo.");
     if (nombre == u"." || nombre == u".." || HasForbiddenCharacter(shown) || IsDevice(nombre) ||
         IsShortName(nombre) || !nombre.isValidUtf16() || nombre.endsWith(u'.') ||
         nombre.endsWith(u' ') || nombre.size() > kLongestName)

@@ -122,7 +122,7 @@ TEST_F(TransferTest, WhatCannotBeIsRefusedBeforeTheStickIsTouched) {
          {u"."_s, u".."_s, u"a\\b"_s, u"a/b"_s, u"C:"_s, u"a\nb"_s, u"a?"_s, u"a\uF03Fb"_s,
           u"nul.x"_s, u"JUEGOL~1"_s, QString(QChar(0xD800)), u"a."_s, u"a "_s, QString(256, u'a')})
         refused(u"E:"_s, name, u"no puede ser el nombre"_s);
-    refused(u"E:"_s, QString(), u"aún no tiene nombre"_s);
+    refused(u"E:"_s, QString(), u"si no tiene más de cuatro, guárdalo"_s); // hovering won't do
     refused(QString(), u"juego"_s, u"Elige en PSP"_s);
     refused(u"E:"_s, u"ajeno"_s, u"GAME\\ajeno\": ya existe"_s); // no folder
     refused(u"C:"_s, u"juego"_s, u"no existe la carpeta C:\\PSP\\GAME"_s);
