@@ -5,7 +5,7 @@
 #include "platform/Handler.h"
 #include "platform/LoadPicture.h"
 #include "platform/Program.h"
-#include "shell/Module1.h"
+#include "shared/Module1.h"
 #include "ui_Explorador.h"
 
 #include <QPointer>

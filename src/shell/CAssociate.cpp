@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/CAssociate.h"
 
-#include "shell/Module1.h"
+#include "shared/Module1.h"
 
 namespace shell {
 namespace {

@@ -5,7 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/Paths.h"
 #include "platform/UserSettings.h"
-#include "shell/Module1.h"
+#include "shared/Module1.h"
 
 namespace shell {
 namespace {

@@ -3,9 +3,9 @@
 
 #include "documents/frmDocumento.h"
 #include "platform/Clock.h"
+#include "shared/Module1.h"
 #include "shell/Dibujos.h"
 #include "shell/MDIForm1.h"
-#include "shell/Module1.h"
 #include "ui_Form0.h"
 
 #include <QCoreApplication>

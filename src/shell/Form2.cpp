@@ -3,8 +3,8 @@
 
 #include "platform/Handler.h"
 #include "platform/Program.h"
+#include "shared/Module1.h"
 #include "shell/CAssociate.h"
-#include "shell/Module1.h"
 #include "ui_Form2.h"
 
 namespace shell {

@@ -5,7 +5,7 @@
 #include "platform/Files.h"
 #include "platform/Handler.h"
 #include "platform/Program.h"
-#include "shell/Module1.h"
+#include "shared/Module1.h"
 #include "ui_Form7.h"
 
 #include <QApplication>

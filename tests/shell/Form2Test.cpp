@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form2.h"
 #include "platform/Registry.h"
+#include "shared/Module1.h"
 #include "shell/CAssociate.h"
-#include "shell/Module1.h"
 #include "support/MainWindow.h"
 
 #include <QCheckBox>

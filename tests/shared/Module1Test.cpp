@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/Module1.h"
+#include "shared/Module1.h"
 #include "support/TestHome.h"
 
 #include <gtest/gtest.h>
