@@ -7,7 +7,6 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 namespace platform {
@@ -63,17 +62,6 @@ void FileHandle::Write(QByteArrayView bytes, qint64 offset) const {
 void FileHandle::Sync() const {
     if (::fsync(m_fd) != 0 && errno != EINVAL)
         ThrowErrno();
-}
-
-FolderLock::FolderLock(const std::filesystem::path& folder)
-    : m_fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (m_fd >= 0)
-        ::flock(m_fd, LOCK_EX);
-}
-
-FolderLock::~FolderLock() {
-    if (m_fd >= 0)
-        ::close(m_fd);
 }
 
 void SyncFolder(const std::filesystem::path& folder) {

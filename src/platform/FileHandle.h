@@ -31,19 +31,6 @@ private:
     int m_fd;
 };
 
-/// Keeps other copies of the program that want the same lock waiting while it lives. Never fails:
-/// where a folder can't be opened or locked, nobody waits.
-class FolderLock {
-public:
-    explicit FolderLock(const std::filesystem::path& folder);
-    ~FolderLock();
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-
-private:
-    int m_fd;
-};
-
 /// Puts the names in a folder on the disk. Some file systems can't; then nothing happens.
 void SyncFolder(const std::filesystem::path& folder);
 

@@ -3,7 +3,6 @@
 
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
-#include "platform/FileHandle.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 
@@ -158,7 +157,6 @@ int GetPrivateProfileStringA(const QString& section, const QString& key, const Q
 
 void WritePrivateProfileStringA(const QString& section, const QString& key, const QString& value,
                                 const QString& path) {
-    const FolderLock lock(ToNative(path).parent_path()); // another copy's key must not get lost
     const QByteArray old = PathFileExistsA(path) ? ReadFile(path) : QByteArray();
     // A line end inside a value would break the file up.
     const QString line = value.section(u'\n', 0, 0).section(u'\r', 0, 0);

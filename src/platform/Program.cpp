@@ -2,7 +2,6 @@
 #include "platform/Program.h"
 
 #include "platform/Failure.h"
-#include "platform/FileHandle.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
 
@@ -89,8 +88,6 @@ void PrepareProgramFolder(const fs::path& executable) {
     Folder() = ChooseFolder(executable).lexically_normal();
     const fs::path prefix = executable.parent_path().parent_path();
     try {
-        fs::create_directories(Folder());
-        const FolderLock lock(Folder()); // two copies that start at once share the ".new" names
         for (const char* installed : {"share", "libexec"})
             CopyMissing(prefix / installed / "quillmark", Folder());
     } catch (const fs::filesystem_error& error) {

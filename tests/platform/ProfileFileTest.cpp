@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/ProfileFile.h"
 #include "platform/Failure.h"
-#include "platform/Files.h"
 #include "support/TestHome.h"
 
 #include <array>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace platform;
@@ -71,32 +68,4 @@ TEST(ProfileFile, TheCallsWorkOnRealFiles) {
     EXPECT_EQ(read("a"), "1234567");
     EXPECT_THROW(WritePrivateProfileStringA(u"s"_s, u"a"_s, QString(), u"C:\\nada\\config.ini"_s),
                  Failure);
-}
-
-TEST(ProfileFile, TwoCopiesOfTheProgramKeepEachOthersKeys) {
-    const support::TestHome home;
-    const QString path = u"C:\\config.ini"_s;
-    constexpr int kWrites = 100;
-    // True if what was written last was there each time, and no write failed.
-    const auto write = [&](const char* key) {
-        try {
-            for (int i = 0; i < kWrites; ++i) {
-                WritePrivateProfileStringA(u"s"_s, QLatin1StringView(key), QString::number(i),
-                                           path);
-                ::usleep(500); // the other's turn
-                if (ProfileValue(ReadFile(path), "s", key) != QByteArray::number(i))
-                    return false;
-            }
-        } catch (const Failure&) {
-            return false;
-        }
-        return true;
-    };
-    const pid_t other = ::fork();
-    if (other == 0)
-        ::_exit(write("b") ? 0 : 1);
-    EXPECT_TRUE(write("a"));
-    int status = -1;
-    ASSERT_EQ(::waitpid(other, &status, 0), other);
-    EXPECT_EQ(status, 0);
 }
