@@ -2,6 +2,7 @@
 #include "platform/Program.h"
 
 #include "platform/Failure.h"
+#include "platform/FolderLock.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
 
@@ -88,6 +89,8 @@ void PrepareProgramFolder(const fs::path& executable) {
     Folder() = ChooseFolder(executable).lexically_normal();
     const fs::path prefix = executable.parent_path().parent_path();
     try {
+        fs::create_directories(Folder());
+        const FolderLock lock(Folder()); // two first starts at once
         for (const char* installed : {"share", "libexec"})
             CopyMissing(prefix / installed / "quillmark", Folder());
     } catch (const fs::filesystem_error& error) {

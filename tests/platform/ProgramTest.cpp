@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Program.h"
 #include "platform/Failure.h"
+#include "support/Copies.h"
 #include "support/TestHome.h"
 
 #include <gtest/gtest.h>
@@ -27,6 +28,20 @@ TEST(Program, ItsFolderIsFilledWithoutTouchingWhatIsThere) {
     EXPECT_EQ(home.Get("programa/Code/codea"), "ejemplo");
     const auto permissions = fs::status(home.Root() / "programa/Code/codea").permissions();
     EXPECT_NE(permissions & fs::perms::owner_write, fs::perms::none);
+}
+
+TEST(Program, CopiesOfItFillTheFolderTogether) {
+    const support::TestHome home;
+    const QByteArray whole(1 << 22, 'x');
+    for (int i = 0; i < 8; ++i)
+        home.Put("prefijo/share/quillmark/data/" + std::to_string(i), whole);
+    EXPECT_TRUE(support::InCopies([&](int) {
+        PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
+        bool all = true;
+        for (int i = 0; i < 8; ++i)
+            all = all && home.Get("programa/data/" + std::to_string(i)) == whole;
+        return all;
+    }));
 }
 
 TEST(Program, ItsFolderWithoutAnOverride) {
