@@ -4,6 +4,7 @@
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
 #include "platform/Files.h"
+#include "platform/FolderLock.h"
 #include "platform/Paths.h"
 
 #include <algorithm>
@@ -157,6 +158,8 @@ int GetPrivateProfileStringA(const QString& section, const QString& key, const Q
 
 void WritePrivateProfileStringA(const QString& section, const QString& key, const QString& value,
                                 const QString& path) {
+    // Between reading and writing, another copy of the program could change another key.
+    const FolderLock lock(ToNative(path, LastName::AsWritten).parent_path());
     const QByteArray old = PathFileExistsA(path) ? ReadFile(path) : QByteArray();
     // A line end inside a value would break the file up.
     const QString line = value.section(u'\n', 0, 0).section(u'\r', 0, 0);

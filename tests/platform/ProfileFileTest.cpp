@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/ProfileFile.h"
 #include "platform/Failure.h"
+#include "support/Copies.h"
 #include "support/TestHome.h"
 
 #include <array>
@@ -68,4 +69,15 @@ TEST(ProfileFile, TheCallsWorkOnRealFiles) {
     EXPECT_EQ(read("a"), "1234567");
     EXPECT_THROW(WritePrivateProfileStringA(u"s"_s, u"a"_s, QString(), u"C:\\nada\\config.ini"_s),
                  Failure);
+}
+
+TEST(ProfileFile, CopiesOfTheProgramLoseNoKeyOfEachOther) {
+    const support::TestHome home;
+    const QString path = home.Put("config.ini", "[inicio]\r\n");
+    EXPECT_TRUE(support::InCopies([&](int number) {
+        for (int i = 0; i < 10; ++i)
+            WritePrivateProfileStringA(u"inicio"_s, u"%1.%2"_s.arg(number).arg(i), u"si"_s, path);
+        return true;
+    }));
+    EXPECT_EQ(home.Get("config.ini").count("=si\r\n"), 40);
 }
