@@ -57,6 +57,20 @@ void SaveSetting(const QString& application, const QString& section, const QStri
     Sync(store);
 }
 
+void SaveSettings(const QString& application, const QString& section,
+                  const QMap<QString, QString>& values) {
+    QSettings store = Store(application);
+    const QStringList stored = store.allKeys();
+    for (auto value = values.begin(); value != values.end(); ++value) {
+        const QString path = Spelled(stored, Path(section, value.key()));
+        if (value->isNull())
+            store.remove(path);
+        else
+            store.setValue(path, *value);
+    }
+    Sync(store);
+}
+
 void DeleteSetting(const QString& application, const QString& section, const QString& key) {
     const QSettings store = Store(application);
     const QString path = Spelled(store.allKeys(), Path(section, key));

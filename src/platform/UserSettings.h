@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QMap>
 #include <QString>
 
 namespace platform {
@@ -16,6 +17,10 @@ QString GetSetting(const QString& application, const QString& section, const QSt
 /// says so.
 void SaveSetting(const QString& application, const QString& section, const QString& key,
                  const QString& value);
+/// Several keys at once: whenever the program is ended, all of the changes are there or none. A
+/// null text deletes its key, which need not be there.
+void SaveSettings(const QString& application, const QString& section,
+                  const QMap<QString, QString>& values);
 /// Fails (FileNotFound) if there is no such key.
 void DeleteSetting(const QString& application, const QString& section, const QString& key);
 /// Deletes the whole section. Fails (FileNotFound) if there is no such section.

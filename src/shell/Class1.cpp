@@ -7,6 +7,9 @@
 #include "platform/UserSettings.h"
 #include "shared/Module1.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace shell {
 namespace {
 
@@ -20,24 +23,24 @@ constexpr int kEntradas = 25;
 } // namespace
 
 void Class1::Init(platform::MenuArray& menuReciente, QAction& menuSeparador) {
-    lista_recientes.clear();
     while (menuReciente.Count() < kEntradas) {
         menuReciente.Load();
         menuReciente(menuReciente.Count()).setVisible(false);
     }
-    for (int i = 1; i <= cantidad_maxima; ++i) {
-        const QString ruta =
-            platform::GetSetting(kAplicacion, kSeccion, QString::number(i), QString());
-        if (ruta.isEmpty())
-            break;
-        lista_recientes.append(ruta);
-    }
+    lista_recientes = ListaGuardada();
     MenuReciente = MenuReciente ? MenuReciente : &menuReciente;
     MenuSeparador = MenuSeparador ? MenuSeparador : &menuSeparador;
     ActualizarMenu();
 }
 
 void Class1::NuevoElemento(const QString& Ruta_Archivo) {
+    // Another copy of the program may have stored paths since.
+    QStringList lista = ListaGuardada();
+    for (const QString& ruta : std::as_const(lista_recientes)) {
+        if (!lista.contains(ruta))
+            lista.append(ruta);
+    }
+    lista_recientes = lista;
     lista_recientes.removeAll(Ruta_Archivo);
     lista_recientes.prepend(Ruta_Archivo);
     while (lista_recientes.size() > cantidad_maxima)
@@ -86,16 +89,23 @@ void Class1::ActualizarMenu() {
     MenuSeparador->setVisible((*MenuReciente)(1).isVisible());
 }
 
-void Class1::GuardarLista() const {
-    for (qsizetype i = 1; i <= lista_recientes.size(); ++i)
-        platform::SaveSetting(kAplicacion, kSeccion, QString::number(i), lista_recientes.at(i - 1));
-    for (qsizetype i = lista_recientes.size() + 1; i <= cantidad_maxima; ++i) {
-        try {
-            platform::DeleteSetting(kAplicacion, kSeccion, QString::number(i));
-        } catch (const platform::Failure&) {
-            // The key was not there.
-        }
+QStringList Class1::ListaGuardada() const {
+    QStringList lista;
+    for (int i = 1; i <= cantidad_maxima; ++i) {
+        const QString ruta =
+            platform::GetSetting(kAplicacion, kSeccion, QString::number(i), QString());
+        if (ruta.isEmpty())
+            break;
+        lista.append(ruta);
     }
+    return lista;
+}
+
+void Class1::GuardarLista() const {
+    QMap<QString, QString> claves;
+    for (qsizetype i = 1; i <= std::max<qsizetype>(lista_recientes.size(), cantidad_maxima); ++i)
+        claves.insert(QString::number(i), lista_recientes.value(i - 1)); // null behind the last one
+    platform::SaveSettings(kAplicacion, kSeccion, claves);
 }
 
 } // namespace shell

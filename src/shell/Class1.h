@@ -18,7 +18,7 @@ public:
 
     /// Both menu references must outlive this object.
     void Init(platform::MenuArray& MenuReciente, QAction& MenuSeparador);
-    /// Puts the path at the front and stores the list.
+    /// Puts the path at the front and stores the list, with what other copies stored in it since.
     void NuevoElemento(const QString& Ruta_Archivo);
     /// The path at the position, from 1; empty where there is none.
     QString ObtenerPath(int indice_Menu) const;
@@ -34,6 +34,7 @@ public:
 
 private:
     void ActualizarMenu();
+    QStringList ListaGuardada() const;
     void GuardarLista() const;
 
     QStringList lista_recientes;

@@ -73,6 +73,16 @@ TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
     EXPECT_EQ(siguiente.ObtenerPath(4), QString());
 }
 
+TEST_F(Class1Test, TwoCopiesOfTheProgramLoseNoPathOfEachOther) {
+    Class1 otra;
+    otra.Count(6);
+    otra.Init(entradas, *separador);
+    lista.NuevoElemento(Ruta(u"a"_s));
+    otra.NuevoElemento(Ruta(u"b"_s));
+    lista.NuevoElemento(Ruta(u"c"_s));
+    EXPECT_EQ(Guardado(), QStringList({Ruta(u"c"_s), Ruta(u"b"_s), Ruta(u"a"_s)}));
+}
+
 TEST_F(Class1Test, AGapInTheKeysEndsTheList) {
     for (const char* nombre : {"c", "b", "a"})
         lista.NuevoElemento(Ruta(QString::fromLatin1(nombre)));
