@@ -10,9 +10,12 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
+#include <QTreeView>
 #include <utility>
 
 namespace platform {
@@ -61,6 +64,28 @@ Answer FromToolkit(int button) {
     }
 }
 
+// The toolkit names these in English.
+class SpanishTypes : public QFileIconProvider {
+public:
+    QString type(const QFileInfo& info) const override {
+        if (info.isRoot())
+            return QStringLiteral("Unidad");
+        if (info.isDir())
+            return QStringLiteral("Carpeta");
+        return info.isFile() ? QFileIconProvider::type(info) : QStringLiteral("Otro");
+    }
+};
+
+// The name takes what the others leave, and nothing of them is cut off.
+void FitColumns(QFileDialog& dialog) {
+    auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (!list)
+        return;
+    list->header()->setStretchLastSection(false);
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 class DesktopDialogs : public Dialogs {
 public:
     Answer Ask(const Message& message) override {
@@ -99,10 +124,13 @@ public:
 
 private:
     static QString AskName(const FileQuestion& question, QFileDialog::AcceptMode mode) {
+        SpanishTypes types; // outlives the dialog
         QFileDialog dialog(question.owner, question.title);
         dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
                           QFileDialog::HideNameFilterDetails);
         dialog.resize(kFileDialogSize);
+        dialog.setIconProvider(&types);
+        FitColumns(dialog);
         dialog.setAcceptMode(mode);
         dialog.setFileMode(QFileDialog::AnyFile);
         // Always told: the toolkit remembers the folder of its last dialog.

@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
@@ -74,6 +75,13 @@ TEST(Dialogs, FileNamesAreTakenAsTypedAndMoveTheCurrentDirectory) {
         });
     };
     const QString folder = QString::fromStdString((home.Root() / "juegos").native());
+    WhenShown<QFileDialog>([&](QFileDialog* box) {
+        const auto* model = box->findChild<QFileSystemModel*>();
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return model->type(model->index(folder)) == u"Carpeta"_s; }));
+        Press(box, Qt::Key_Escape);
+    });
+    dialog.ShowSave();
     type(folder + u"/sin extensión"_s);
     dialog.ShowSave();
     EXPECT_EQ(dialog.FileName(), u"C:\\juegos\\sin extensión"_s);
