@@ -66,6 +66,7 @@ Form7::Form7(QWidget* owner, shared::ValoresCompartidos& compartido)
     setWindowFlags(Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
     setFixedSize(size());
     Caption(windowTitle());
+    m_panel1->setIndent(m_ui->StatusBar1->fontMetrics().averageCharWidth());
     m_ui->StatusBar1->addWidget(m_panel1, 1);
     m_ui->StatusBar1->addWidget(m_panel2, 1);
     m_ui->Image1->setPixmap(QApplication::windowIcon().pixmap(m_ui->Image1->size()));
