@@ -20,7 +20,7 @@ foreach(size 16 32 48 256)
 endforeach()
 
 install(FILES docs/manual.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/ejemplos docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES packaging/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # Installs a text packed as Debian wants it: hard, and without a time or a name in it.
