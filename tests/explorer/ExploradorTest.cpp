@@ -80,7 +80,9 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
 
 TEST_F(ExploradorTest, TheHeaderHasTheSkinOfTheProgramsFolder) {
     QBuffer file;
-    ASSERT_TRUE(QPixmap(18, 25).save(&file, "BMP"));
+    QPixmap skin(18, 25);
+    skin.fill(Qt::white);
+    ASSERT_TRUE(skin.save(&file, "BMP"));
     home.Put("programa/Skin.bmp", file.data());
     Open();
     auto* list = Find<platform::ListView>("ListView1");

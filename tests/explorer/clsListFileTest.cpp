@@ -235,6 +235,8 @@ TEST(FindFileTest, TheAttributesOfTheFileSystemAreTheOnesOfTheRest) {
 
 TEST_F(ClsListFileTest, WhatMayTakeLongIsNotRead) {
     EXPECT_EQ(platform::FileTypeName(u"Z:\\proc\\self\\status"_s), u"documento vacío"_s);
-    QImage(300, 300, QImage::Format_RGB32).save(u"grande.ico"_s, "PNG");
+    QImage large(300, 300, QImage::Format_RGB32);
+    large.fill(Qt::white);
+    large.save(u"grande.ico"_s, "PNG");
     EXPECT_FALSE(platform::FileIcon(u"C:\\grande.ico"_s).availableSizes().contains({300, 300}));
 }
