@@ -21,12 +21,7 @@ protected:
         RegSetValueA(key, QString(), u"Un <título>"_s);
         RegSetValueA(key, u"shell\\open\\command"_s, u"C:\\programa\\mi 'player'.exe %1"_s);
         RegSetValueA(key, u"DefaultIcon"_s, u"C:\\programa\\lua.ico"_s);
-        home.Put("programa/lua.ico", Shipped("lua.ico"));
-    }
-    static QByteArray Shipped(const std::string& name) {
-        QFile file(QStringLiteral(QUILLMARK_DATA "/") + QString::fromStdString(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
+        home.Put("programa/lua.ico", support::Shipped("lua.ico"));
     }
     // What the desktop's own tool answers.
     QString Ask(const QString& tool, const QStringList& arguments) const {
@@ -86,7 +81,7 @@ TEST_F(FileAssociationTest, ATypeThatTheDesktopHasIsUsed) {
 }
 
 TEST_F(FileAssociationTest, WhatCannotBeWrittenIsLeftOut) {
-    home.Put("programa/lua.ico", Shipped("lua.ico").chopped(1000));
+    home.Put("programa/lua.ico", support::Shipped("lua.ico").chopped(1000));
     home.Put(share + "mime/packages", "a file");
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", ""); // no tool of the desktop is there

@@ -15,6 +15,19 @@ namespace support {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+QByteArray Bytes(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return QByteArray::fromStdString({std::istreambuf_iterator<char>(file), {}});
+}
+
+} // namespace
+
+QByteArray Shipped(const std::string& name) {
+    return Bytes(fs::path(QUILLMARK_DATA) / name);
+}
+
 TestHome::TestHome() {
     qputenv("HOME", m_folder.path().toUtf8());
     qputenv("QUILLMARK_HOME", (m_folder.path() + u"/programa"_s).toUtf8());
@@ -41,8 +54,7 @@ QString TestHome::Put(const std::string& name, const QByteArray& bytes) const {
 }
 
 QByteArray TestHome::Get(const std::string& name) const {
-    std::ifstream file(Root() / name, std::ios::binary);
-    return QByteArray::fromStdString({std::istreambuf_iterator<char>(file), {}});
+    return Bytes(Root() / name);
 }
 
 } // namespace support

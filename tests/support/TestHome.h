@@ -8,6 +8,9 @@
 
 namespace support {
 
+/// The bytes of a file that travels with the program, such as "Code/codehm".
+QByteArray Shipped(const std::string& name);
+
 /// A fresh user: home folder (drive C), per-user store and program folder (C:\programa), gone again
 /// with the object. The current directory is the home folder.
 class TestHome {
