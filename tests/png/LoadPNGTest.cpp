@@ -13,10 +13,6 @@ namespace {
 
 using namespace recipes;
 
-constexpr std::pair<int, int> kKinds[] = {{0, 1}, {0, 2},  {0, 4},  {0, 8}, {0, 16},
-                                          {2, 8}, {2, 16}, {3, 1},  {3, 2}, {3, 4},
-                                          {3, 8}, {4, 8},  {4, 16}, {6, 8}, {6, 16}};
-
 // The file's pixels as red, green, blue, alpha, by libpng.
 std::vector<uint8_t> Reference(const std::string& file, bool transparency) {
     png_structp reader = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
@@ -58,22 +54,6 @@ std::vector<uint8_t> Blended(std::vector<uint8_t> rgba, const std::vector<uint8_
         rgba[i + 3] = 255;
     }
     return rgba;
-}
-
-std::string Palette(int depth, std::mt19937& random) {
-    std::string palette;
-    for (int i = 0; i < 3 << depth; ++i)
-        palette += char(random());
-    return Chunk("PLTE", palette);
-}
-
-// Some pixels of the picture are transparent with it.
-std::string Trns(const Kind& kind, std::mt19937& random) {
-    if (kind.type == 3)
-        return Chunk("tRNS", std::string(size_t(1) << (kind.depth - 1), char(random())));
-    const int key = kind.depth == 16 ? 0xFFFF : (1 << kind.depth) - 1;
-    std::string sample{char(key >> 8), char(key)};
-    return Chunk("tRNS", kind.type == 0 ? sample : sample + sample + sample);
 }
 
 class LoadPNGTest : public testing::Test {

@@ -12,6 +12,7 @@
 #include <string>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 #include <zlib.h>
 
@@ -44,6 +45,11 @@ inline std::string Deflated(const std::string& bytes, int level = 6,
     deflateEnd(&stream);
     return packed;
 }
+
+/// Colour type and depth of every kind of picture.
+inline constexpr std::pair<int, int> kKinds[] = {{0, 1}, {0, 2},  {0, 4},  {0, 8}, {0, 16},
+                                                 {2, 8}, {2, 16}, {3, 1},  {3, 2}, {3, 4},
+                                                 {3, 8}, {4, 8},  {4, 16}, {6, 8}, {6, 16}};
 
 struct Kind {
     int type = 6;
@@ -85,6 +91,22 @@ inline std::string Rows(const Kind& kind, int filter, std::mt19937& random) {
         }
     }
     return rows;
+}
+
+inline std::string Palette(int depth, std::mt19937& random) {
+    std::string palette;
+    for (int i = 0; i < 3 << depth; ++i)
+        palette += char(random());
+    return Chunk("PLTE", palette);
+}
+
+/// Some pixels of the picture are transparent with it.
+inline std::string Trns(const Kind& kind, std::mt19937& random) {
+    if (kind.type == 3)
+        return Chunk("tRNS", std::string(size_t(1) << (kind.depth - 1), char(random())));
+    const int key = kind.depth == 16 ? 0xFFFF : (1 << kind.depth) - 1;
+    std::string sample{char(key >> 8), char(key)};
+    return Chunk("tRNS", kind.type == 0 ? sample : sample + sample + sample);
 }
 
 /// A file in memory that has a name as long as the object lives.
