@@ -23,13 +23,17 @@ struct Repeat {
 };
 constexpr std::array<Repeat, 3> kRepeats = {{{2, 3}, {3, 3}, {7, 11}}}; // symbols 16, 17, 18
 
-void SetStaticLengths(std::span<uint8_t> literals, std::span<uint8_t> distances) {
-    std::fill(literals.begin(), literals.begin() + 144, uint8_t{8});
-    std::fill(literals.begin() + 144, literals.begin() + 256, uint8_t{9});
-    std::fill(literals.begin() + 256, literals.begin() + 280, uint8_t{7});
-    std::fill(literals.begin() + 280, literals.end(), uint8_t{8});
-    std::ranges::fill(distances, uint8_t{5});
-}
+constexpr std::array<uint8_t, kStaticLiterals> kStaticLitLengths = [] {
+    std::array<uint8_t, kStaticLiterals> lengths{};
+    for (size_t s = 0; s < lengths.size(); ++s)
+        lengths[s] = s < 144 ? 8 : s < 256 ? 9 : s < 280 ? 7 : 8;
+    return lengths;
+}();
+constexpr std::array<uint8_t, kStaticDistances> kStaticDistLengths = [] {
+    std::array<uint8_t, kStaticDistances> lengths{};
+    lengths.fill(5);
+    return lengths;
+}();
 
 } // namespace
 
@@ -155,7 +159,7 @@ Inflater::Next Inflater::DecodeBlock(bool wideLengths, int32_t& Result) {
         if (m_loop != Loop::Plain && !wideLengths && RunAhead())
             return Next::Block;
         FillTables();
-        const int32_t symbol = DecodeSymbol(LitTable, MinLitBits, MaxLitBits);
+        const int32_t symbol = DecodeSymbol(*m_litTable, MinLitBits, MaxLitBits);
         if (m_exhausted)
             break;
         if (symbol == kEndOfBlock)
@@ -172,7 +176,7 @@ Inflater::Next Inflater::DecodeBlock(bool wideLengths, int32_t& Result) {
         int32_t length = LengthBase[s] + GetBits(LengthExtra[s]);
         if (wideLengths && length == kWideLength)
             length = GetBits(16) + 3;
-        const auto d = static_cast<size_t>(DecodeSymbol(DistTable, MinDistBits, MaxDistBits));
+        const auto d = static_cast<size_t>(DecodeSymbol(*m_distTable, MinDistBits, MaxDistBits));
         if (m_exhausted)
             break;
         const int32_t distance = DistBase[d] + GetBits(DistExtra[d]);
@@ -206,9 +210,8 @@ void Inflater::FillTables() {
 }
 
 int32_t Inflater::UseStaticTrees() {
-    m_litLengths = std::span(m_lengths).first(kStaticLiterals);
-    m_distLengths = std::span(m_lengths).last(kStaticDistances);
-    SetStaticLengths(m_litLengths, m_distLengths);
+    m_litLengths = kStaticLitLengths;
+    m_distLengths = kStaticDistLengths;
     int32_t left = 0;
     if (StaticBuilt) {
         MinLitBits = 7;
@@ -222,8 +225,8 @@ int32_t Inflater::UseStaticTrees() {
         StaticBuilt = true;
     }
     m_static = true;
-    LitTable = StaticLitTable;
-    DistTable = StaticDistTable;
+    m_litTable = &StaticLitTable;
+    m_distTable = &StaticDistTable;
     m_filled = true;
     return left;
 }
@@ -246,6 +249,8 @@ int32_t Inflater::ReadDynamicTrees() {
         return failure;
     m_litLengths = lengths.first(literals);
     m_distLengths = lengths.subspan(literals);
+    m_litTable = &LitTable;
+    m_distTable = &DistTable;
     m_filled = false;
     m_static = false;
     if (CheckCodeLengths(m_litLengths, MaxLitBits, MinLitBits) != 0)

@@ -71,10 +71,13 @@ private:
     int32_t MaxDistBits = 0;
     bool StaticBuilt = false;
 
-    // The lengths of the block's codes. Tables are made of them once they are needed.
+    // The lengths of the block's codes. Tables are made of them once they are needed; a block of
+    // fixed codes may be very short, so it only points to its own.
     std::array<uint8_t, kStaticLiterals + kStaticDistances> m_lengths{};
-    std::span<uint8_t> m_litLengths;
-    std::span<uint8_t> m_distLengths;
+    std::span<const uint8_t> m_litLengths;
+    std::span<const uint8_t> m_distLengths;
+    const CodeTable* m_litTable = nullptr;
+    const CodeTable* m_distTable = nullptr;
     bool m_filled = false;
     std::unique_ptr<FastTables> m_fast;
     std::unique_ptr<FastTables> m_staticFast;
