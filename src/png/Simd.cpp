@@ -3,7 +3,8 @@
 
 #include <cstring>
 
-#ifdef __SSE2__
+// The pixels go through registers of 64 bits, which the 32-bit kind of these machines lacks.
+#if defined(QUILLMARK_PNG_X86) && defined(__x86_64__)
 #include <tmmintrin.h>
 
 namespace png {
