@@ -19,6 +19,14 @@ constexpr size_t kZlibHeader = 2;
 constexpr int64_t kMostGrowth = 1032;
 constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
 
+// For how many bytes of a stream there should be room. A header may promise any number.
+int64_t ExpectedBytes(const Header& header) {
+    if (header.Interlacing > 1 || header.Height <= 0)
+        return 0;
+    const int64_t line = header.LineBytes() + header.Interlacing;
+    return line > kMost / header.Height ? kMost : std::max(int64_t{0}, line * header.Height);
+}
+
 // The bytes of all rows as they come out of the stream, with their filter bytes.
 int64_t StoredBytes(const Header& header) {
     return header.Interlacing == 0 ? header.Height * header.LineBytes() : InterlacedBytes(header);
@@ -32,8 +40,16 @@ int32_t WidestPixel(const Header& header, bool toRgba) {
     return std::max(header.BitsPerPixel(), wholeBytes ? 8 : 1);
 }
 
+bool HasChannel(const Header& header) {
+    return header.ColorType == 4 || header.ColorType == 6;
+}
+
+bool HasWholeBytes(const Header& header) {
+    return header.Bitdepht == 8 || header.Bitdepht == 16;
+}
+
 // Whether there is a picture at all, and every size on the way to it can be counted.
-bool IsCountable(const Header& header, bool toRgba) {
+bool IsPossible(const Header& header, bool toRgba) {
     if (header.Width <= 0 || header.Height <= 0 || header.Interlacing > 1 ||
         header.BitsPerPixel() == 0)
         return false;
@@ -48,12 +64,14 @@ bool IsCountable(const Header& header, bool toRgba) {
 } // namespace
 
 void LoadPNG::BuildPicture() {
-    m_fields.HaveAlpha = false;
+    m_fields.HaveAlpha = HasChannel(m_fields) && HasWholeBytes(m_fields);
     const bool keyed = IsKeyed();
-    const bool hasChannel = m_fields.ColorType == 4 || m_fields.ColorType == 6;
-    Picture picture;
-    if (!IsCountable(m_fields, keyed || hasChannel) || !Reconstruct(picture))
+    const bool possible = IsPossible(m_fields, keyed || HasChannel(m_fields));
+    const int64_t stored = possible ? StoredBytes(m_fields) : 0;
+    Picture picture{Unpacked(stored)};
+    if (!possible || static_cast<int64_t>(picture.Data.size()) < stored)
         return;
+    Reconstruct(picture);
     Convert(picture);
     if (keyed)
         ApplyTransparence(picture);
@@ -65,36 +83,35 @@ bool LoadPNG::IsKeyed() const {
            (m_fields.ColorType == 0 || m_fields.ColorType == 2 || m_fields.ColorType == 3);
 }
 
-// Answers whether the rows are there.
-bool LoadPNG::Reconstruct(Picture& picture) {
-    const int64_t stored = StoredBytes(m_fields);
+// The image data out of its stream, with room for all that is stored. Even a stream for which there
+// will be no picture is read, as its codes may give a message.
+Bytes LoadPNG::Unpacked(int64_t stored) {
     Bytes Data = std::move(m_fields.IdatData);
     Data.DropFront(kZlibHeader);
-    if (m_fields.Compression == 0) {
-        if (stored > kMostGrowth * static_cast<int64_t>(Data.size()))
-            return false;
-        int64_t expected = m_fields.Height * m_fields.LineBytes();
-        if (m_fields.Interlacing == 1)
-            expected = std::max(expected + m_fields.Height, stored); // narrow pictures have more
-        auto ExpectedSize = static_cast<int32_t>(std::min(expected, kMost - 200));
-        int32_t Result = 0;
-        m_inflater.Inflate(Data, ExpectedSize, false, Result);
-    }
-    if (static_cast<int64_t>(Data.size()) < stored)
-        return false;
+    if (m_fields.Compression != 0)
+        return Data;
+    // Narrow interlaced pictures have more bytes than expected, and no stream gives all that a
+    // header may promise.
+    const int64_t most = std::min(kMostGrowth * static_cast<int64_t>(Data.size()), kMost - 200);
+    auto ExpectedSize =
+        static_cast<int32_t>(std::min(std::max(ExpectedBytes(m_fields), stored), most));
+    int32_t Result = 0;
+    m_inflater.Inflate(Data, ExpectedSize, false, Result);
+    return Data;
+}
+
+void LoadPNG::Reconstruct(Picture& picture) {
     if (m_fields.Interlacing == 0)
-        UnfilterRows(m_fields, Data);
+        UnfilterRows(m_fields, picture.Data);
     else
-        Data = Deinterlace(m_fields, std::move(Data));
-    picture.Data = std::move(Data);
+        picture.Data = Deinterlace(m_fields, std::move(picture.Data));
     picture.OutBits = m_fields.Bitdepht;
-    return true;
 }
 
 // Samples that no PNG file has stay as they are.
 void LoadPNG::Convert(Picture& picture) {
     const int32_t depth = m_fields.Bitdepht;
-    const bool whole = depth == 8 || depth == 16;
+    const bool whole = HasWholeBytes(m_fields);
     const bool partial = depth == 1 || depth == 2 || depth == 4;
     if (m_fields.ColorType == 0 && (whole || partial))
         ConvertGrey(picture);
@@ -102,7 +119,7 @@ void LoadPNG::Convert(Picture& picture) {
         ConvertTrueColor(picture);
     else if (m_fields.ColorType == 3 && (depth == 8 || partial))
         ConvertIndexed(picture);
-    else if ((m_fields.ColorType == 4 || m_fields.ColorType == 6) && whole)
+    else if (m_fields.HaveAlpha)
         ConvertAlpha(picture);
 }
 
@@ -144,7 +161,6 @@ void LoadPNG::ConvertTrueColor(Picture& picture) {
 }
 
 void LoadPNG::ConvertAlpha(Picture& picture) {
-    m_fields.HaveAlpha = true;
     if (m_fields.Bitdepht == 16)
         Reduce16To8(picture.Data);
     if (m_fields.ColorType == 4)

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <limits>
 #include <new>
+#include <string_view>
 
 namespace png {
 namespace {
@@ -29,8 +30,9 @@ void AppendText(std::string& text, std::span<const uint8_t> bytes) {
     text.push_back('\0');
 }
 
-int32_t ColorValue(int32_t red, int32_t green, int32_t blue) {
-    return red + 256 * green + 65536 * blue;
+// Samples above 255 run over into the next one.
+int32_t ColorValue(int64_t red, int64_t green, int64_t blue) {
+    return static_cast<int32_t>(red + 256 * green + 65536 * blue);
 }
 
 int32_t EntryOf(std::span<const uint8_t> palette, size_t index) {
@@ -38,11 +40,15 @@ int32_t EntryOf(std::span<const uint8_t> palette, size_t index) {
     return ColorValue(entry[0], entry[1], entry[2]);
 }
 
-// A sample of the given depth as one of 8 bits. More than the depth allows counts as full.
-int32_t To8Bits(const uint8_t* sample, int32_t bitDepth) {
-    const double full = std::pow(2.0, bitDepth) - 1;
-    const int32_t value = WordToLong(SwapWord(sample));
-    return value >= full ? 255 : static_cast<int32_t>(std::nearbyint(value / full * 255));
+double Highest(int32_t bitDepth) {
+    return std::pow(2.0, bitDepth) - 1;
+}
+
+// A sample of the given depth as one of 8 bits; more than the depth allows becomes more than 255.
+int64_t To8Bits(const uint8_t* sample, int32_t bitDepth) {
+    if (bitDepth == 0)
+        return 0;
+    return std::llrint(WordToLong(SwapWord(sample)) / Highest(bitDepth) * 255);
 }
 
 } // namespace
@@ -98,15 +104,30 @@ bool LoadPNG::ReadChunks(const std::string& filename) {
 }
 
 bool LoadPNG::ReadChunk(ChunkReader& reader) {
+    struct Action {
+        std::string_view type;
+        void (LoadPNG::*act)(Bytes& data);
+    };
+    static constexpr Action kActions[] = {
+        {"IHDR", &LoadPNG::ReadHeaderChunk}, {"PLTE", &LoadPNG::ReadPaletteChunk},
+        {"bKGD", &LoadPNG::ReadBkgdChunk},   {"gAMA", &LoadPNG::ReadGamaChunk},
+        {"tEXt", &LoadPNG::ReadTextChunk},   {"zTXt", &LoadPNG::ReadZtxtChunk},
+        {"tIME", &LoadPNG::ReadTimeChunk},   {"tRNS", &LoadPNG::ReadTrnsChunk}};
     if (!reader.NextChunk())
         return false;
-    if (reader.Type() != "IDAT") {
-        Bytes data;
-        if (!reader.ReadData(data))
-            return false;
-        ActOn(reader.Type(), std::move(data));
-        return true;
-    }
+    if (reader.Type() == "IDAT")
+        return ReadImageData(reader);
+    const auto* action = std::ranges::find(kActions, reader.Type(), &Action::type);
+    if (action == std::end(kActions))
+        return reader.SkipData();
+    Bytes data;
+    if (!reader.ReadData(data))
+        return false;
+    (this->*action->act)(data);
+    return true;
+}
+
+bool LoadPNG::ReadImageData(ChunkReader& reader) {
     if (m_fields.IdatSize > kMost - reader.Length())
         return reader.SkipData(); // more than can be counted; the picture can't become whole
     if (m_fields.IdatSize == 0)
@@ -117,32 +138,8 @@ bool LoadPNG::ReadChunk(ChunkReader& reader) {
     return true;
 }
 
-void LoadPNG::ActOn(const std::string& type, Bytes data) {
-    if (type == "IHDR") {
-        ReadHeaderChunk(data);
-    } else if (type == "PLTE") {
-        m_fields.PaletteData = std::move(data);
-    } else if (type == "bKGD") {
-        m_fields.BkgdData = std::move(data);
-        ReadBkgdChunk();
-        m_fields.HasBKGDChunk = true;
-    } else if (type == "gAMA") {
-        if (data.size() >= kGamaBytes)
-            m_fields.GamaRaw = SwapLong(data.data());
-    } else if (type == "tEXt") {
-        AppendText(m_fields.Text, data.View());
-    } else if (type == "zTXt") {
-        ReadZtxtChunk(data);
-    } else if (type == "tIME") {
-        ReadTimeChunk(data);
-    } else if (type == "tRNS") {
-        m_fields.HaveTransparence = true;
-        m_fields.TrnsData = std::move(data);
-    }
-}
-
 // Bytes that a short header lacks count as 0.
-void LoadPNG::ReadHeaderChunk(const Bytes& data) {
+void LoadPNG::ReadHeaderChunk(Bytes& data) {
     std::array<uint8_t, kHeaderBytes> bytes{};
     std::copy_n(data.begin(), std::min(data.size(), bytes.size()), bytes.begin());
     m_fields.Width = SwapLong(bytes.data());
@@ -154,39 +151,57 @@ void LoadPNG::ReadHeaderChunk(const Bytes& data) {
     m_fields.Interlacing = bytes[12];
 }
 
-void LoadPNG::ReadBkgdChunk() {
+void LoadPNG::ReadBkgdChunk(Bytes& data) {
+    m_fields.BkgdData = std::move(data);
+    m_fields.BkgdColor = ColorOfBkgd();
+    m_fields.HasBKGDChunk = true;
+}
+
+int32_t LoadPNG::ColorOfBkgd() const {
     const Bytes& bkgd = m_fields.BkgdData;
-    const int32_t before = std::exchange(m_fields.BkgdColor, 0);
+    const int32_t depth = m_fields.Bitdepht;
     switch (m_fields.ColorType) {
     case 0:
     case 4: {
         if (bkgd.size() != 2)
-            return;
+            return 0;
         const int32_t grey = WordToLong(SwapWord(bkgd.data()));
-        if (grey > std::pow(2.0, m_fields.Bitdepht) - 1)
-            return;
-        const Bytes greys = CBitmap::MakeGreyPalette(m_fields.Bitdepht, false);
+        if (grey > Highest(depth))
+            return 0;
+        const Bytes greys = CBitmap::MakeGreyPalette(depth, false);
         const auto index = static_cast<size_t>(grey);
-        m_fields.BkgdColor = 3 * index < greys.size() ? EntryOf(greys.View(), index) : before;
-        return;
+        return 3 * index < greys.size() ? EntryOf(greys.View(), index) : m_fields.BkgdColor;
     }
     case 2:
     case 6:
-        if (bkgd.size() == 6)
-            m_fields.BkgdColor = ColorValue(To8Bits(&bkgd[0], m_fields.Bitdepht),
-                                            To8Bits(&bkgd[2], m_fields.Bitdepht),
-                                            To8Bits(&bkgd[4], m_fields.Bitdepht));
-        return;
+        if (bkgd.size() != 6)
+            return 0;
+        return ColorValue(To8Bits(&bkgd[0], depth), To8Bits(&bkgd[2], depth),
+                          To8Bits(&bkgd[4], depth));
     case 3:
-        if (bkgd.size() == 1 && 3 * bkgd[0] + 2U < m_fields.PaletteData.size())
-            m_fields.BkgdColor = EntryOf(m_fields.PaletteData.View(), bkgd[0]);
-        return;
+        if (bkgd.size() != 1 || 3 * bkgd[0] + 2U >= m_fields.PaletteData.size())
+            return 0;
+        return EntryOf(m_fields.PaletteData.View(), bkgd[0]);
     default:
-        m_fields.BkgdColor = before;
+        return m_fields.BkgdColor;
     }
 }
 
-void LoadPNG::ReadZtxtChunk(const Bytes& data) {
+void LoadPNG::ReadGamaChunk(Bytes& data) {
+    if (data.size() >= kGamaBytes)
+        m_fields.GamaRaw = SwapLong(data.data());
+}
+
+void LoadPNG::ReadTextChunk(Bytes& data) {
+    AppendText(m_fields.Text, data.View());
+}
+
+void LoadPNG::ReadTrnsChunk(Bytes& data) {
+    m_fields.HaveTransparence = true;
+    m_fields.TrnsData = std::move(data);
+}
+
+void LoadPNG::ReadZtxtChunk(Bytes& data) {
     const auto keyword = static_cast<size_t>(FindNul(data.View(), 0) + 1);
     AppendText(m_fields.zText, data.View().first(keyword));
     // Behind the keyword stand its NUL, the method and the two bytes of the zlib header.
@@ -198,7 +213,7 @@ void LoadPNG::ReadZtxtChunk(const Bytes& data) {
     AppendText(m_fields.zText, text.View());
 }
 
-void LoadPNG::ReadTimeChunk(const Bytes& data) {
+void LoadPNG::ReadTimeChunk(Bytes& data) {
     if (data.size() < kTimeBytes)
         return;
     std::array<char, 32> text{};

@@ -71,16 +71,23 @@ private:
 
     bool ReadChunks(const std::string& filename);
     bool ReadChunk(ChunkReader& reader);
-    void ActOn(const std::string& type, Bytes data);
-    void ReadHeaderChunk(const Bytes& data);
-    void ReadBkgdChunk();
-    void ReadZtxtChunk(const Bytes& data);
-    void ReadTimeChunk(const Bytes& data);
+    bool ReadImageData(ChunkReader& reader);
+    // These may take the data over.
+    void ReadHeaderChunk(Bytes& data);
+    void ReadPaletteChunk(Bytes& data) { m_fields.PaletteData = std::move(data); }
+    void ReadBkgdChunk(Bytes& data);
+    void ReadGamaChunk(Bytes& data);
+    void ReadTextChunk(Bytes& data);
+    void ReadZtxtChunk(Bytes& data);
+    void ReadTimeChunk(Bytes& data);
+    void ReadTrnsChunk(Bytes& data);
+    int32_t ColorOfBkgd() const;
 
     void BuildPicture();
     bool IsKeyed() const;
+    Bytes Unpacked(int64_t stored);
     bool HoldsRows(const Picture& picture) const;
-    bool Reconstruct(Picture& picture);
+    void Reconstruct(Picture& picture);
     void Convert(Picture& picture);
     void ConvertGrey(Picture& picture);
     void ConvertTrueColor(Picture& picture);

@@ -3,9 +3,12 @@
 
 #include "png/CodeTable.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 namespace recipes {
 
@@ -30,12 +33,36 @@ public:
             return Code(0x190 + symbol - 144, 9);
         return symbol < 280 ? Code(symbol - 256, 7) : Code(0xC0 + symbol - 280, 8);
     }
+    /// A match in the fixed codes. The symbols are reckoned, for the reader has tables of them.
+    Stream& Match(uint32_t length, uint32_t distance) {
+        const Part back = PartOf(distance - 1, 1);
+        if (length == 258)
+            return Literal(285).Code(back.symbol, 5).Bits(back.value, back.bits);
+        const Part size = PartOf(length - 3, 2);
+        return Literal(257 + size.symbol)
+            .Bits(size.value, size.bits)
+            .Code(back.symbol, 5)
+            .Bits(back.value, back.bits);
+    }
     Stream& Stored(bool last, uint32_t length, uint32_t complement, const std::string& bytes) {
         Bits(last, 1).Bits(0, 2);
         m_count = m_bytes.size() * 8;
         Bits(length, 16).Bits(complement, 16);
         for (const char byte : bytes)
             Bits(static_cast<unsigned char>(byte), 8);
+        return *this;
+    }
+    /// The head of a dynamic block with the lengths of its codes, each in 4 bits.
+    Stream& Codes(bool last, const std::vector<uint8_t>& literals,
+                  const std::vector<uint8_t>& distances) {
+        Bits(last, 1).Bits(2, 2).Bits(uint32_t(literals.size()) - 257, 5);
+        Bits(uint32_t(distances.size()) - 1, 5).Bits(15, 4).Bits(0, 9); // not 16, 17, 18
+        for (int length = 0; length < 16; ++length)
+            Bits(4, 3);
+        for (const auto* lengths : {&literals, &distances}) {
+            for (const uint8_t length : *lengths)
+                Code(length, 4);
+        }
         return *this;
     }
     /// The head of a dynamic block: the lengths of the code length codes, in their order.
@@ -50,6 +77,16 @@ public:
     std::string Take() const { return m_bytes; }
 
 private:
+    struct Part {
+        uint32_t symbol, value;
+        int bits;
+    };
+    // Every number of extra bits has 2 or 4 symbols, for 1 or 2 bits below the highest one.
+    static Part PartOf(uint32_t value, int below) {
+        const int bits = std::max(0, int(std::bit_width(value)) - 1 - below);
+        return {(uint32_t(bits) << below) + (value >> bits), value & ((1U << bits) - 1), bits};
+    }
+
     std::string m_bytes;
     size_t m_count = 0;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/LoadPNG.h"
 
+#include "DeflateStream.h"
 #include "PngFile.h"
 #include "png/CBitmap.h"
 #include "png/Unfilter.h"
@@ -12,6 +13,9 @@
 namespace {
 
 using namespace recipes;
+
+// Where the last byte of the first chunk stands, which is the header.
+constexpr size_t kInterlacing = 28;
 
 // The file's pixels as red, green, blue, alpha, by libpng.
 std::vector<uint8_t> Reference(const std::string& file, bool transparency) {
@@ -111,7 +115,10 @@ TEST_F(LoadPNGTest, EveryKindOfFileHasThePixelsOfTheReference) {
             const bool transparency = variant % 4 >= 2 && !(type == 0 && depth == 16);
             for (const auto& [width, height] : {std::pair{1U, 1U},
                                                 {2U, 9U},
+                                                {4U, 5U},
                                                 {5U, 3U},
+                                                {6U, 4U},
+                                                {7U, 6U},
                                                 {8U, 8U},
                                                 {9U, 1U},
                                                 {33U, 20U},
@@ -121,7 +128,7 @@ TEST_F(LoadPNGTest, EveryKindOfFileHasThePixelsOfTheReference) {
         }
         compare({type, depth, true, 5, 400}, 5, false, false); // more filter bytes than pixels
     }
-    EXPECT_EQ(2535, compared);
+    EXPECT_EQ(3615, compared);
 }
 
 // The filters of the machine against the plain ones, for every distance and odd lengths.
@@ -186,6 +193,12 @@ TEST_F(LoadPNGTest, ColoursThatThePaletteLacksAreBlackAndKeysPastItAreIgnored) {
     // Only the low bytes of the key count for 8 bits.
     Open(file({2, 8, false, 1, 1}, Chunk("tRNS", "\1\x20\1\x20\1\x20"), std::string("\0   ", 4)));
     EXPECT_EQ((std::vector<uint8_t>{255, 255, 255, 255}), box.pixels);
+    // A key of less than three samples is none.
+    for (const auto& [depth, samples] : {std::pair(8, 3), {16, 6}}) {
+        const std::string rows = '\0' + std::string(size_t(samples), '\x20');
+        Open(file({2, depth, false, 1, 1}, Chunk("tRNS", std::string(5, '\x20')), rows));
+        EXPECT_EQ((std::vector<uint8_t>{32, 32, 32, 255}), box.pixels);
+    }
     // What isn't deflated is taken as it is, behind its first two bytes.
     std::string plain =
         kSignature + Ihdr({0, 8, false, 1, 1}) + Chunk("IDAT", std::string("xx\0\x55", 4)) + kEnd;
@@ -206,6 +219,8 @@ TEST_F(LoadPNGTest, SettingsDecideWhereThePictureGoes) {
     std::ranges::fill(box.pixels, uint8_t{9});
     decoder.SetToBkgrnd(true, 38, 3); // the box keeps its size and is cleared
     Open(file);
+    EXPECT_TRUE(box.painted); // with both sizes in twips
+    EXPECT_EQ(std::pair(2 * 15, 1 * 15), box.drawn);
     EXPECT_EQ(std::pair(40, 20), std::pair(box.Columns(), box.Lines()));
     EXPECT_EQ(32, box.bits);
     EXPECT_EQ(0xFF, *(box.At(38, 3) + 2));
@@ -226,31 +241,68 @@ TEST_F(LoadPNGTest, SettingsDecideWhereThePictureGoes) {
     EXPECT_EQ(std::pair(9, 6), std::pair(framed.Columns(), framed.Lines()));
     EXPECT_EQ(png::ScaleMode::Pixels, framed.unit);
     EXPECT_EQ(png::ScaleMode::Pixels, framed.parent.unit);
-
-    decoder.PicBox(&box);
-    MemoryBox small(1, 1); // a background box grows by 100 twips more than it lacks
-    decoder.BackgroundPicture(&small);
-    Open(kSignature + Ihdr({6, 8, false, 2, 3}) + Chunk("IDAT", Deflated(std::string(27, '\0'))) +
+    framed.topLevel = true;
+    framed.parent.unit = png::ScaleMode::Twips;
+    Open(kSignature + Ihdr({0, 8, false, 8, 5}) + Chunk("IDAT", Deflated(std::string(45, '\0'))) +
          kEnd);
-    EXPECT_EQ(std::pair(2 + 100 / 15, 3 + 100 / 15), std::pair(small.Columns(), small.Lines()));
+    EXPECT_EQ(std::pair(8, 5), std::pair(framed.Columns(), framed.Lines()));
 
-    // The background is what stands at X and Y; without a box, the file's own colour.
-    MemoryBox below(9, 9), target(9, 9);
-    decoder.PicBox(&target);
-    *below.At(4, 5) = 0x77;
-    decoder.BackgroundPicture(&below);
-    decoder.SetToBkgrnd(true, 4, 5);
-    const std::string clear = kSignature + Ihdr({6, 8, false, 1, 1}) +
-                              Chunk("bKGD", std::string("\0\1\0\2\0\3", 6)) +
-                              Chunk("IDAT", Deflated(std::string(5, '\0'))) + kEnd;
-    Open(clear);
-    EXPECT_EQ(0x77, *target.At(4, 5));
-    decoder.BackgroundPicture(nullptr);
-    decoder.SetToBkgrnd(false);
-    Open(clear);
-    EXPECT_EQ((std::vector<uint8_t>{3, 2, 1, 255}), target.pixels);
     decoder.PicBox(nullptr);
     Open(file);
+    EXPECT_EQ(nullptr, png::CBitmap::BitmapHandle);
+}
+
+// A box that allows nothing.
+struct StubbornBox : MemoryBox {
+    using MemoryBox::MemoryBox;
+    void Width(double) override { throw std::runtime_error("width"); }
+    void Cls() override { fail(); }
+    bool GetDIBits(int, int, int, int, std::span<uint8_t>) const override { return false; }
+    std::function<void()> fail = [] {};
+};
+
+TEST_F(LoadPNGTest, WhatLiesBelowComesFromABoxOrIsAColour) {
+    const auto clear = [](uint32_t width, uint32_t height) {
+        return kSignature + Ihdr({6, 8, false, width, height}) +
+               Chunk("bKGD", std::string("\0\1\0\2\0\3", 6)) +
+               Chunk("IDAT", Deflated(std::string((4 * width + 1) * height, '\0'))) + kEnd;
+    };
+    decoder.SetAlpha(true);
+    MemoryBox small(1, 1); // it grows by 100 twips more than it lacks
+    decoder.BackgroundPicture(&small);
+    Open(clear(2, 3));
+    EXPECT_EQ(std::pair(2 + 100 / 15, 3 + 100 / 15), std::pair(small.Columns(), small.Lines()));
+
+    MemoryBox below(9, 8); // a larger one keeps its size, and what stands at X and Y counts
+    for (const auto& [x, y] : {std::pair(4, 5), {5, 5}, {4, 6}, {5, 6}})
+        *below.At(x, y) = uint8_t(10 * x + y);
+    decoder.BackgroundPicture(&below);
+    MemoryBox target(9, 9);
+    decoder.PicBox(&target);
+    decoder.SetToBkgrnd(true, 4, 5);
+    Open(clear(2, 2));
+    EXPECT_EQ(std::pair(9, 8), std::pair(below.Columns(), below.Lines()));
+    EXPECT_EQ((std::vector{45, 55, 46, 56, 0}),
+              (std::vector<int>{*target.At(4, 5), *target.At(5, 5), *target.At(4, 6),
+                                *target.At(5, 6), *target.At(6, 6)}));
+
+    decoder.PicBox(&box);
+    decoder.SetToBkgrnd(false);
+    StubbornBox stubborn; // the height grows though the width can't; no pixels are black ones
+    decoder.BackgroundPicture(&stubborn);
+    Open(clear(1, 1));
+    EXPECT_EQ(15 + 100 / 15 * 15, stubborn.Height());
+    EXPECT_EQ((std::vector<uint8_t>{0, 0, 0, 255}), box.pixels);
+    decoder.BackgroundPicture(nullptr);
+    Open(clear(1, 1));
+    EXPECT_EQ((std::vector<uint8_t>{3, 2, 1, 255}), box.pixels);
+
+    decoder.PicBox(&stubborn); // no bitmap outlives a failure; only that of the memory is kept back
+    stubborn.fail = [] { throw std::bad_alloc(); };
+    EXPECT_NO_THROW(Open(clear(1, 1)));
+    EXPECT_EQ(nullptr, png::CBitmap::BitmapHandle);
+    stubborn.fail = [] { throw std::runtime_error("box"); };
+    EXPECT_THROW(Open(clear(1, 1)), std::runtime_error);
     EXPECT_EQ(nullptr, png::CBitmap::BitmapHandle);
 }
 
@@ -290,7 +342,10 @@ TEST_F(LoadPNGTest, ChunksTellWhatTheyTell) {
         {3, 8, palette + Chunk("bKGD", "\x01"), 0x060504},
         {3, 8, palette + Chunk("bKGD", "\x02"), 0},
         {2, 8, Chunk("bKGD", "\x01"), 0},
-        {2, 0, Chunk("bKGD", std::string(6, '\0')), 0xFFFFFF}, // no depth at all
+        {0, 4, Chunk("bKGD", std::string("\0\x0F", 2)), 0xFFFFFF},
+        {2, 8, Chunk("bKGD", std::string("\x01\x80\0\x02\0\x03", 6)), 0x030380}, // runs over
+        {6, 1, Chunk("bKGD", "\xFF\xFF\xFF\xFF\xFF\xFF"), int32_t(0xFEFF0001)},
+        {2, 0, Chunk("bKGD", std::string(6, '\1')), 0}, // no depth at all
     };
     for (const auto& background : backgrounds) {
         Open(file(background.chunks, background.type, background.depth));
@@ -298,6 +353,12 @@ TEST_F(LoadPNGTest, ChunksTellWhatTheyTell) {
         EXPECT_TRUE(decoder.HasBKGDChunk());
     }
     EXPECT_EQ(0, decoder.ErrorNumber());
+    Open(kSignature + Chunk("IHDR", Long(11) + Long(12) + "\x0D\x0E\x0F\x10\x11") +
+         Chunk("unKn", std::string(99999, 'x')) + Chunk("IDAT", "xxx") + kEnd);
+    EXPECT_EQ((std::vector{11, 12, 13, 14, 15, 16, 17, 0}),
+              (std::vector{decoder.Width(), decoder.Height(), decoder.Bitdepht(),
+                           decoder.ColorType(), decoder.Compression(), decoder.Filter(),
+                           decoder.Interlacing(), decoder.ErrorNumber()}));
     Open(file(Chunk("tRNS", "ab")));
     EXPECT_TRUE(decoder.HaveTransparence());
     Open(file(Chunk("tIME", "\xFF\xFF\1\1\1\1\1")));
@@ -349,20 +410,42 @@ TEST_F(LoadPNGTest, DamagedFilesPaintNothing) {
         EXPECT_EQ(0, fresh.OpenPNG(TemporaryFile(damaged.file).Name()));
         EXPECT_EQ(damaged.error, fresh.ErrorNumber()) << damaged.name;
         EXPECT_FALSE(box.painted) << damaged.name;
+        EXPECT_EQ(fresh.ColorType() == 6, fresh.HaveAlpha()) << damaged.name;
     }
-    // A header that promises too much isn't believed, so its data isn't even looked at.
+    // Whatever the header says, codes that can't be built give their message, unless they lie
+    // behind the bytes for which there is room.
+    const std::string codes(50, '\x05');
+    for (const Kind& header : {kind, Kind{6, 8, true, 20000, 20000}, Kind{5, 8, false, 1, 1},
+                               Kind{6, 255, true, 0x7FFFFFFF, 0x7FFFFFFF}, Kind{2, 8, false, 0, 1},
+                               Kind{0, 8, true, 0x80000000, 3}, Kind{0, 8, false, 3, 0x80000000}}) {
+        std::string file = ihdr(header, codes);
+        for (const char interlacing : {file[kInterlacing], '\2'}) {
+            file[kInterlacing] = interlacing;
+            std::string told;
+            decoder.MessageBox([&](const std::string& text) { told = text; });
+            Open(file);
+            EXPECT_EQ("Error in tree creation (Static)", told);
+            EXPECT_EQ(interlacing, decoder.Interlacing());
+        }
+    }
     decoder.MessageBox([](const std::string&) { FAIL(); });
-    Open(ihdr({6, 8, false, 20000, 20000}, std::string(50, '\x05')));
-    bool told = false;
-    decoder.MessageBox([&](const std::string&) { told = true; });
-    Open(ihdr(kind, std::string(50, '\x05')));
-    EXPECT_TRUE(told);
+    const std::string full = Stream().Stored(false, 102, ~102U, std::string(102, 'x')).Take();
+    std::string laced = ihdr({0, 8, true, 9, 9}, "xx" + full + codes);
+    laced[kInterlacing] = 2;
+    box.painted = false;
+    Open(laced);
+    EXPECT_FALSE(box.painted);
     decoder.OpenPNG("/nowhere");
     decoder.OpenPNG("/dev/zero");
     EXPECT_EQ(1, decoder.ErrorNumber());
-    Open(good.substr(0, good.size() - 1)); // the last checksum needn't be whole
+    Open(good.substr(0, good.size() - 14)); // its image data is none of the next file
+    Open(good.substr(0, good.size() - 1));  // the last checksum needn't be whole
     EXPECT_TRUE(box.painted);
-    EXPECT_EQ(1, decoder.ErrorNumber()); // and the earlier failure stays
+    EXPECT_EQ(3, decoder.ErrorNumber()); // and the earlier failure stays
+    box.painted = false;
+    Open(kSignature + Ihdr(kind) + kEnd);
+    EXPECT_EQ(4, decoder.ErrorNumber());
+    EXPECT_FALSE(box.painted);
 }
 
 // Cut anywhere and with any byte changed: no crash, and nothing read that isn't there.

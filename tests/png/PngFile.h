@@ -141,7 +141,7 @@ public:
     }
     png::ScaleMode ScaleMode() const override { return unit; }
     void ScaleMode(png::ScaleMode value) override { unit = value; }
-    png::ScaleOwner* Parent() override { return &parent; }
+    png::ScaleOwner* Parent() override { return topLevel ? nullptr : &parent; }
     double Width() const override { return m_width * In(parent.unit); }
     void Width(double value) override { m_width = int(value / In(parent.unit)), Fit(); }
     double Height() const override { return m_height * In(parent.unit); }
@@ -154,6 +154,7 @@ public:
     void StretchBlt(int x, int y, int width, int height, const png::Bitmap& source, int sourceWidth,
                     int sourceHeight) override {
         painted = width == sourceWidth && height == sourceHeight; // nothing is ever scaled
+        drawn = {width, height};
         bits = source.Header().BitCount;
         std::vector<uint8_t> row(4 * size_t(source.Width()));
         for (int line = 0; line < std::min(source.Height(), Lines() - y); ++line) {
@@ -182,7 +183,9 @@ public:
     Owner parent;
     png::ScaleMode unit = png::ScaleMode::Pixels;
     std::vector<uint8_t> pixels;
+    bool topLevel = false;
     bool painted = false;
+    std::pair<int, int> drawn;
     bool kept = false;
     int bits = 0;
 
