@@ -83,9 +83,8 @@ Seeds Streams() {
     }
     // One block of each sort, and a match in the third of what the others gave.
     Stream mixed;
-    mixed.Fixed(false).Literal('a').Literal(285).Code(0, 5).Literal(256);
-    mixed.Stored(false, 40, ~40U, std::string(40, 'b'));
-    mixed.Fixed(true).Literal(264).Code(10, 5).Bits(3, 4).Literal(256);
+    mixed.Fixed(false).Literals("a").Match(258, 1).End().Stored(false, std::string(40, 'b'));
+    mixed.Fixed(true).Match(10, 36).End();
     seeds.push_back(WithRoom(2048, mixed.Take()));
     return seeds;
 }

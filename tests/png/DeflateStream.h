@@ -33,6 +33,12 @@ public:
             return Code(0x190 + symbol - 144, 9);
         return symbol < 280 ? Code(symbol - 256, 7) : Code(0xC0 + symbol - 280, 8);
     }
+    Stream& Literals(const std::string& bytes) {
+        for (const char byte : bytes)
+            Literal(static_cast<unsigned char>(byte));
+        return *this;
+    }
+    Stream& End() { return Literal(256); }
     /// A match in the fixed codes. The symbols are reckoned, for the reader has tables of them.
     Stream& Match(uint32_t length, uint32_t distance) {
         const Part back = PartOf(distance - 1, 1);
@@ -44,7 +50,10 @@ public:
             .Code(back.symbol, 5)
             .Bits(back.value, back.bits);
     }
-    Stream& Stored(bool last, uint32_t length, uint32_t complement, const std::string& bytes) {
+    Stream& Stored(bool last, const std::string& bytes) {
+        return Stored(last, bytes, uint32_t(bytes.size()), ~uint32_t(bytes.size()));
+    }
+    Stream& Stored(bool last, const std::string& bytes, uint32_t length, uint32_t complement) {
         Bits(last, 1).Bits(0, 2);
         m_count = m_bytes.size() * 8;
         Bits(length, 16).Bits(complement, 16);
