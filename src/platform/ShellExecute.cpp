@@ -6,6 +6,7 @@
 #include "platform/Handler.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
+#include "platform/Program.h"
 
 #include <array>
 #include <cerrno>
@@ -105,10 +106,12 @@ void Start(const Command& command, const fs::path& file, const Environment& envi
 }
 
 Command CommandFor(const QString& file) {
-    const auto fileClass = FindFileClass(ExtensionOf(file));
-    if (!fileClass || fileClass->command.isEmpty())
-        return {"xdg-open", {QStringLiteral("%1")}};
-    return ParseCommand(fileClass->command);
+    const QString extension = ExtensionOf(file);
+    if (const auto found = FindFileClass(extension); found && !found->command.isEmpty())
+        return ParseCommand(found->command);
+    const fs::path player = ProgramFile(ProgramFolder() + QStringLiteral("\\QM\\luaplayer"));
+    const bool plays = extension.compare(u".lua", Qt::CaseInsensitive) == 0 && CanRun(player);
+    return {plays ? player : fs::path("xdg-open"), {QStringLiteral("%1")}};
 }
 
 } // namespace

@@ -83,12 +83,23 @@ TEST_F(FileClassTest, AFileIsOpenedByItsClassOrByTheDesktop) {
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", (home.Root() / "bin").c_str() + (':' + path));
     const QString script = home.Put("mis juegos/ñ $x.LUA", "");
+    const QByteArray seen = "1|~/mis juegos/ñ $x.LUA|~/mis juegos|/dev/null|";
     ShellExecuteA(script);
-    EXPECT_EQ(Seen(), "1|~/mis juegos/ñ $x.LUA|~/mis juegos|/dev/null|");
-    Register(u"C:\\programa\\mi player.exe %1"_s);
+    EXPECT_EQ(Seen(), seen);
+    home.Put("programa/QM/luaplayer", "#!/bin/sh\n"); // can't be run, and is for .lua alone
+    ShellExecuteA(script);
+    EXPECT_EQ(Seen(), seen);
+    fs::permissions(home.Root() / "programa/QM/luaplayer", fs::perms::owner_all);
+    ShellExecuteA(home.Put("a.txt", ""));
+    EXPECT_EQ(Seen(), "1|~/a.txt|~|/dev/null|");
     home.Put("bin/xdg-open", "#!/bin/sh\n"); // no longer asked
+    PutPlayer("programa/QM/luaplayer");
     ShellExecuteA(script);
-    EXPECT_EQ(Seen(), "1|~/mis juegos/ñ $x.LUA|~/mis juegos|/dev/null|");
+    EXPECT_EQ(Seen(), seen);
+    home.Put("programa/QM/luaplayer", "#!/bin/sh\n"); // nor this one
+    Register(u"C:\\programa\\mi player.exe %1"_s);
+    ShellExecuteA(script);
+    EXPECT_EQ(Seen(), seen);
     for (const QString& nothing : {u"C:\\no hay.exe %1"_s, u"Q:\\x.exe %1"_s}) {
         Register(nothing);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"no hay|Q:"_s));
