@@ -198,7 +198,8 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
-    event->accept(); // the release comes here, too
+    mouseMoveEvent(event); // a box that came up under the mouse has heard of no move
+    event->accept();       // the release comes here, too
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {

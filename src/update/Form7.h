@@ -42,6 +42,7 @@ private:
     platform::Timer Timer1;
     platform::Timer Timer2;
     platform::Timer Timer3;
+    QObject Inet1; // stands for the network control: it has no address, and nothing is asked of it
     QString ArchivoConfig;
     QString m_estado;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assist/Form5.h"
 #include "platform/DirListBox.h"
+#include "platform/DriveListBox.h"
 #include "platform/FileListBox.h"
 #include "support/MainWindow.h"
 
@@ -14,12 +15,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray Encoded(QSize size, QColor color, const char* format) {
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(color);
+QByteArray Encoded(const QImage& image, const char* format) {
     QBuffer buffer;
     EXPECT_TRUE(image.save(&buffer, format, 100));
     return buffer.data();
+}
+
+QByteArray Encoded(QSize size, QColor color, const char* format) {
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(color);
+    return Encoded(image, format);
 }
 
 class Form5Test : public support::MainWindow {
@@ -28,6 +33,16 @@ protected:
         home.Put("imagenes/chica.png", Encoded({100, 50}, QColor(255, 0, 0, 0), "png"));
         home.Put("imagenes/grande.PNG", Encoded({600, 400}, Qt::green, "png"));
         home.Put("imagenes/rota.png", "x");
+        home.Put("imagenes/otra.jpg", "x");
+        QImage keyed(QSize(9, 9), QImage::Format_Indexed8); // transparent by its list of colours
+        keyed.setColorTable({qRgba(255, 0, 0, 0), qRgb(0, 0, 255)});
+        keyed.fill(0);
+        keyed.setPixel(8, 8, 1);
+        home.Put("imagenes/clave.png", Encoded(keyed, "png"));
+        QByteArray tree = Encoded({600, 400}, Qt::green, "png");
+        const QByteArray oversubscribed("\x05\x00\x92\x04", 4);
+        tree.replace(tree.indexOf("IDAT") + 6, oversubscribed.size(), oversubscribed);
+        home.Put("imagenes/arbol.png", tree);
         Press("pspscreen");
     }
     template<class Widget = QWidget>
@@ -44,6 +59,10 @@ protected:
         QMouseEvent move(QEvent::MouseMove, inWindow, principal.mapToGlobal(QPoint()) + inWindow,
                          Qt::NoButton, Qt::NoButton, Qt::NoModifier);
         QApplication::sendEvent(principal.windowHandle(), &move);
+    }
+    void ClickAt(QPoint at) {
+        QTest::mouseClick(principal.windowHandle(), Qt::LeftButton, {},
+                          Box()->mapTo(&principal, at));
     }
     void Click(const char* button) { Find<QPushButton>(button)->click(); }
     void Choose(const QString& file) {
@@ -63,9 +82,14 @@ protected:
 
 TEST_F(Form5Test, ThePositionOfTheMouseIsTold) {
     EXPECT_EQ(principal.ActiveForm()->Caption(), QString(54, u' ') + u"Coordenadas de pantalla"_s);
+    EXPECT_TRUE(InTheMiddle(principal.ActiveForm()));
+    EXPECT_EQ(Position() + Text("pp"), u" (x,y)"_s);
+    ClickAt({30, 40}); // before any move
+    EXPECT_EQ(Text("pp"), u"(30,40)"_s);
     MoveTo({200, 48});
     EXPECT_EQ(Position(), u"200 48"_s);
-    QTest::mouseClick(Box(), Qt::LeftButton, {}, {200, 48});
+    EXPECT_EQ(Text("pp"), u"(30,40)"_s);
+    ClickAt({200, 48});
     MoveTo({0, 0});
     EXPECT_EQ(Position(), u"0 0"_s);
     EXPECT_EQ(Text("pp"), u"(200,48)"_s);
@@ -108,7 +132,9 @@ TEST_F(Form5Test, AJpegIsShownInTheSameArea) {
 TEST_F(Form5Test, APngGivesTheAreaItsSizeUntilItIsRestored) {
     const QRgb own = Seen(470, 260);
     ShowFiles();
-    EXPECT_EQ(Find<platform::FileListBox>("File1")->count(), 3);
+    EXPECT_EQ(principal.ActiveForm()->Caption(), QString(49, u' ') + u"Imágenes .PNG"_s);
+    EXPECT_TRUE(InTheMiddle(principal.ActiveForm()));
+    EXPECT_EQ(Find<platform::FileListBox>("File1")->count(), 5); // without the .jpg
     EXPECT_EQ(Box()->size(), QSize(481, 273));
     Choose(u"grande.PNG"_s);
     EXPECT_EQ(Box()->size(), QSize(600, 400));
@@ -117,6 +143,13 @@ TEST_F(Form5Test, APngGivesTheAreaItsSizeUntilItIsRestored) {
     Choose(u"chica.png"_s);
     EXPECT_EQ(Box()->size(), QSize(100, 50));
     EXPECT_EQ(Seen(5, 5), Box()->palette().color(QPalette::Window).rgb());
+    Choose(u"clave.png"_s);
+    EXPECT_EQ(Seen(5, 5), Box()->palette().color(QPalette::Window).rgb());
+    EXPECT_EQ(Seen(8, 8), qRgb(0, 0, 255));
+    dialogs.Expect(u"Error in tree creation (Static)"_s, platform::Answer::Ok);
+    Choose(u"arbol.png"_s);
+    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark"_s);
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::None);
     Choose(u"rota.png"_s);
     EXPECT_TRUE(Box()->Picture().isNull());
     Click("KewlButtons4");
@@ -127,6 +160,10 @@ TEST_F(Form5Test, APngGivesTheAreaItsSizeUntilItIsRestored) {
     home.Put("programa/pspantalla/pantalla.jpg", Encoded({480, 272}, Qt::white, "jpg"));
     Click("KewlButtons4");
     EXPECT_EQ(Seen(470, 260), 0xFFFFFFFFU);
+    Find<platform::DriveListBox>("Drive1")->Drive(u"Z:"_s);
+    EXPECT_EQ(Find<platform::DirListBox>("Dir1")->Path(), u"Z:\\"_s);
+    EXPECT_EQ(Find<platform::FileListBox>("File1")->Path(), u"Z:\\"_s);
+    EXPECT_EQ(Seen(470, 260), 0xFFFFFFFFU); // the lists alone have changed
 }
 
 TEST_F(Form5Test, AClosedWindowIsPaintedWithoutBeingShown) {

@@ -51,6 +51,14 @@ protected:
         return Active();
     }
     QString Text() { return Active()->txtFile().Text(); }
+    // Whether a window stands in the middle, as sizes are told, to a pixel.
+    bool InTheMiddle(platform::Form* form) {
+        const QPoint corner = form->Shell()->pos();
+        const QSize size(form->Width(), form->Height());
+        const QSize rest = QSize(principal.Width(), principal.Height()) - size;
+        return qAbs(platform::ToTwips(corner.x()) - rest.width() / 2) <= platform::kTwipsPerPixel &&
+               qAbs(platform::ToTwips(corner.y()) - rest.height() / 2) <= platform::kTwipsPerPixel;
+    }
     // All but the explorer, which comes with each new script.
     std::vector<platform::Form*> Windows() {
         std::vector<platform::Form*> windows = principal.Forms();
