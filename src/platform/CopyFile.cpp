@@ -9,6 +9,7 @@
 #include <chrono>
 #include <fcntl.h>
 #include <future>
+#include <optional>
 #include <unistd.h>
 #include <vector>
 
@@ -64,9 +65,39 @@ private:
     bool m_whole = false;
 };
 
-bool CopyNative(const FileHandle& source, const fs::path& target,
-                const CopyProgressRoutine& progress, const int& cancel) {
-    const qint64 total = source.Status().st_size;
+// The file that is read, which tells of its own failures: the others are the target's.
+class Source {
+    template<class Work>
+    auto Telling(Work work) const {
+        try {
+            return work();
+        } catch (const SystemError& error) {
+            throw FileFailure(u"copiar", m_path, error);
+        }
+    }
+
+public:
+    explicit Source(const QString& path) : m_path(path) {
+        Telling([this] {
+            m_handle.emplace(ToNative(m_path), O_RDONLY | O_NONBLOCK);
+            m_handle->RequireRegular();
+        });
+    }
+    qint64 Size() const {
+        return Telling([this] { return m_handle->Status().st_size; });
+    }
+    qsizetype Read(std::span<char> buffer, qint64 offset) const {
+        return Telling([&] { return m_handle->Read(buffer, offset); });
+    }
+
+private:
+    QString m_path;
+    std::optional<FileHandle> m_handle;
+};
+
+bool CopyNative(const Source& source, const fs::path& target, const CopyProgressRoutine& progress,
+                const int& cancel) {
+    const qint64 total = source.Size();
     Partial partial(target);
     std::vector<char> buffer(kStep);
     qint64 copied = 0;
@@ -96,12 +127,11 @@ bool CopyFileExA(const QString& source, const QString& target, const CopyProgres
                  const int& cancel) {
     if (cancel != 0)
         return false;
+    const Source file(source);
     try {
-        const FileHandle handle(ToNative(source), O_RDONLY | O_NONBLOCK);
-        handle.RequireRegular();
-        return CopyNative(handle, ToNative(target, LastName::AsWritten), progress, cancel);
+        return CopyNative(file, ToNative(target, LastName::AsWritten), progress, cancel);
     } catch (const SystemError& error) {
-        throw FileFailure(u"copiar", source, error);
+        throw SaveFailure(target, error);
     }
 }
 

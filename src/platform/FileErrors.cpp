@@ -20,6 +20,7 @@ struct ErrorRow {
 constexpr std::array kErrors = {
     ErrorRow{kNotRegular, FailureCode::PathFileAccess, u"no es un archivo normal"},
     ErrorRow{kTooLarge, FailureCode::PathFileAccess, u"es demasiado grande (más de 1 GiB)"},
+    ErrorRow{kNoParent, FailureCode::PathNotFound, u"falta la carpeta de encima"},
     ErrorRow{ENOENT, FailureCode::FileNotFound, u"no existe"},
     ErrorRow{ENOTDIR, FailureCode::PathNotFound, u"la carpeta no existe"},
     ErrorRow{EEXIST, FailureCode::PathFileAccess, u"ya existe"},
@@ -43,6 +44,18 @@ const ErrorRow* FindError(int number) {
     return row == kErrors.end() ? nullptr : row;
 }
 
+QString FailureText(QStringView verb, QStringView object, const QString& path,
+                    const QString& reason) {
+    return QStringLiteral("No se puede %1 %2 \"%3\": %4.")
+        .arg(verb, object, DisplayText(path), reason);
+}
+
+Failure FailureOf(QStringView verb, QStringView object, const QString& path, SystemError error) {
+    const ErrorRow* row = FindError(error.number);
+    return {row ? row->code : FailureCode::PathFileAccess, QStringLiteral("Archivos"),
+            FailureText(verb, object, path, ErrorText(error.number))};
+}
+
 } // namespace
 
 void ThrowErrno() {
@@ -50,9 +63,15 @@ void ThrowErrno() {
 }
 
 Failure FileFailure(QStringView verb, const QString& path, SystemError error) {
-    const ErrorRow* row = FindError(error.number);
-    return {row ? row->code : FailureCode::PathFileAccess, QStringLiteral("Archivos"),
-            FileFailureText(verb, path, ErrorText(error.number))};
+    return FailureOf(verb, u"el archivo", path, error);
+}
+
+Failure SaveFailure(const QString& path, SystemError error) {
+    return FileFailure(u"guardar", path, {error.number == ENOENT ? ENOTDIR : error.number});
+}
+
+Failure FolderFailure(QStringView verb, const QString& path, SystemError error) {
+    return FailureOf(verb, u"la carpeta", path, error);
 }
 
 QString ErrorText(int error) {
@@ -64,8 +83,7 @@ QString ErrorText(int error) {
 }
 
 QString FileFailureText(QStringView verb, const QString& path, const QString& reason) {
-    return QStringLiteral("No se puede %1 el archivo \"%2\": %3.")
-        .arg(verb, DisplayText(path), reason);
+    return FailureText(verb, u"el archivo", path, reason);
 }
 
 } // namespace platform

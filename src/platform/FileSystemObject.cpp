@@ -75,7 +75,7 @@ void FileSystemObject::DeleteFolder(const QString& path, bool force) const {
             throw SystemError{error.value()};
         SyncFolder(native.parent_path());
     } catch (const SystemError& failure) {
-        throw FileFailure(u"borrar", path, failure);
+        throw FolderFailure(u"borrar", path, failure);
     }
 }
 
@@ -86,8 +86,7 @@ void FileSystemObject::CreateFolder(const QString& path) const {
             ThrowErrno();
         SyncFolder(native.parent_path());
     } catch (const SystemError& error) {
-        // It is the folder above that is missing.
-        throw FileFailure(u"crear", path, {error.number == ENOENT ? ENOTDIR : error.number});
+        throw FolderFailure(u"crear", path, {error.number == ENOENT ? kNoParent : error.number});
     }
 }
 

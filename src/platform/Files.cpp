@@ -201,9 +201,7 @@ void Save(const QString& path, const QByteArray& bytes,
     try {
         write(ToNative(path, LastName::AsWritten), bytes);
     } catch (const SystemError& error) {
-        // A file that isn't there yet is no failure, so it is its folder that is missing.
-        const SystemError told{error.number == ENOENT ? ENOTDIR : error.number};
-        throw FileFailure(u"guardar", path, told);
+        throw SaveFailure(path, error);
     }
 }
 

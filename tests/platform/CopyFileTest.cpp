@@ -69,6 +69,7 @@ TEST_F(CopyFileTest, CopiesInStepsWhileEventsGoOn) {
 TEST_F(CopyFileTest, WhatIsStoppedOrFailsLeavesNothingBehind) {
     home.Put("a", QByteArray(3 * kMiB, 'x'));
     home.Put("b", "old");
+    fs::create_directory(home.Root() / "carpeta");
     const int entries = Entries();
     stopAt = kMiB;
     EXPECT_FALSE(Copy());
@@ -79,8 +80,27 @@ TEST_F(CopyFileTest, WhatIsStoppedOrFailsLeavesNothingBehind) {
     stopAt = 3 * kMiB; // too late for a step, but not for the target
     EXPECT_FALSE(Copy());
     cancel = 0;
-    for (const QString& source : {u"C:\\no"_s, u"C:\\"_s, QString()})
-        EXPECT_THROW(Copy(source), Failure);
+    stopAt = -1;
+    const auto failure = [&](const QString& from, const QString& to) {
+        try {
+            CopyFileExA(
+                from, to, [](qint64, qint64) {}, cancel);
+        } catch (const Failure& f) {
+            return f.Text();
+        }
+        return QString();
+    };
+    const QString source = u"No se puede copiar el archivo \"%1\": %2."_s;
+    const QString target = u"No se puede guardar el archivo \"%1\": %2."_s;
+    const QString memory = u"Z:\\proc\\self\\mem"_s; // can be opened, but not read
+    EXPECT_EQ(failure(u"C:\\no"_s, u"C:\\b"_s), source.arg(u"C:\\no"_s, u"no existe"_s));
+    EXPECT_EQ(failure(u"C:\\"_s, u"C:\\b"_s), source.arg(u"C:\\"_s, u"es una carpeta"_s));
+    EXPECT_EQ(failure(memory, u"C:\\b"_s), source.arg(memory, u"el disco no responde bien"_s));
+    EXPECT_EQ(failure(u"C:\\a"_s, u"C:\\no\\b"_s),
+              target.arg(u"C:\\no\\b"_s, u"la carpeta no existe"_s));
+    EXPECT_EQ(failure(u"C:\\a"_s, u"C:\\carpeta"_s),
+              target.arg(u"C:\\carpeta"_s, u"es una carpeta"_s));
+    EXPECT_THROW(Copy(QString()), Failure);
     EXPECT_EQ(home.Get("b"), "old");
     EXPECT_EQ(Entries(), entries);
 }
@@ -102,5 +122,11 @@ TEST_F(CopyFileTest, AFolderGoesWithAllItHoldsButNoLinkIsFollowed) {
     EXPECT_EQ(home.Get("ajeno/mío"), "x");
     fso.CreateFolder(u"C:\\p"_s);
     EXPECT_THROW(fso.CreateFolder(u"C:\\p"_s), Failure);
-    EXPECT_THROW(fso.CreateFolder(u"C:\\no\\hay"_s), Failure);
+    try {
+        fso.CreateFolder(u"C:\\no\\hay"_s);
+        ADD_FAILURE();
+    } catch (const Failure& f) {
+        EXPECT_EQ(f.Text(),
+                  u"No se puede crear la carpeta \"C:\\no\\hay\": falta la carpeta de encima."_s);
+    }
 }
