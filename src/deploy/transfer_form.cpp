@@ -2,6 +2,7 @@
 #include "deploy/transfer_form.h"
 
 #include "deploy/Module2.h"
+#include "platform/Clock.h"
 #include "platform/CopyFile.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -10,6 +11,8 @@
 #include "platform/TextEncoding.h"
 #include "ui_transfer_form.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QScopeGuard>
 
 namespace deploy {
@@ -27,6 +30,9 @@ transfer_form::transfer_form(documents::MarcoDocumentos& marco,
     setFocusProxy(m_ui->Drive1);
     connect(m_ui->Combo1, &QComboBox::currentIndexChanged, this,
             [this] { platform::RunHandler([this] { Combo1_Click(); }); });
+    for (QPushButton* boton : {m_ui->KewlButtons1, m_ui->parar})
+        connect(boton, &QPushButton::pressed, this,
+                [this] { m_dobleClic = platform::Now() < m_finDobleClic; });
     platform::OnEvent(m_ui->KewlButtons1, &QPushButton::clicked, this,
                       &transfer_form::KewlButtons1_Click);
     platform::OnEvent(m_ui->KewlButtons2, &QPushButton::clicked, this,
@@ -53,6 +59,8 @@ void transfer_form::Combo1_Click() {
 }
 
 void transfer_form::KewlButtons1_Click() {
+    if (m_dobleClic)
+        return;
     const auto firmware = static_cast<size_t>(m_ui->Combo1->currentIndex());
     m_compartido.carpeta_firmware = QString::fromUtf16(Firmwares()[firmware].carpeta);
     const Destino destino{m_ui->Drive1->Drive(), m_compartido.carpeta_firmware,
@@ -84,8 +92,11 @@ void transfer_form::EscribirScript(const Destino& destino, const QString& texto)
                         platform::EncodeText(utf8, platform::TextEncoding::CodePage).bytes);
 }
 
-// "&Detener" takes the place of "&Transferir" while there is something to stop.
+// "&Detener" takes the place of "&Transferir" while there is something to stop. Who presses twice
+// in a hurry doesn't mean both.
 void transfer_form::MostrarCopia(bool copiando) {
+    if (m_copiando != copiando)
+        m_finDobleClic = platform::Now() + QApplication::doubleClickInterval();
     m_copiando = copiando;
     QPushButton* viene = copiando ? m_ui->parar : m_ui->KewlButtons1;
     QPushButton* se_va = copiando ? m_ui->KewlButtons1 : m_ui->parar;
@@ -128,7 +139,18 @@ void transfer_form::Copiar(const QString& origen, const QString& destino) {
 }
 
 void transfer_form::parar_Click() {
-    m_cancelar = 1;
+    if (!m_dobleClic)
+        m_cancelar = 1;
+}
+
+// Alt and a button's letter, held down, would press the button again as soon as it is back.
+bool transfer_form::event(QEvent* event) {
+    const bool atajo = event->type() == QEvent::ShortcutOverride;
+    const auto* tecla = atajo ? static_cast<QKeyEvent*>(event) : nullptr;
+    if (!tecla || !tecla->isAutoRepeat() || !(tecla->modifiers() & Qt::AltModifier))
+        return Form::event(event);
+    event->accept();
+    return true;
 }
 
 void transfer_form::KewlButtons2_Click() {

@@ -28,6 +28,7 @@ public:
 protected:
     void Form_Load() override;
     void Form_QueryUnload(bool& cancel) override;
+    bool event(QEvent* event) override;
 
 private:
     void Combo1_Click();
@@ -46,6 +47,8 @@ private:
     platform::FileSystemObject fso;
     int m_cancelar = 0; // not 0: no further byte is copied
     bool m_copiando = false;
+    int64_t m_finDobleClic = 0; // of platform::Now, after the last change of the two buttons
+    bool m_dobleClic = false;   // the last press came before
 };
 
 } // namespace deploy

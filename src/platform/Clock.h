@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 namespace platform {
@@ -9,5 +10,10 @@ namespace platform {
 void Sleep(int milliseconds);
 /// Puts another wait in its place, for a test. An empty function restores it.
 void ReplaceSleep(std::function<void(int milliseconds)> sleep);
+
+/// Milliseconds on a clock that only goes forward.
+int64_t Now();
+/// Puts another clock in its place, for a test. An empty function restores it.
+void ReplaceNow(std::function<int64_t()> now);
 
 } // namespace platform

@@ -106,6 +106,8 @@ void Form::closeEvent(QCloseEvent* event) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat()) // a key that is held down presses one button once
+        return QWidget::keyPressEvent(event);
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     // A button that has the focus comes before the default one.
     auto* focused = qobject_cast<QPushButton*>(focusWidget());

@@ -2,6 +2,7 @@
 #include "deploy/Destinos.h"
 #include "deploy/cProg.h"
 #include "deploy/transfer_form.h"
+#include "platform/Clock.h"
 #include "platform/DriveListBox.h"
 #include "platform/Drives.h"
 #include "support/MainWindow.h"
@@ -17,7 +18,25 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const QByteArray kLoader = QByteArray((1 << 20) + 1, 'L');
+// The files that a transfer takes; each holds its own name behind more than one step of a copy.
+constexpr std::array kDataFiles = {"EBOOT.PBP", "EBOOT2.PBP", "EBOOT3.PBP",  "EBOOT4.PBP",
+                                   "hook.prx",  "load.pbp",   "rdriver.prx", "syslib.prx"};
+const QByteArray kHead = QByteArray((1 << 20) + 1, 'L');
+
+struct Loader {
+    QString name;
+    std::string source;
+};
+const std::array kLoaders = {Loader{u"Eboot clasico"_s, "EBOOT.PBP"},
+                             Loader{u"Eboot HM6.6"_s, "EBOOT2.PBP"},
+                             Loader{u"Eboot HM8.0"_s, "EBOOT3.PBP"},
+                             Loader{u"Eboot PhoenixGameEngine 0.02"_s, "EBOOT4.PBP"}};
+const QString kDrivers = u" GAME/juego/LPHMDRIVER GAME/juego/LPHMDRIVER/hook.prx "
+                         "GAME/juego/LPHMDRIVER/load.pbp GAME/juego/LPHMDRIVER/rdriver.prx "
+                         "GAME/juego/LPHMDRIVER/syslib.prx"_s;
+// Of the firmwares behind the first one.
+const QString kVersions = u"2.71 SE,3.03 OE,3.10 OE,3.30 OE,3.40 OE,3.52 M33,3.71 M33,3.80 M33,"
+                          "3.90 M33,3.93 M33,3.93 GEN,3.95 GEN,4.01 M33"_s;
 
 class TransferTest : public support::MainWindow {
 protected:
@@ -26,10 +45,9 @@ protected:
         platform::ResetCurrentDrives();
         fs::create_directories(home.Root() / "stick/psp/GAME");
         fs::create_directories(home.Root() / "stick/psp/GAME150");
-        for (const deploy::Eboot& eboot : deploy::Eboots())
-            Data(eboot.origen, kLoader + QString::fromUtf16(eboot.origen).toUtf8());
-        for (const char16_t* driver : deploy::kDrivers)
-            Data((std::u16string(u"\\data") + driver).c_str(), QByteArray("driver"));
+        platform::ReplaceNow([this] { return now; });
+        for (const char* name : kDataFiles)
+            home.Put(std::string("programa/data/") + name, kHead + name);
         Abrir(home.Put("juego.lua", "a\xF1o"));
         compartido.nombre_script = u"juego"_s;
         Active()->txtFile().SelText(u"x"_s);
@@ -37,9 +55,7 @@ protected:
         Press("transfer");
         window = principal.ActiveForm();
     }
-    void Data(const char16_t* path, const QByteArray& bytes) {
-        home.Put("programa" + QString::fromUtf16(path).replace(u'\\', u'/').toStdString(), bytes);
-    }
+    ~TransferTest() override { platform::ReplaceNow({}); }
     template<class Widget>
     Widget* Find(const char* name) {
         return window->findChild<Widget*>(QString::fromLatin1(name));
@@ -49,7 +65,17 @@ protected:
         Find<QComboBox>("Combo1")->setCurrentIndex(firmware);
         Find<QComboBox>("Combo2")->setCurrentIndex(loader);
     }
-    void Transfer() { Find<QPushButton>("KewlButtons1")->click(); }
+    // Presses a button some time after the last press.
+    void Click(const char* button) {
+        now += 5000;
+        Find<QPushButton>(button)->click();
+    }
+    void Transfer() { Click("KewlButtons1"); }
+    // What the user does while files are copied.
+    template<class Work>
+    void Meanwhile(Work work) {
+        QTimer::singleShot(0, window, work);
+    }
     // All that is in the console's folder of the stick.
     QString Tree() {
         QStringList files;
@@ -66,43 +92,50 @@ protected:
     }
 
     platform::Form* window;
+    qint64 now = 0; // milliseconds, of the program's clock
 };
 
 } // namespace
 
 TEST_F(TransferTest, EachLoaderMakesItsTree) {
     EXPECT_EQ(window->Caption(), QString(54, u' ') + u"Ventana de Transferencia"_s);
+    EXPECT_TRUE(InTheMiddle(window));
     auto* button = Find<QPushButton>("KewlButtons1");
     EXPECT_FALSE(button->isEnabled());
-    ASSERT_EQ(Find<QComboBox>("Combo1")->count(), 14);
-    ASSERT_EQ(Find<QComboBox>("Combo2")->count(), 4);
+    EXPECT_EQ(Find<QComboBox>("Combo2")->currentIndex(), -1);
+    EXPECT_EQ(Find<deploy::cProg>("cProg1")->Value(), 0);
+    Find<QComboBox>("Combo2")->setCurrentIndex(0);
+    EXPECT_FALSE(button->isEnabled());
     Choose(u"E:"_s, 0, -1);
     EXPECT_TRUE(button->isEnabled()); // the firmware alone is enough
     Transfer();
     EXPECT_EQ(Tree(), u"GAME GAME/juego GAME/juego/script.lua GAME150"_s);
     EXPECT_EQ(Stick("GAME/juego/script.lua"), "xa\xF1o\r\n");
     home.Put("stick/psp/GAME/juego/añadido", "x");
-    for (int loader = 0; loader < 4; ++loader) {
-        Choose(u"E:"_s, 0, loader);
+    ASSERT_EQ(Find<QComboBox>("Combo2")->count(), int(kLoaders.size()));
+    for (int i = 0; const Loader& loader : kLoaders) {
+        EXPECT_EQ(Find<QComboBox>("Combo2")->itemText(i), loader.name);
+        Choose(u"E:"_s, 0, i++);
         Transfer();
         EXPECT_TRUE(Idle());
         EXPECT_EQ(Find<deploy::cProg>("cProg1")->Value(), 100);
-        const QString driver = loader == 2 ? u"GAME/juego/LPHMDRIVER "
-                                             "GAME/juego/LPHMDRIVER/hook.prx "
-                                             "GAME/juego/LPHMDRIVER/load.pbp "
-                                             "GAME/juego/LPHMDRIVER/rdriver.prx "
-                                             "GAME/juego/LPHMDRIVER/syslib.prx "_s
-                                           : QString();
-        EXPECT_EQ(Tree(), u"GAME GAME/juego GAME/juego/EBOOT.PBP "_s + driver +
-                              u"GAME/juego/script.lua GAME150"_s);
-        const QString source = QString::fromUtf16(deploy::Eboots()[size_t(loader)].origen);
-        EXPECT_TRUE(Stick("GAME/juego/EBOOT.PBP").endsWith("L" + source.toUtf8()));
+        EXPECT_EQ(Tree(), u"GAME GAME/juego GAME/juego/EBOOT.PBP"_s +
+                              (i == 3 ? kDrivers : QString()) +
+                              u" GAME/juego/script.lua GAME150"_s);
+        EXPECT_TRUE(Stick("GAME/juego/EBOOT.PBP") == kHead + loader.source.c_str());
+        for (const char* driver : {"hook.prx", "load.pbp", "rdriver.prx", "syslib.prx"})
+            EXPECT_TRUE(i != 3 ||
+                        Stick(std::string("GAME/juego/LPHMDRIVER/") + driver) == kHead + driver);
     }
-    for (int firmware = 1; firmware < 14; ++firmware) {
-        compartido.nombre_script = u"f%1"_s.arg(firmware);
-        Choose(u"E:"_s, firmware, -1); // the loader of the last transfer goes again
+    ASSERT_EQ(Find<QComboBox>("Combo1")->count(), 14);
+    EXPECT_EQ(Find<QComboBox>("Combo1")->itemText(0), u"Firmware 1.5"_s);
+    for (int firmware = 0; const QString& version : kVersions.split(u',')) {
+        compartido.nombre_script = version;
+        Choose(u"E:"_s, ++firmware, -1); // the loader of the last transfer goes again
+        EXPECT_EQ(Find<QComboBox>("Combo1")->currentText(),
+                  u"CF %1-Todas versiones"_s.arg(version));
         Transfer();
-        EXPECT_TRUE(Stick("GAME150/f" + std::to_string(firmware) + "/EBOOT.PBP").endsWith("4.PBP"));
+        EXPECT_TRUE(Stick("GAME150/" + version.toStdString() + "/EBOOT.PBP").endsWith("4.PBP"));
     }
 }
 
@@ -118,9 +151,7 @@ TEST_F(TransferTest, WhatCannotBeIsRefusedBeforeTheStickIsTouched) {
         EXPECT_TRUE(Idle());
         EXPECT_EQ(Tree(), before);
     };
-    for (const QString& name :
-         {u"."_s, u".."_s, u"a\\b"_s, u"a/b"_s, u"C:"_s, u"a\nb"_s, u"a?"_s, u"a\uF03Fb"_s,
-          u"nul.x"_s, u"JUEGOL~1"_s, QString(QChar(0xD800)), u"a."_s, u"a "_s, QString(256, u'a')})
+    for (const QString& name : {u".."_s, u"a/b"_s, u"nul.x"_s})
         refused(u"E:"_s, name, u"no puede ser el nombre"_s);
     refused(u"E:"_s, QString(), u"si no tiene más de cuatro, guárdalo"_s); // hovering won't do
     refused(QString(), u"juego"_s, u"Elige en PSP"_s);
@@ -139,17 +170,97 @@ TEST_F(TransferTest, WhatCannotBeIsRefusedBeforeTheStickIsTouched) {
     Active()->flagGuardar = false;
 }
 
-TEST_F(TransferTest, StoppingEndsAllCopies) {
+TEST(DestinosTest, NamesFollowTheFileSystemOfTheStick) {
+    const auto judged = [](const QStringList& names) {
+        QString verdicts;
+        for (const QString& name : names)
+            verdicts += deploy::DefectoDeNombre(name) ? u'-' : u'+';
+        return verdicts;
+    };
+    EXPECT_EQ(judged({u"."_s,
+                      u".."_s,
+                      u"a\nb"_s,
+                      u"a\u001Fb"_s,
+                      u"a\u007Fb"_s,
+                      u"a\uF03Fb"_s,
+                      u"a."_s,
+                      u"a "_s,
+                      QString(QChar(0xD800)),
+                      QString(256, u'a'),
+                      u"con"_s,
+                      u"Prn.x"_s,
+                      u"AUX"_s,
+                      u"nul.x.y"_s,
+                      u"conin$"_s,
+                      u"CONOUT$.a"_s,
+                      u"com0"_s,
+                      u"lpt³"_s,
+                      u"a~1"_s,
+                      u"JUEGOL~1"_s,
+                      u"JUEGOL~1.LUA"_s,
+                      u"a~123456."_s}),
+              QString(22, u'-'));
+    for (const QChar c : u"\\/:*?\"<>|\uFFFD"_s)
+        EXPECT_EQ(judged({QString(c), u'a' + c, c + u"a"_s}), u"---"_s);
+    EXPECT_EQ(judged({u"a"_s, u".a"_s, u" a"_s, u"a b"_s, u"ñ→"_s, QString(255, u'a'), u"con1"_s,
+                      u"nulo"_s, u"com"_s, u"com10"_s, u"xlpt1"_s, u"~1"_s, u"JUEGOLA~1"_s,
+                      u"a~b"_s, u"a~1234567"_s, u"a~1.abcd"_s, u"a.b~1"_s}),
+              QString(17, u'+'));
+}
+
+TEST_F(TransferTest, StoppingEndsAllCopiesOfThisTransfer) {
     Choose(u"E:"_s, 0, 2);
-    QTimer::singleShot(0, window, [this] {
+    Meanwhile([this] {
         EXPECT_TRUE(Find<QPushButton>("parar")->isVisible());
         EXPECT_FALSE(Find<QPushButton>("KewlButtons1")->isVisible());
         compartido.nombre_script = u"otro"_s; // has no say any more
-        Find<QPushButton>("parar")->click();
+        Click("parar");
     });
     Transfer();
     EXPECT_TRUE(Idle());
     EXPECT_EQ(Tree(), u"GAME GAME/juego GAME/juego/LPHMDRIVER GAME/juego/script.lua GAME150"_s);
+    compartido.nombre_script = u"juego"_s;
+    Transfer();
+    EXPECT_TRUE(Tree().contains(kDrivers));
+}
+
+TEST_F(TransferTest, APressThatFollowsAtOnceIsNotMeant) {
+    principal.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&principal));
+    auto* transferir = Find<QPushButton>("KewlButtons1");
+    Choose(u"E:"_s, 0, 2);
+    Find<QComboBox>("Combo1")->setFocus();
+    Meanwhile([&] {
+        now += QApplication::doubleClickInterval() - 1;
+        QTest::mouseClick(Find<QPushButton>("parar"), Qt::LeftButton);
+    });
+    QTest::mouseClick(transferir, Qt::LeftButton);
+    EXPECT_TRUE(Tree().contains(kDrivers));
+    home.Put("stick/psp/GAME/juego/señal", "x"); // until there is another transfer
+    QTest::mouseClick(transferir, Qt::LeftButton);
+    now += QApplication::doubleClickInterval() - 1;
+    QTest::mouseClick(transferir, Qt::LeftButton);
+    EXPECT_TRUE(Tree().contains(u"señal"_s));
+    now += 1;
+    QTest::mouseClick(transferir, Qt::LeftButton);
+    EXPECT_FALSE(Tree().contains(u"señal"_s));
+    now += 5000;
+    home.Put("stick/psp/GAME/juego/señal", "x");
+    for (const bool held : {true, false}) { // a key that is held down, and one press of it
+        const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+            qt_handleKeyEvent(principal.windowHandle(), QEvent::KeyPress, key, modifiers, u"t"_s,
+                              held);
+        };
+        press(Qt::Key_T, Qt::AltModifier);
+        EXPECT_NE(transferir->isDown(), held);
+        EXPECT_TRUE(held ||
+                    QTest::qWaitFor([&] { return !Tree().contains(u"señal"_s) && Idle(); }));
+        transferir->setFocus();
+        home.Put("stick/psp/GAME/juego/señal", "x");
+        now += 5000;
+        press(Qt::Key_Return, {});
+        EXPECT_EQ(Tree().contains(u"señal"_s), held);
+    }
 }
 
 TEST_F(TransferTest, TheWindowStaysWhileFilesAreCopied) {
@@ -158,7 +269,7 @@ TEST_F(TransferTest, TheWindowStaysWhileFilesAreCopied) {
     auto* script = dynamic_cast<documents::frmDocumento*>(principal.Forms().front());
     Choose(u"E:"_s, 0, 0);
     bool tried = false;
-    QTimer::singleShot(0, window, [&] {
+    Meanwhile([&] {
         EXPECT_FALSE(Find<QPushButton>("KewlButtons2")->isEnabled());
         EXPECT_FALSE(principal.close());
         EXPECT_EQ(principal.Forms().size(), 2U); // the script is still there, too
@@ -237,11 +348,10 @@ TEST_F(TransferTest, FailuresHaveASoundEnd) {
     EXPECT_TRUE(Tree().contains(u"syslib.prx"_s));
     EXPECT_FALSE(Tree().contains(u"EBOOT"_s));
     Choose(u"E:"_s, 0, 2);
-    home.Put("programa/data/EBOOT3.PBP", kLoader);
-    QTimer::singleShot(0, window, [this] { // the stick is pulled out
-        fs::remove_all(home.Root() / "stick");
-    });
-    dialogs.Expect(u"LPHMDRIVER"_s, Answer::Ok);
+    home.Put("programa/data/EBOOT3.PBP", kHead);
+    Meanwhile([this] { fs::remove_all(home.Root() / "stick"); }); // it is pulled out
+    dialogs.Expect(u"No se puede crear la carpeta \"E:\\PSP\\GAME\\juego\\LPHMDRIVER\""_s,
+                   Answer::Ok);
     Transfer();
     EXPECT_TRUE(Idle());
     EXPECT_EQ(dialogs.messages.back().icon, platform::Icon::Error);
