@@ -9,11 +9,11 @@
 namespace platform {
 
 /// A window's timer: calls the owner's handler again and again while it is enabled, but never while
-/// that handler still runs.
+/// that handler still runs. It is a QTimer among the owner's children, in the order of the fields.
 class Timer {
 public:
     template<class Owner>
-    Timer(Owner* owner, void (Owner::*tick)()) {
+    Timer(Owner* owner, void (Owner::*tick)()) : m_timer(owner) {
         QObject::connect(&m_timer, &QTimer::timeout, owner, [this, owner, tick] {
             if (m_running)
                 return;

@@ -49,29 +49,60 @@ TEST_F(cProgTest, ShowsItsValue) {
     EXPECT_EQ(told, u"Value"_s.repeated(6));
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&bar);
     EXPECT_EQ(spoken->role(), QAccessible::ProgressBar);
-    EXPECT_EQ(spoken->valueInterface()->currentValue().toInt(), 30);
+    QAccessibleValueInterface* value = spoken->valueInterface();
+    EXPECT_EQ(value->currentValue().toInt(), 30);
+    EXPECT_EQ(value->minimumValue().toInt(), 0);
+    EXPECT_EQ(value->maximumValue().toInt(), 100);
 }
 
-TEST_F(cProgTest, PalettesAndWhatTheHostKeeps) {
+TEST_F(cProgTest, PalettesColorTheShapesAndTheText) {
+    struct Palette {
+        int number;
+        std::array<QRgb, 5> colors; // background, its border, bar, its border, text
+    };
+    constexpr std::array<QRgb, 5> green = {0xC0FFC0, 0x008000, 0x00C000, 0x008000, 0x008000};
+    constexpr std::array<QRgb, 5> blue = {0x336699, 0x0081C8, 0x0081C8, 0x0081C8, 0xFFFFFF};
     bar.Value(50);
-    bar.PaletteColor(1);
-    EXPECT_EQ(At(100, 20), 0x00C000U);
-    EXPECT_EQ(At(210, 20), 0xC0FFC0U);
-    EXPECT_EQ(At(210, 0), 0x008000U);
-    bar.PaletteColor(0);
-    EXPECT_EQ(At(100, 20), 0x00C000U);
+    for (const Palette& palette : {Palette{0, blue}, Palette{1, green}, Palette{3, green},
+                                   Palette{-1, green}, Palette{2, blue}, Palette{0, blue}}) {
+        bar.PaletteColor(palette.number);
+        const QImage seen = bar.grab().toImage();
+        QRect text; // around the pixels of its colour in the background
+        for (int x = 210; x < 395; ++x) {
+            for (int y = 2; y < 38; ++y) {
+                if ((seen.pixel(x, y) & 0xFFFFFF) == palette.colors[4])
+                    text |= QRect(x, y, 1, 1);
+            }
+        }
+        EXPECT_NEAR(text.right(), 390, 2); // 8 pixels from the edge
+        EXPECT_NEAR(text.center().y(), 20, 2);
+        constexpr std::array<QPoint, 4> places = {QPoint(210, 20), QPoint(399, 39), QPoint(100, 20),
+                                                  QPoint(199, 39)};
+        for (size_t i = 0; i < places.size(); ++i)
+            EXPECT_EQ(seen.pixel(places[i]) & 0xFFFFFF, palette.colors[i]) << palette.number << i;
+    }
+}
+
+TEST_F(cProgTest, TheHostKeepsItsProperties) {
     platform::PropertyBag bag;
+    bar.Value(16);
+    bar.PaletteColor(2);
+    bar.Font(QFont(u"x"_s, 20));
+    EXPECT_EQ(told, u"ValuePaletteColorFont"_s);
     bar.WriteProperties(bag);
     cProg other;
+    const QFont hosts = other.font();
     other.resize(400, 40);
     other.ReadProperties(bag);
-    EXPECT_EQ(other.Value(), 50);
-    EXPECT_EQ(other.BarWidth(), 3000);
-    EXPECT_EQ(other.PaletteColor(), 0);
+    EXPECT_EQ(other.Value(), 16);
+    EXPECT_EQ(other.BarWidth(), 960);
+    EXPECT_EQ(other.PaletteColor(), 2);
     EXPECT_EQ(other.Font(), bar.Font());
     other.ReadProperties({});
     EXPECT_EQ(other.Value(), 15);
     EXPECT_EQ(other.PaletteColor(), 1);
+    EXPECT_EQ(other.grab().toImage().pixel(210, 20) & 0xFFFFFF, 0xC0FFC0U);
+    EXPECT_EQ(other.Font(), hosts);
 }
 
 TEST_F(cProgTest, ProgressIsCutOffToAWholePercentage) {

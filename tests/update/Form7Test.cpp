@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QStatusBar>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 using platform::Answer;
@@ -47,6 +48,48 @@ TEST_F(Form7Test, WaitsIdle) {
     EXPECT_FALSE(std::filesystem::exists(home.Root() / "programa/Update"));
     EXPECT_EQ(dialogs.messages[0].title, u"Quillmark v3.0.0"_s);
     EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Information);
+}
+
+TEST_F(Form7Test, TellsEachStepAndCountsSecondsMeanwhile) {
+    home.Put("programa/Update/version.txt", "3.1");
+    compartido.segundos = 7; // of another window
+    dialogs.Expect(u"Actualizacion OnLine aun no disponible"_s, Answer::Ok);
+    dialogs.ExpectForm([&](platform::Form& form) {
+        auto* bar = form.findChild<deploy::cProg*>();
+        const auto timers = form.findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+        const auto panels = form.findChild<QStatusBar*>()->findChildren<QLabel*>();
+        ASSERT_EQ(timers.size(), 3);
+        ASSERT_EQ(panels.size(), 2);
+        EXPECT_EQ(timers[0]->interval(), 1);
+        EXPECT_EQ(compartido.segundos, 0);
+        const auto told = [&] {
+            for (int i = 0; i < 2; ++i) { // both have waited for their time
+                QTimerEvent elapsed(timers[i]->timerId());
+                QApplication::sendEvent(timers[i], &elapsed);
+            }
+            return u"%1 %2 %3|"_s.arg(bar->Value()).arg(panels[0]->text(), panels[1]->text());
+        };
+        for (const char* first : {"Idle", "Descargando actualizacion"}) { // a second look, too
+            EXPECT_FALSE(timers[1]->isActive() || timers[2]->isActive());
+            QString steps;
+            const auto watch =
+                QObject::connect(bar, &deploy::cProg::PropertyChanged, [&] { steps += told(); });
+            dynamic_cast<update::Form7&>(form).actualizacion();
+            QObject::disconnect(watch);
+            EXPECT_EQ(timers[1]->interval(), 1000);
+            EXPECT_EQ(steps, u"10 Status: %1 Tiempo: 1 segundos|"
+                             "15 Status: Comprobando actualizaciones Tiempo: 2 segundos|"
+                             "30 Status: Comprobando actualizaciones Tiempo: 3 segundos|"
+                             "60 Status: Comprobando actualizaciones Tiempo: 4 segundos|"
+                             "100 Status: Descargando actualizacion Tiempo: 5 segundos|"_s.arg(
+                                 QLatin1String(first)))
+                << steps.toStdString();
+        }
+        home.Put("programa/Update/version.txt", "3.0.0");
+        dynamic_cast<update::Form7&>(form).actualizacion();
+        EXPECT_TRUE(told().contains(u"Status: Comprobacion realizada"_s));
+    });
+    Press("actualizacion_online");
 }
 
 TEST_F(Form7Test, ComparesVersionsAsTexts) {
