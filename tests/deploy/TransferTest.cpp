@@ -170,7 +170,7 @@ TEST_F(TransferTest, WhatCannotBeIsRefusedBeforeTheStickIsTouched) {
     Active()->flagGuardar = false;
 }
 
-TEST(DestinosTest, NamesFollowTheFileSystemOfTheStick) {
+TEST_F(TransferTest, NamesFollowTheFileSystemOfTheStick) {
     const auto judged = [](const QStringList& names) {
         QString verdicts;
         for (const QString& name : names)
@@ -284,7 +284,8 @@ TEST_F(TransferTest, TheWindowStaysWhileFilesAreCopied) {
     EXPECT_TRUE(Tree().contains(u"EBOOT.PBP"_s));
     EXPECT_EQ(principal.ActiveForm(), script); // typing goes on there
     EXPECT_EQ(Find<QLabel>("aviso")->text(), QString());
-    EXPECT_TRUE(window->Unload());
+    Click("KewlButtons2");
+    EXPECT_EQ(principal.Forms().size(), 1U);
 }
 
 TEST_F(TransferTest, AnyTextArrivesWhole) {

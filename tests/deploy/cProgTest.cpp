@@ -87,10 +87,14 @@ TEST_F(cProgTest, TheHostKeepsItsProperties) {
     platform::PropertyBag bag;
     bar.Value(16);
     bar.PaletteColor(2);
+    const QImage smaller = bar.grab().toImage();
     bar.Font(QFont(u"x"_s, 20));
+    EXPECT_NE(bar.grab().toImage(), smaller);
     EXPECT_EQ(told, u"ValuePaletteColorFont"_s);
     bar.WriteProperties(bag);
     cProg other;
+    EXPECT_EQ(other.Value(), 15);
+    EXPECT_EQ(other.PaletteColor(), 1);
     const QFont hosts = other.font();
     other.resize(400, 40);
     other.ReadProperties(bag);

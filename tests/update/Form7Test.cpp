@@ -42,6 +42,7 @@ TEST_F(Form7Test, WaitsIdle) {
         const auto* panel = form.findChild<QStatusBar*>()->findChild<QLabel*>();
         EXPECT_TRUE(QTest::qWaitFor([&] { return panel->text() == u"Status: Idle"_s; }));
         EXPECT_EQ(form.findChild<deploy::cProg*>()->Value(), 0);
+        EXPECT_TRUE(form.IsFixedSize());
         EXPECT_EQ(form.findChild<QLabel*>(u"Label1"_s)->text(), u"Buscando actualizaciones"_s);
     });
     Press("actualizacion_online");
@@ -61,6 +62,7 @@ TEST_F(Form7Test, TellsEachStepAndCountsSecondsMeanwhile) {
         ASSERT_EQ(timers.size(), 3);
         ASSERT_EQ(panels.size(), 2);
         EXPECT_EQ(timers[0]->interval(), 1);
+        EXPECT_FALSE(timers[1]->isActive() || timers[2]->isActive());
         EXPECT_EQ(compartido.segundos, 0);
         const auto told = [&] {
             for (int i = 0; i < 2; ++i) { // both have waited for their time
@@ -70,13 +72,14 @@ TEST_F(Form7Test, TellsEachStepAndCountsSecondsMeanwhile) {
             return u"%1 %2 %3|"_s.arg(bar->Value()).arg(panels[0]->text(), panels[1]->text());
         };
         for (const char* first : {"Idle", "Descargando actualizacion"}) { // a second look, too
-            EXPECT_FALSE(timers[1]->isActive() || timers[2]->isActive());
+            timers[2]->start(60000); // which starts the look, and once is enough
             QString steps;
             const auto watch =
                 QObject::connect(bar, &deploy::cProg::PropertyChanged, [&] { steps += told(); });
             dynamic_cast<update::Form7&>(form).actualizacion();
             QObject::disconnect(watch);
             EXPECT_EQ(timers[1]->interval(), 1000);
+            EXPECT_FALSE(timers[1]->isActive() || timers[2]->isActive());
             EXPECT_EQ(steps, u"10 Status: %1 Tiempo: 1 segundos|"
                              "15 Status: Comprobando actualizaciones Tiempo: 2 segundos|"
                              "30 Status: Comprobando actualizaciones Tiempo: 3 segundos|"
