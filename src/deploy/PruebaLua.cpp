@@ -23,9 +23,7 @@ QString CarpetaDePruebas(const platform::FileSystemObject& fso) {
 } // namespace
 
 void EscribirTemporal(const QString& texto) {
-    const QByteArray utf8 = texto.toUtf8() + "\r\n";
-    platform::WriteFile(shared::RutaTemporal(),
-                        platform::EncodeText(utf8, platform::TextEncoding::CodePage).bytes);
+    platform::WriteFile(shared::RutaTemporal(), platform::EncodeForPlayer(texto) + "\r\n");
 }
 
 platform::Environment EntornoDePrueba(const QString& ruta, const QString& rotulo,

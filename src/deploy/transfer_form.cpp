@@ -87,9 +87,7 @@ void transfer_form::EscribirScript(const Destino& destino, const QString& texto)
     if (fso.FolderExists(destino.Proyecto()))
         fso.DeleteFolder(destino.Proyecto(), true);
     fso.CreateFolder(destino.Proyecto());
-    const QByteArray utf8 = texto.toUtf8() + "\r\n";
-    platform::WriteFile(destino.Script(),
-                        platform::EncodeText(utf8, platform::TextEncoding::CodePage).bytes);
+    platform::WriteFile(destino.Script(), platform::EncodeForPlayer(texto) + "\r\n");
 }
 
 // "&Detener" takes the place of "&Transferir" while there is something to stop. Who presses twice

@@ -111,6 +111,11 @@ EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted) {
     return {TextEncoding::Utf8, utf8};
 }
 
+QByteArray EncodeForPlayer(const QString& text) {
+    const auto bytes = ToCodePage(text);
+    return bytes ? *bytes : text.toUtf8();
+}
+
 DecodedText ReadTextFile(const QString& path) {
     const QByteArray bytes = ReadFile(path);
     try {

@@ -31,8 +31,12 @@ DecodedText DecodeText(const QByteArray& bytes);
 /// The same of a whole file, by program path; a failure's text names the file.
 DecodedText ReadTextFile(const QString& path);
 
-/// The bytes for a text. A text that can't be held in the code page, or that would be read back
-/// otherwise from it, becomes UTF-8 without a mark.
+/// The bytes for a user's own file. A text that can't be held in the code page, or that would be
+/// read back otherwise from it, becomes UTF-8 without a mark.
 EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted);
+
+/// The bytes of a script for a player, which nobody reads back: in the code page whenever the text
+/// fits it, else UTF-8 without a mark.
+QByteArray EncodeForPlayer(const QString& text);
 
 } // namespace platform

@@ -44,8 +44,11 @@ TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
     Press("mnuarchivonuevo");
     EXPECT_EQ(Temporal(), "\r\n");
     Open("a\xF1o\n");
+    Press("ejecutar_lua");
+    EXPECT_FALSE(Active()->flagGuardar);
     Type(u"x"_s);
     Press("ejecutar_lua");
+    EXPECT_TRUE(Active()->flagGuardar);
     EXPECT_EQ(Temporal(), "xa\xF1o\n\r\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("visto") == "xa\xF1o\n\r\n"; }));
     EXPECT_EQ(home.Get("juego.lua"), "a\xF1o\n");
@@ -53,6 +56,9 @@ TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
     fs::remove(home.Root() / "visto");
     Press("mnuarchivonuevo");
     EXPECT_EQ(Temporal(), "xa\xF1o\n\r\n"); // still that of the last run
+    Active()->txtFile().Text(u"Ã±"_s);
+    Press("ejecutar_lua");
+    EXPECT_EQ(Temporal(), "\xC3\xB1\r\n");
     Active()->txtFile().Text(u"→ñ"_s);
     Press("ejecutar_lua");
     EXPECT_EQ(Temporal(), u"→ñ\r\n"_s.toUtf8());

@@ -296,6 +296,9 @@ TEST_F(TransferTest, AnyTextArrivesWhole) {
     editor.Text(u"→ñ"_s);
     Transfer();
     EXPECT_EQ(home.Get("stick/PSP/GAME/juego/script.lua"), u"→ñ\r\n"_s.toUtf8());
+    editor.Text(u"Â© 2024"_s);
+    Transfer();
+    EXPECT_EQ(home.Get("stick/PSP/GAME/juego/script.lua"), "\xC2\xA9 2024\r\n");
     home.Put("ajeno/mío", "x");
     fs::create_directory_symlink(home.Root() / "ajeno",
                                  home.Root() / "stick/PSP/GAME/juego/enlace");

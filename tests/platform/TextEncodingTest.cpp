@@ -75,6 +75,8 @@ TEST(TextEncoding, NothingIsLostThatDoesNotFitTheCodePage) {
     const QByteArray tricky = u"Ã±"_s.toUtf8();
     const EncodedText encoded = EncodeText(tricky, TextEncoding::CodePage);
     EXPECT_EQ(DecodeText(encoded.bytes).utf8, tricky);
+    EXPECT_EQ(EncodeForPlayer(u"Ã± Â© 2024"_s), "\xC3\xB1 \xC2\xA9 2024"); // which reads none back
+    EXPECT_EQ(EncodeForPlayer(u"ñ → x"_s), arrow);
 }
 
 TEST(TextEncoding, RefusesWhatNoEditorCanHold) {
