@@ -28,6 +28,8 @@ QByteArray ReadAll(const FileHandle& handle) {
     QByteArray bytes;
     qsizetype done = 0;
     qint64 room = handle.Status().st_size + 1;
+    if (room > kLargestFile + 1)
+        throw SystemError{kTooLarge};
     do { // more than once if it grows while it is being read
         bytes.resize(std::min(room, kLargestFile + 1));
         done += handle.Read({bytes.data() + done, static_cast<size_t>(bytes.size() - done)}, done);
