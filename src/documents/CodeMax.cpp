@@ -5,11 +5,13 @@
 #include "documents/ScriptEditor.h"
 #include "documents/ScriptPrinter.h"
 #include "platform/Failure.h"
+#include "platform/FileErrors.h"
 #include "platform/Files.h"
 #include "platform/Twips.h"
 
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
+#include <limits>
 
 namespace documents {
 namespace {
@@ -17,8 +19,8 @@ namespace {
 using platform::Failure;
 using platform::FailureCode;
 
-// Colours and bracket matching cost too much in texts above this size, in bytes.
-constexpr qsizetype kLargeText = 8 << 20;
+// The engine counts bytes so far, and no further.
+constexpr qsizetype kLargestText = std::numeric_limits<int>::max();
 
 [[noreturn]] void Refuse(const QString& what, int number) {
     throw Failure(FailureCode::InvalidArgument, QStringLiteral("CodeMax"),
@@ -48,22 +50,29 @@ QString CodeMax::Text() const {
     return platform::FromUtf8(m_editor->Bytes());
 }
 
+QString CodeMax::WhyNotHeld(const QByteArray& utf8) {
+    if (utf8.size() > kLargestText || !m_editor->Reserve(utf8.size()))
+        return QStringLiteral("es demasiado grande para el editor");
+    if (ScriptEditor::LongestLine(utf8) > ScriptEditor::kLongestLine)
+        return QStringLiteral("tiene una línea de más de 1 MiB, y con líneas tan largas el editor "
+                              "no puede trabajar");
+    return {};
+}
+
 void CodeMax::Begin(const QByteArray& utf8) {
-    ChooseHelpers(utf8.size());
     m_editor->Load(utf8);
-    if (m_editor->length() != utf8.size())
-        throw Failure(FailureCode::InvalidText, QStringLiteral("CodeMax"),
-                      QStringLiteral("El texto es demasiado grande para el editor."));
     m_begun = true;
 }
 
 void CodeMax::Text(const QString& text) {
     const QByteArray utf8 = WithoutNul(text);
+    if (const QString why = WhyNotHeld(utf8); !why.isEmpty())
+        throw Failure(FailureCode::InvalidText, QStringLiteral("CodeMax"),
+                      QStringLiteral("El texto %1.").arg(why));
     if (!m_begun) {
         Begin(utf8);
         return;
     }
-    ChooseHelpers(utf8.size());
     {
         const QScopedValueRollback quiet(m_quiet, true); // the removal and the insertion are one
         m_editor->ReplaceAll(utf8);
@@ -78,6 +87,9 @@ void CodeMax::SelText(const QString& text) {
 
 void CodeMax::OpenFile(const QString& path) {
     const platform::DecodedText decoded = platform::ReadTextFile(path);
+    if (const QString why = WhyNotHeld(decoded.utf8); !why.isEmpty())
+        throw Failure(FailureCode::InvalidText, QStringLiteral("CodeMax"),
+                      platform::FileFailureText(u"abrir", path, why));
     Begin(decoded.utf8);
     m_encoding = decoded.encoding;
 }
@@ -128,13 +140,11 @@ void CodeMax::SetOption(int option, int value) {
     const bool on = value != 0;
     switch (option) {
     case kBraceMatchOption:
-        m_wantsBraces = on;
-        return ChooseHelpers(m_editor->length());
+        return m_editor->SetBraceMatch(on);
     case kKeepTabsOption:
         return m_editor->setIndentationsUseTabs(on);
     case kSyntaxColorOption:
-        m_wantsColors = on;
-        return ChooseHelpers(m_editor->length());
+        return m_editor->SetLuaColors(on);
     case kLeftMarginOption:
         return m_editor->ShowLeftMargin(on);
     case kLineNumberOption:
@@ -144,13 +154,6 @@ void CodeMax::SetOption(int option, int value) {
     default:
         Refuse(QStringLiteral("la opción"), option);
     }
-}
-
-void CodeMax::ChooseHelpers(qsizetype bytes) {
-    const bool large = bytes > kLargeText;
-    m_editor->SetLuaColors(m_wantsColors && !large);
-    m_editor->setBraceMatching(m_wantsBraces && !large ? QsciScintilla::SloppyBraceMatch
-                                                       : QsciScintilla::NoBraceMatch);
 }
 
 void CodeMax::FontName(const QString& name) {

@@ -29,7 +29,8 @@ public:
     void SelText(const QString& text);
 
     /// Replaces the whole text by the file's. Fails with a text that names the file and the reason,
-    /// and changes nothing then; so it does for a file with NUL characters.
+    /// and changes nothing then; so it does for a file with NUL characters, and for one with a line
+    /// of more than 1 MiB.
     void OpenFile(const QString& path);
     /// Writes the whole text in the encoding in which it was opened, whole or not at all. A new
     /// text goes out in the code page, or as UTF-8 if it doesn't fit. The second argument has no
@@ -67,15 +68,13 @@ Q_SIGNALS:
 private:
     void Begin(const QByteArray& utf8);
     platform::EncodedText Encoded() const;
-    /// Turns on what is wanted and not too costly for a text of that many bytes.
-    void ChooseHelpers(qsizetype bytes);
+    /// Why the engine can't work with the text, as the end of a sentence; empty if it can.
+    QString WhyNotHeld(const QByteArray& utf8);
 
     ScriptEditor* m_editor;
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
     bool m_begun = false;
     bool m_quiet = false;
-    bool m_wantsColors = false;
-    bool m_wantsBraces = false;
 };
 
 } // namespace documents

@@ -2,7 +2,10 @@
 #include "documents/ScriptEditor.h"
 
 #include "documents/CodeMaxConstants.h"
+#include "platform/Dialogs.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QDragEnterEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -22,6 +25,10 @@ constexpr int kBookmarkMarker = 0;
 constexpr int kHighlightMarker = 1;
 constexpr int kTabColumns = 4;
 constexpr qsizetype kLineEndSample = 1 << 16;
+// Colours and bracket matching cost too much in texts and lines above these sizes, in bytes.
+constexpr qsizetype kLargeText = 8 << 20;
+constexpr qsizetype kLongLine = 1 << 16;
+constexpr unsigned long kKeptWidths = 1 << 14;
 
 // Styles of the engine's Lua lexer.
 enum LuaStyle {
@@ -35,9 +42,10 @@ enum LuaStyle {
     kOperator = 10,
     kUnclosedString = 12,
     kScopeKeyword = 13,
+    kTwin = 14, // none of the lexer's: looks as style 0 does
 };
 
-constexpr const char* kKeywords = "and break elseif false goto in local nil not or return true";
+constexpr const char* kKeywords = "and break elseif false in local nil not or return true";
 constexpr const char* kScopeKeywords = "do else end for function if repeat then until while";
 
 enum class Part { Paper, Ink, LeftMargin, NumberInk, NumberPaper, Marker };
@@ -53,6 +61,7 @@ struct ColorRow {
 constexpr std::array kColorRows = {
     ColorRow{kWindowItem, Part::Paper, 0, 0xFFFFFF},
     ColorRow{kTextItem, Part::Ink, 0, 0x000000},
+    ColorRow{kTextItem, Part::Ink, kTwin, 0x000000},
     ColorRow{kNumberItem, Part::Ink, kNumber, 0x000000},
     ColorRow{kKeywordItem, Part::Ink, kKeyword, 0xFF0000},
     ColorRow{kScopeKeywordItem, Part::Ink, kScopeKeyword, 0xFF0000},
@@ -91,10 +100,18 @@ QsciScintilla::EolMode LineEndOf(QByteArrayView text) {
     return lf >= cr ? QsciScintilla::EolUnix : QsciScintilla::EolMac;
 }
 
+bool IsLineEnd(char byte) {
+    return byte == '\n' || byte == '\r';
+}
+
+bool IsInside(char byte) { // a character of UTF-8
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
 // How many bytes two texts have in common at their head, in whole characters.
 qsizetype CommonHead(QByteArrayView a, QByteArrayView b) {
     const auto isInside = [](QByteArrayView text, qsizetype at) {
-        return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80;
+        return at < text.size() && IsInside(text[at]);
     };
     const auto [end, ignored] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
     qsizetype same = end - a.begin();
@@ -129,10 +146,28 @@ ScriptEditor::ScriptEditor(QWidget* parent) : QsciScintilla(parent) {
     SendScintilla(SCI_SETMARGINTYPEN, kLeftMargin, SC_MARGIN_COLOUR);
     SendScintilla(SCI_SETSCROLLWIDTH, 1);
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1);
+    SendScintilla(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
     SendScintilla(SCI_MARKERDEFINE, kHighlightMarker, SC_MARK_BACKGROUND);
     connect(this, &QsciScintilla::linesChanged, this, &ScriptEditor::FitLineNumbers);
+    WatchInsertions();
     ReleaseMenuKeys();
     ApplyColors();
+}
+
+qsizetype ScriptEditor::LongestLine(QByteArrayView text) {
+    qsizetype longest = 0;
+    for (auto start = text.begin(); start != text.end();) {
+        const auto end = std::find_if(start, text.end(), IsLineEnd);
+        longest = std::max<qsizetype>(longest, end - start);
+        start = end == text.end() ? end : end + 1;
+    }
+    return longest;
+}
+
+bool ScriptEditor::Reserve(qsizetype bytes) {
+    SendScintilla(SCI_SETSTATUS, 0UL);
+    SendScintilla(SCI_ALLOCATE, static_cast<unsigned long>(bytes));
+    return SendScintilla(SCI_GETSTATUS) == SC_STATUS_OK;
 }
 
 void ScriptEditor::ReleaseMenuKeys() {
@@ -144,18 +179,35 @@ void ScriptEditor::ReleaseMenuKeys() {
     }
 }
 
-QByteArray ScriptEditor::Bytes() const {
+QByteArrayView ScriptEditor::View() const {
     const auto* text = static_cast<const char*>(SendScintillaPtrResult(SCI_GETCHARACTERPOINTER));
     return {text, static_cast<qsizetype>(SendScintilla(SCI_GETLENGTH))};
 }
 
+QByteArray ScriptEditor::Bytes() const {
+    return View().toByteArray();
+}
+
+// A text that is put in at once may bring lines that are too long for what is on.
+void ScriptEditor::WatchInsertions() {
+    connect(this, &QsciScintilla::SCN_MODIFIED, this,
+            [this](int, int kind, const char*, int length) {
+                if ((kind & SC_MOD_INSERTTEXT) == 0 || length < kLongLine)
+                    return;
+                ChooseHelpers(View());
+                SplitRuns();
+            });
+}
+
 void ScriptEditor::Load(const QByteArray& utf8) {
+    ChooseHelpers(utf8);
     // Nobody is told of each piece; the copy that the telling makes costs as much as the loading.
     const long events = SendScintilla(SCI_GETMODEVENTMASK);
     SendScintilla(SCI_SETMODEVENTMASK, 0);
     SendScintilla(SCI_SETUNDOCOLLECTION, 0);
     SendScintilla(SCI_CLEARALL);
     SendScintilla(SCI_ADDTEXT, static_cast<unsigned long>(utf8.size()), utf8.constData());
+    SplitRuns();
     SendScintilla(SCI_GOTOPOS, 0UL);
     SendScintilla(SCI_EMPTYUNDOBUFFER);
     SendScintilla(SCI_SETUNDOCOLLECTION, 1);
@@ -165,6 +217,7 @@ void ScriptEditor::Load(const QByteArray& utf8) {
 }
 
 void ScriptEditor::ReplaceAll(const QByteArray& utf8) {
+    ChooseHelpers(utf8);
     const QByteArray old = Bytes();
     const qsizetype same = CommonHead(old, utf8);
     SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(same),
@@ -234,9 +287,46 @@ void ScriptEditor::SetFontPoints(int points) {
 }
 
 void ScriptEditor::SetLuaColors(bool on) {
+    m_wantsColors = on;
+    ChooseHelpers(View());
+}
+
+void ScriptEditor::SetBraceMatch(bool on) {
+    m_wantsBraces = on;
+    ChooseHelpers(View());
+}
+
+void ScriptEditor::ChooseHelpers(QByteArrayView text) {
+    m_longLines = LongestLine(text) > kLongLine;
+    const bool costly = m_longLines || text.size() > kLargeText;
+    ColorLua(m_wantsColors && !costly);
+    setBraceMatching(m_wantsBraces && !costly ? SloppyBraceMatch : NoBraceMatch);
+}
+
+// The engine measures each run of one style through the toolkit, but keeps the widths of short
+// ones. In a text with long lines neighbours therefore differ in style, so each run is a character.
+// A line whose end has a style of its own would be measured twice.
+void ScriptEditor::SplitRuns() {
+    if (!m_longLines)
+        return;
+    const QByteArrayView text = View();
+    QByteArray styles(text.size(), Qt::Uninitialized);
+    char style = 0;
+    std::transform(text.begin(), text.end(), styles.begin(), [&](char byte) {
+        if (!IsInside(byte) && !IsLineEnd(byte))
+            style = style == 0 ? kTwin : 0;
+        return style;
+    });
+    SendScintilla(SCI_SETPOSITIONCACHE, kKeptWidths);
+    SendScintilla(SCI_STARTSTYLING, 0UL, 0L);
+    SendScintilla(SCI_SETSTYLINGEX, static_cast<unsigned long>(styles.size()), styles.constData());
+}
+
+void ScriptEditor::ColorLua(bool on) {
     if (std::exchange(m_luaColors, on) == on)
         return;
-    SendScintilla(SCI_SETLEXERLANGUAGE, 0UL, on ? "lua" : "null");
+    // The null lexer would write styles too.
+    SendScintilla(SCI_SETLEXER, static_cast<unsigned long>(on ? SCLEX_LUA : SCLEX_CONTAINER));
     SendScintilla(SCI_SETKEYWORDS, 0UL, kKeywords);
     SendScintilla(SCI_SETKEYWORDS, 1UL, kScopeKeywords);
     SendScintilla(SCI_CLEARDOCUMENTSTYLE);
@@ -256,6 +346,31 @@ void ScriptEditor::ShowLineNumbers(bool on) {
 void ScriptEditor::FitLineNumbers() {
     const qsizetype digits = std::max<qsizetype>(3, QString::number(lines()).size());
     setMarginWidth(kLineNumberMargin, m_lineNumbers ? QString(digits + 1, u'9') : QString());
+}
+
+void ScriptEditor::paste() {
+    const QMimeData* source = QApplication::clipboard()->mimeData();
+    if (source && source->hasText() && !canInsertFromMimeData(source))
+        platform::MsgBox(QStringLiteral("Lo copiado daría una línea de más de 1 MiB, y con líneas "
+                                        "tan largas el editor no puede trabajar. No se ha pegado."),
+                         platform::Buttons::Ok, platform::Icon::Information);
+    else
+        QsciScintilla::paste();
+}
+
+void ScriptEditor::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste))
+        paste();
+    else
+        QsciScintilla::keyPressEvent(event);
+}
+
+bool ScriptEditor::canInsertFromMimeData(const QMimeData* source) const {
+    if (!QsciScintilla::canInsertFromMimeData(source))
+        return false;
+    const auto line = SendScintilla(SCI_LINEFROMPOSITION, SendScintilla(SCI_GETCURRENTPOS));
+    const qsizetype room = kLongestLine - SendScintilla(SCI_LINELENGTH, line);
+    return LongestLine(source->text().toUtf8()) <= room;
 }
 
 void ScriptEditor::dragEnterEvent(QDragEnterEvent* event) {

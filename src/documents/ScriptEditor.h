@@ -12,9 +12,16 @@ class ScriptEditor : public QsciScintilla {
     Q_OBJECT
 
 public:
+    /// In bytes. With longer lines each key would be waited for: the engine measures the whole
+    /// line anew.
+    static constexpr qsizetype kLongestLine = 1 << 20;
+    static qsizetype LongestLine(QByteArrayView text);
+
     explicit ScriptEditor(QWidget* parent);
 
     QByteArray Bytes() const;
+    /// True if the engine has the room for a text of that many bytes in the place of its own.
+    bool Reserve(qsizetype bytes);
     /// Replaces everything and forgets the history; signals nothing. Later line ends follow those
     /// of the text.
     void Load(const QByteArray& utf8);
@@ -26,17 +33,28 @@ public:
     void SetItemColor(int item, int color);
     void SetFontName(const QString& name);
     void SetFontPoints(int points);
+    /// What would cost too much in the text at hand is left out until there is another.
     void SetLuaColors(bool on);
+    void SetBraceMatch(bool on);
     void ShowLeftMargin(bool on);
     void ShowLineNumbers(bool on);
 
+    void paste() override;
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
 
 private:
+    QByteArrayView View() const;
     void ReleaseMenuKeys();
+    void ChooseHelpers(QByteArrayView text);
+    void ColorLua(bool on);
+    void SplitRuns();
+    void WatchInsertions();
     void SetStyle(unsigned int message, int style, long value);
     void ApplyColors();
     void FitLineNumbers();
@@ -44,6 +62,9 @@ private:
     std::array<int, 31> m_colors{};
     bool m_lineNumbers = false;
     bool m_luaColors = false;
+    bool m_longLines = false;
+    bool m_wantsColors = false;
+    bool m_wantsBraces = false;
 };
 
 } // namespace documents

@@ -13,6 +13,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QTest>
+#include <Qsci/qsciscintilla.h>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -48,6 +49,8 @@ protected:
 };
 
 void Nothing(CodeMax&) {}
+
+constexpr qsizetype kLongest = 1 << 20;
 
 QString PdfText(const QString& file) {
     QProcess process;
@@ -118,9 +121,11 @@ TEST_F(CodeMaxTest, HistoryBeginsWithTheFirstContent) {
 }
 
 TEST_F(CodeMaxTest, WhatCannotBeOpenedChangesNothing) {
-    control.Text(u"mío"_s);
+    control.Text(u"mí"_s);
+    control.SelText(u"o"_s);
     const QString nul = home.Put("binario.lua", QByteArray("a\0b", 3));
-    for (const QString& path : {nul, u"C:\\no.lua"_s, u"C:\\"_s}) {
+    const QString wide = home.Put("largo.lua", "\xEF\xBB\xBF\n" + QByteArray(kLongest + 1, 'x'));
+    for (const QString& path : {nul, wide, u"C:\\no.lua"_s, u"C:\\"_s}) {
         try {
             control.OpenFile(path);
             ADD_FAILURE() << path.toStdString();
@@ -128,8 +133,47 @@ TEST_F(CodeMaxTest, WhatCannotBeOpenedChangesNothing) {
             EXPECT_TRUE(failure.Text().contains(path)) << failure.Text().toStdString();
         }
     }
-    EXPECT_EQ(control.Text(), u"mío"_s);
+    EXPECT_THROW(control.Text(QString(kLongest + 1, u'x')), Failure);
+    EXPECT_EQ(control.Text(), u"omí"_s);
+    control.SaveFile(u"C:\\mío.lua"_s, false);
+    EXPECT_EQ(home.Get("mío.lua"), "om\xED"); // in its own encoding still
+    control.Undo();
+    EXPECT_EQ(control.Text(), u"mí"_s);
     EXPECT_THROW(control.SaveFile(QString(), false), Failure);
+}
+
+TEST_F(CodeMaxTest, LongLinesStayQuickAndKeepTheirText) {
+    control.SetOption(documents::kSyntaxColorOption, true);
+    control.SetOption(documents::kBraceMatchOption, true);
+    auto* engine = control.findChild<QsciScintilla*>();
+    // What the engine measures at once is one character, but for a pair of CR LF and its line.
+    const auto quick = [&] {
+        const auto style = [&](unsigned long at) {
+            return engine->SendScintilla(QsciScintilla::SCI_GETSTYLEAT, at);
+        };
+        return style(0) != style(2) && style(0) == style(1) && style(2) != style(3);
+    };
+    const QByteArray line = "\xF1--" + QByteArray(kLongest - 6, 'x') + "--\r\n";
+    const auto type = [](CodeMax& editor) { editor.SelText(u"ñ"_s); };
+    EXPECT_EQ(Through(line, type), "\xF1" + line);
+    control.OpenFile(home.Put("a.lua", line));
+    EXPECT_TRUE(quick());
+    EXPECT_EQ(engine->braceMatching(), QsciScintilla::NoBraceMatch);
+    control.Text(u"corto"_s);
+    EXPECT_FALSE(quick());
+    EXPECT_EQ(engine->braceMatching(), QsciScintilla::SloppyBraceMatch);
+    QApplication::clipboard()->setText(u"ñ"_s + QString(kLongest - 100, u'x'));
+    control.ExecuteCmd(137);
+    QTest::keyClick(Engine(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(quick());
+
+    support::ScriptedDialogs dialogs;
+    const QString text = control.Text();
+    for (int i = 0; i < 2; ++i)
+        dialogs.Expect(u"una línea de más de 1 MiB"_s, platform::Answer::Ok);
+    QTest::keyClick(Engine(), Qt::Key_V, Qt::ControlModifier);
+    control.Paste();
+    EXPECT_EQ(control.Text(), text);
 }
 
 TEST_F(CodeMaxTest, ClipboardAndCommands) {
@@ -183,6 +227,8 @@ TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
         return pixels;
     };
     EXPECT_GT(colored(0x0000FF), 0); // "local" in blue
+    control.Text(u"goto x"_s);       // a name like any other
+    EXPECT_EQ(colored(0x0000FF), 0);
     EXPECT_EQ(colored(0x123456), 0);
     control.SetColor(documents::kLineNumberBackgroundItem, 0x563412);
     control.SetOption(documents::kLineNumberOption, true);

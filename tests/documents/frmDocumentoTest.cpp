@@ -8,7 +8,9 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QTest>
+#include <Qsci/qsciscintilla.h>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 using documents::frmDocumento;
@@ -26,10 +28,20 @@ struct FakeMarco : documents::MarcoDocumentos {
     int Alto() const override { return 11000; }
 };
 
+struct BrokenDialogs : platform::Dialogs {
+    Answer Ask(const platform::Message&) override { throw std::runtime_error("roto"); }
+    QString AskOpenName(const platform::FileQuestion&) override { return {}; }
+    QString AskSaveName(const platform::FileQuestion&) override { return {}; }
+    void RunModal(platform::Form&) override {}
+    bool SetUpPage(QPrinter&, QWidget*) override { return false; }
+    bool SetUpPrint(QPrinter&, QWidget*) override { return false; }
+};
+
 class frmDocumentoTest : public testing::Test {
 protected:
     frmDocumentoTest() {
         compartido.numero_documentos = 1;
+        compartido.nombre_script = u"de antes"_s;
         frame.Show();
         frame.Adopt(documento);
         documento->Show();
@@ -62,10 +74,27 @@ TEST_F(frmDocumentoTest, LoadsWithTheSkeletonAndUnchanged) {
     EXPECT_EQ(marco.temporales, 1);
     EXPECT_EQ(compartido.nombre_script, QString());
     EXPECT_EQ(compartido.texto_script.Leer(), QString());
+    EXPECT_EQ(documento->Shell()->pos(), QPoint(0, 0));
     EXPECT_NEAR(documento->Width(), 8000, 15);
     EXPECT_NEAR(documento->Height(), 11000 - 900, 15);
     documento->txtFile().Undo();
     EXPECT_EQ(documento->txtFile().Text(), esqueleto);
+}
+
+TEST_F(frmDocumentoTest, WritesAsItsOptionsAndFontSay) {
+    auto* engine = documento->findChild<QsciScintilla*>();
+    documento->txtFile().Text(u"x"_s);
+    QTest::keyClick(engine, Qt::Key_Home);
+    QTest::keyClick(engine, Qt::Key_Tab);
+    QTest::keyClick(engine, Qt::Key_End);
+    QTest::keyClick(engine, Qt::Key_Return);
+    QTest::keyClicks(engine, u"(y)"_s);
+    EXPECT_EQ(documento->txtFile().Text(), u"\tx\r\n\t(y)"_s);
+    EXPECT_EQ(engine->SendScintilla(QsciScintilla::SCI_STYLEGETSIZE, 0UL), 10);
+    EXPECT_EQ(engine->SendScintilla(QsciScintilla::SCI_TEXTWIDTH, 0UL, "iii"),
+              engine->SendScintilla(QsciScintilla::SCI_TEXTWIDTH, 0UL, "WWW"));
+    EXPECT_GT(engine->marginWidth(1), 0);
+    EXPECT_EQ(engine->braceMatching(), QsciScintilla::SloppyBraceMatch);
 }
 
 TEST_F(frmDocumentoTest, ShowsItsColors) {
@@ -127,8 +156,10 @@ TEST_F(frmDocumentoTest, TellsTheFrameItsStateAndLeavesTheStripFree) {
     EXPECT_EQ(marco.rotulo, u"Quillmark v2.0.0"_s);
     EXPECT_GT(documento->txtFile().height(), 400); // as it was
     documento->State(WindowState::Normal);
+    marco.rotulo.clear();
     documento->Move(0, 0, 6000, 6000);
     EXPECT_TRUE(fills());
+    EXPECT_EQ(marco.rotulo, u"Quillmark v2.0.0"_s);
 }
 
 TEST_F(frmDocumentoTest, ClosesWithoutAQuestionWhenUnchanged) {
@@ -179,6 +210,19 @@ TEST_F(frmDocumentoTest, AFailedOrForsakenSaveDoesNotStopTheClosing) {
     Cambiar(u"x"_s);
     dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
     dialogs.ExpectName(QString());
+    compartido.documento_explorador = documento.data();
     EXPECT_TRUE(documento->Unload());
+    EXPECT_EQ(compartido.documento_explorador, nullptr);
+    EXPECT_EQ(compartido.numero_documentos, 0);
+}
+
+TEST_F(frmDocumentoTest, AnyOtherFailureEndsTheClosingSteps) {
+    Cambiar(u"x"_s);
+    platform::Form otro;
+    compartido.documento_explorador = &otro;
+    auto before = platform::ReplaceDialogs(std::make_unique<BrokenDialogs>());
+    EXPECT_TRUE(documento->Unload());
+    platform::ReplaceDialogs(std::move(before));
+    EXPECT_EQ(compartido.documento_explorador, &otro);
     EXPECT_EQ(compartido.numero_documentos, 0);
 }
