@@ -115,7 +115,7 @@ TEST(InflateTest, StoredBlocksAfterOthers) {
     for (int zeros = 0; zeros < 8; ++zeros) {
         Stream stream;
         LongCodes(stream).Bits(0, zeros).Bits(0x7FFF, 15).Fixed(false).Literals("b").End();
-        stream.Stored(false, "cd").Fixed(true).Literals("e").End();
+        stream.Stored(false, "cd").Fixed(false).Literals("e").End().Fixed(true).End();
         const std::string expected = std::string(size_t(zeros), '\0') + "bcde";
         for (const std::string& behind : {kChecksum, kMore})
             EXPECT_EQ(Read(expected), Inflated(stream.Take() + behind)) << zeros;

@@ -160,14 +160,25 @@ TEST_F(LoadPNGTest, ColoursThatThePaletteLacksAreBlackAndKeysPastItAreIgnored) {
     // A grey of 16 bits is matched by the low byte of its key.
     Open(file({0, 16, false, 1, 1}, Chunk("tRNS", "\x01\x20"), std::string("\0\x20\x77", 3)));
     EXPECT_EQ((std::vector<uint8_t>{255, 255, 255, 255}), box.pixels);
-    // Only the low bytes of the key count for 8 bits.
-    Open(file({2, 8, false, 1, 1}, Chunk("tRNS", "\1\x20\1\x20\1\x20"), std::string("\0   ", 4)));
-    EXPECT_EQ((std::vector<uint8_t>{255, 255, 255, 255}), box.pixels);
-    // A key of less than three samples is none.
-    for (const auto& [depth, samples] : {std::pair(8, 3), {16, 6}}) {
-        const std::string rows = '\0' + std::string(size_t(samples), '\x20');
-        Open(file({2, depth, false, 1, 1}, Chunk("tRNS", std::string(5, '\x20')), rows));
-        EXPECT_EQ((std::vector<uint8_t>{32, 32, 32, 255}), box.pixels);
+    // Only the low bytes of the key count for 8 bits; less than three samples are no key.
+    const std::string key = "\1\x20\1\x21\1\x22";
+    const struct {
+        int depth;
+        std::string key, pixel;
+        bool clear;
+    } keys[] = {{8, key, " !\"", true},
+                {8, key, "!!\"", false},
+                {8, key, "  \"", false},
+                {8, key, " !!", false},
+                {8, key.substr(0, 5), " !\"", false},
+                {16, key, key, true},
+                {16, key, "\2 \1!\1\"", false},
+                {16, key, "\1 \1 \1\"", false},
+                {16, key, "\1 \1!\1!", false},
+                {16, key.substr(0, 5), key, false}};
+    for (const auto& c : keys) {
+        Open(file({2, c.depth, false, 1, 1}, Chunk("tRNS", c.key), '\0' + c.pixel));
+        EXPECT_EQ(c.clear, box.pixels == std::vector<uint8_t>(4, 255)) << c.depth << c.pixel;
     }
     // What isn't deflated is taken as it is, behind its first two bytes.
     std::string plain =
@@ -294,8 +305,11 @@ TEST_F(LoadPNGTest, ChunksTellWhatTheyTell) {
     const size_t packed = Deflated(std::string(500, 'x')).size() - 2;
     EXPECT_EQ(std::string("Key\0", 4) + std::string(12 * (packed - 1) + 100, 'x') + '\0',
               decoder.zText());
-    Open(file(Chunk("tEXt", "K3") + Chunk("gAMA", "ab") + Chunk("tIME", "abc")));
+    const size_t before = decoder.zText().size();
+    Open(file(Chunk("tEXt", "K3") + Chunk("gAMA", "ab") + Chunk("tIME", "abc") +
+              Chunk("zTXt", std::string("\0\0", 2) + Deflated("x")) + Chunk("zTXt", "Key")));
     EXPECT_EQ(both + std::string("K3\0", 3), decoder.Text());
+    EXPECT_EQ(std::string("\0x\0Key\0\0", 8), decoder.zText().substr(before));
     EXPECT_EQ("31.12.1999 23:59:07", decoder.ModiTime());
 
     const std::string palette = Chunk("PLTE", "\x01\x02\x03\x04\x05\x06");
@@ -325,10 +339,12 @@ TEST_F(LoadPNGTest, ChunksTellWhatTheyTell) {
     EXPECT_EQ(0, decoder.ErrorNumber());
     Open(kSignature + Chunk("IHDR", Long(11) + Long(12) + "\x0D\x0E\x0F\x10\x11") +
          Chunk("unKn", std::string(99999, 'x')) + Chunk("IDAT", "xxx") + kEnd);
-    EXPECT_EQ((std::vector{11, 12, 13, 14, 15, 16, 17, 0}),
-              (std::vector{decoder.Width(), decoder.Height(), decoder.Bitdepht(),
-                           decoder.ColorType(), decoder.Compression(), decoder.Filter(),
-                           decoder.Interlacing(), decoder.ErrorNumber()}));
+    const auto header = [](const png::LoadPNG& of) {
+        return std::vector{of.Width(),       of.Height(), of.Bitdepht(),    of.ColorType(),
+                           of.Compression(), of.Filter(), of.Interlacing(), of.ErrorNumber()};
+    };
+    EXPECT_EQ((std::vector{11, 12, 13, 14, 15, 16, 17, 0}), header(decoder));
+    EXPECT_EQ(std::vector<int>(8), header(png::LoadPNG()));
     Open(file(Chunk("tRNS", "ab")));
     EXPECT_TRUE(decoder.HaveTransparence());
     Open(file(Chunk("tIME", "\xFF\xFF\1\1\1\1\1")));
