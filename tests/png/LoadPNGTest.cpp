@@ -339,12 +339,14 @@ TEST_F(LoadPNGTest, ChunksTellWhatTheyTell) {
     EXPECT_EQ(0, decoder.ErrorNumber());
     Open(kSignature + Chunk("IHDR", Long(11) + Long(12) + "\x0D\x0E\x0F\x10\x11") +
          Chunk("unKn", std::string(99999, 'x')) + Chunk("IDAT", "xxx") + kEnd);
-    const auto header = [](const png::LoadPNG& of) {
-        return std::vector{of.Width(),       of.Height(), of.Bitdepht(),    of.ColorType(),
-                           of.Compression(), of.Filter(), of.Interlacing(), of.ErrorNumber()};
+    const auto told = [](const png::LoadPNG& of) {
+        return std::vector<int>{of.Width(),        of.Height(),          of.Bitdepht(),
+                                of.ColorType(),    of.Compression(),     of.Filter(),
+                                of.Interlacing(),  of.ErrorNumber(),     of.HaveAlpha(),
+                                of.HasBKGDChunk(), of.HaveTransparence()};
     };
-    EXPECT_EQ((std::vector{11, 12, 13, 14, 15, 16, 17, 0}), header(decoder));
-    EXPECT_EQ(std::vector<int>(8), header(png::LoadPNG()));
+    EXPECT_EQ((std::vector{11, 12, 13, 14, 15, 16, 17, 0, 0, 0, 0}), told(decoder));
+    EXPECT_EQ(std::vector<int>(11), told(png::LoadPNG()));
     Open(file(Chunk("tRNS", "ab")));
     EXPECT_TRUE(decoder.HaveTransparence());
     Open(file(Chunk("tIME", "\xFF\xFF\1\1\1\1\1")));
