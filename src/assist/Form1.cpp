@@ -62,7 +62,7 @@ void Form1::Unir(const Canal& canal) {
 }
 
 void Form1::Form_Load() {
-    Move(kIzquierda, kArriba, Width(), Height());
+    Place(kIzquierda, kArriba);
     Caption(QStringLiteral("Editor de color RGB"));
 }
 

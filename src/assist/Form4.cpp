@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -33,6 +34,22 @@ QComboBox* Lista(QWidget* marco, const char* nombre) {
     return lista;
 }
 
+// A page that scrolls sideways where the window is narrower than its entries.
+class Ventanilla : public QScrollArea {
+public:
+    explicit Ventanilla(QWidget* pagina) {
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setWidgetResizable(true);
+        setWidget(pagina);
+    }
+
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+    QSize minimumSizeHint() const override {
+        return {QScrollArea::minimumSizeHint().width(), widget()->minimumSizeHint().height()};
+    }
+};
+
 } // namespace
 
 Form4::Form4(const QPointer<documents::frmDocumento>& FrmDoc)
@@ -40,6 +57,8 @@ Form4::Form4(const QPointer<documents::frmDocumento>& FrmDoc)
     m_ui->setupUi(this);
     Caption(windowTitle());
     HacerPestanas();
+    m_ui->SSTab1->Beside(m_ui->Botones);
+    resize(size().expandedTo(sizeHint())); // larger fonts need more
     DefaultButton(m_ui->KewlButtons1);
     CancelButton(m_ui->KewlButtons2);
     setFocusProxy(m_ui->SSTab1);
@@ -51,7 +70,8 @@ Form4::~Form4() = default;
 
 void Form4::HacerPestanas() {
     for (size_t i = 0; i < Pestanas().size(); ++i)
-        m_ui->SSTab1->AddTab(QString::fromUtf16(Pestanas()[i].rotulo), HacerPagina(i));
+        m_ui->SSTab1->AddTab(QString::fromUtf16(Pestanas()[i].rotulo),
+                             new Ventanilla(HacerPagina(i)));
     // The buttons come last. By way of the first entry: the toolkit takes the last one and a button
     // for neighbours, as they are in a ring, but the tab key doesn't go round.
     for (QPushButton* boton : {m_ui->KewlButtons2, m_ui->KewlButtons1}) {
@@ -95,7 +115,7 @@ QWidget* Form4::HacerPagina(size_t pestana) {
 }
 
 void Form4::Form_Load() {
-    Move(kIzquierda, 0, Width(), Height());
+    Place(kIzquierda, 0);
 }
 
 bool Form4::Elegida(const EntradaCatalogo& entrada) const {

@@ -44,6 +44,29 @@ std::vector<QRect> TileHorizontallyRects(QSize area, int count) {
     return rects;
 }
 
+std::vector<QRect> StackRects(QSize area, const std::vector<QSize>& sizes) {
+    std::vector<QRect> rects;
+    int right = area.width(); // of the column
+    int left = right;
+    int top = 0;
+    for (const QSize& size : sizes) {
+        if (top > 0 && top + size.height() > area.height()) {
+            right = left;
+            top = 0;
+        }
+        rects.push_back(MovedInside({QPoint(right - size.width(), top), size}, area));
+        left = std::min(left, rects.back().left());
+        top += size.height();
+    }
+    return rects;
+}
+
+QRect MovedInside(QRect rect, QSize area) {
+    rect.moveLeft(std::max(0, std::min(rect.left(), area.width() - rect.width())));
+    rect.moveTop(std::max(0, std::min(rect.top(), area.height() - rect.height())));
+    return rect;
+}
+
 std::vector<QRect> IconRects(QSize area, int count, QSize icon) {
     const int perRow = std::max(1, area.width() / std::max(1, icon.width()));
     std::vector<QRect> rects;

@@ -16,6 +16,11 @@ std::vector<QRect> CascadeRects(QSize area, int count, int step);
 std::vector<QRect> TileHorizontallyRects(QSize area, int count);
 /// Columns of the whole height, side by side; a grid from the fourth window on.
 std::vector<QRect> TileVerticallyRects(QSize area, int count);
+/// Windows that keep their sizes: below each other from the upper right corner, and in a further
+/// column to the left where the area ends.
+std::vector<QRect> StackRects(QSize area, const std::vector<QSize>& sizes);
+/// The rectangle moved into the area; its upper left corner is in there whatever its size.
+QRect MovedInside(QRect rect, QSize area);
 /// Icons of one size in rows along the bottom edge, from the left.
 std::vector<QRect> IconRects(QSize area, int count, QSize icon);
 

@@ -46,6 +46,7 @@ void Form::Show() {
     else
         activateWindow();
     setFocus();
+    Q_EMIT Shown();
 }
 
 bool Form::Unload() {
@@ -81,6 +82,14 @@ void Form::Move(int left, int top, int width, int height) {
     const QSize inner(ToPixels(width - kFrameWidth), ToPixels(height - kFrameHeight));
     const QMargins frame = m_shell ? m_shell->contentsMargins() : QMargins();
     Shell()->setGeometry(QRect(QPoint(ToPixels(left), ToPixels(top)), inner.grownBy(frame)));
+}
+
+void Form::Place(int left, int top) {
+    Move(left, top, Width(), Height());
+    if (!m_shell || State() != WindowState::Normal)
+        return;
+    const QSize room(m_shell->parentWidget()->width() - ToPixels(left), m_shell->height());
+    m_shell->resize(m_shell->size().boundedTo(room.expandedTo(m_shell->minimumSizeHint())));
 }
 
 WindowState Form::State() const {

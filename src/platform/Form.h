@@ -43,6 +43,9 @@ public:
 
     /// A minimised or maximised window stays where it is.
     void Move(int left, int top, int width, int height);
+    /// Moves the window there and makes it as much narrower as its frame is to the right of the
+    /// place, as long as its contents allow it.
+    void Place(int left, int top);
     int ScaleWidth() const { return ToTwips(width()); }
     int ScaleHeight() const { return ToTwips(height()); }
     int Width() const { return ScaleWidth() + kFrameWidth; }
@@ -72,6 +75,7 @@ public:
     void ShellStateChanged() { Resized(); }
 
 Q_SIGNALS:
+    void Shown(); ///< on show and in front, at its place
     void Unloaded();
 
 protected:

@@ -14,14 +14,20 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QUrl>
+#include <QWindow>
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace platform {
 namespace {
 
 constexpr QSize kDesignedSize(1280, 800);
+// Title and borders around the frame, as long as the desktop hasn't told its own.
+constexpr QMargins kUsualBorders(6, 36, 6, 6);
 // Title, menu and borders of the frame, as the program was designed for them.
 constexpr int kFrameChrome = 900;
 
@@ -67,6 +73,43 @@ private:
     Form* m_form;
 };
 
+int Count(const std::vector<QMdiSubWindow*>& shells) {
+    return static_cast<int>(shells.size());
+}
+
+bool KeepsSize(const QMdiSubWindow* shell) {
+    const auto* form = qobject_cast<const Form*>(shell->widget());
+    return form && form->IsFixedSize() && !shell->isMinimized();
+}
+
+// Not smaller than a child can be, and then over its neighbours rather than out of sight.
+void PutAll(const std::vector<QMdiSubWindow*>& shells, const std::vector<QRect>& places,
+            QSize area) {
+    for (size_t i = 0; i < shells.size(); ++i) {
+        const QSize size = KeepsSize(shells[i])
+                               ? shells[i]->size()
+                               : places[i].size().expandedTo(shells[i]->minimumSizeHint());
+        shells[i]->setGeometry(MovedInside({places[i].topLeft(), size}, area));
+    }
+}
+
+// Those that keep their sizes stand at the right and the others share the rest, which is at least
+// half of the width.
+void Tile(std::vector<QMdiSubWindow*> shells, QSize area, decltype(&TileVerticallyRects) tile) {
+    const auto fixed = std::stable_partition(shells.begin(), shells.end(), std::not_fn(KeepsSize));
+    std::vector<QSize> sizes;
+    std::transform(fixed, shells.end(), std::back_inserter(sizes),
+                   [](const QMdiSubWindow* shell) { return shell->size(); });
+    const std::vector<QRect> stack = StackRects(area, sizes);
+    int width = area.width();
+    for (const QRect& rect : stack)
+        width = std::min(width, rect.left());
+    const QSize rest(std::max(width, area.width() / 2), area.height());
+    std::vector<QRect> places = tile(rest, static_cast<int>(fixed - shells.begin()));
+    places.insert(places.end(), stack.begin(), stack.end());
+    PutAll(shells, places, area);
+}
+
 std::vector<QUrl> LocalFiles(const QMimeData* data) {
     std::vector<QUrl> files;
     for (const QUrl& url : data->urls()) {
@@ -85,7 +128,27 @@ MDIFrame::MDIFrame() : m_area(new QMdiArea(this)) {
     setCentralWidget(m_area);
     setAcceptDrops(true);
     AddKeys();
-    resize(kDesignedSize.boundedTo(screen()->availableSize()));
+    FitToScreen(kUsualBorders);
+}
+
+void MDIFrame::FitToScreen(const QMargins& borders) {
+    const QRect room = screen()->availableGeometry();
+    m_fitted = kDesignedSize.boundedTo(room.size().shrunkBy(borders));
+    resize(m_fitted);
+    if (!isVisible())
+        return;
+    const QRect outer(frameGeometry().topLeft() - room.topLeft(), m_fitted.grownBy(borders));
+    move(room.topLeft() + MovedInside(outer, room.size()).topLeft());
+}
+
+// The first picture on the screen: the desktop has put its borders around the frame by then.
+bool MDIFrame::eventFilter(QObject* object, QEvent* event) {
+    if (object == windowHandle() && event->type() == QEvent::Expose) {
+        object->removeEventFilter(this);
+        if (size() == m_fitted)
+            FitToScreen(windowHandle()->frameMargins());
+    }
+    return QMainWindow::eventFilter(object, event);
 }
 
 // The keys that people know from frames with children.
@@ -141,6 +204,7 @@ void MDIFrame::Show() {
 
 void MDIFrame::Prepare() {
     winId(); // makes the native window
+    windowHandle()->installEventFilter(this);
     layout()->activate();
 }
 
@@ -148,10 +212,12 @@ void MDIFrame::Adopt(Form* form) {
     form->resize(form->size().expandedTo(form->minimumSizeHint())); // larger fonts need more
     const QSize designed = form->size();
     auto* child = new ChildWindow(form);
+    ScrollHome(); // it finds its place while it loads
     form->SetShell(child);
     m_area->addSubWindow(child);
     child->resize(designed.grownBy(child->contentsMargins()));
     m_forms.push_back(form);
+    connect(form, &Form::Shown, this, [this, child] { ScrollTo(*child); });
     connect(form, &Form::Unloaded, this, [this, form, child] {
         std::erase(m_forms, form);
         m_area->removeSubWindow(child);
@@ -161,6 +227,16 @@ void MDIFrame::Adopt(Form* form) {
 Form* MDIFrame::ActiveForm() const {
     auto* child = dynamic_cast<ChildWindow*>(m_area->currentSubWindow());
     return child && child->GetForm()->IsLoaded() ? child->GetForm() : nullptr;
+}
+
+std::vector<Form*> MDIFrame::FormsByActivity() const {
+    std::vector<Form*> forms;
+    for (QMdiSubWindow* window : m_area->subWindowList(QMdiArea::ActivationHistoryOrder)) {
+        const auto* child = dynamic_cast<ChildWindow*>(window);
+        if (child && child->GetForm()->IsLoaded())
+            forms.insert(forms.begin(), child->GetForm());
+    }
+    return forms;
 }
 
 std::vector<Form*> MDIFrame::Forms() const {
@@ -190,34 +266,47 @@ std::vector<QMdiSubWindow*> MDIFrame::Shells(bool minimised) const {
     return shells;
 }
 
-void MDIFrame::Arrange(Arrangement arrangement) {
-    const std::vector<QMdiSubWindow*> shells = Shells(arrangement == Arrangement::Icons);
-    if (shells.empty())
-        return;
+// A child beyond the area's edges is in sight then, at least its upper left corner.
+void MDIFrame::ScrollTo(const QMdiSubWindow& child) {
     const QSize area = m_area->viewport()->size();
-    const int count = static_cast<int>(shells.size());
-    const int step = shells.front()->contentsMargins().top();
-    std::vector<QRect> rects;
-    switch (arrangement) {
-    case Arrangement::Cascade:
-        rects = CascadeRects(area, count, step);
-        break;
-    case Arrangement::TileHorizontal:
-        rects = TileHorizontallyRects(area, count);
-        break;
-    case Arrangement::TileVertical:
-        rects = TileVerticallyRects(area, count);
-        break;
-    case Arrangement::Icons:
-        rects = IconRects(area, count, shells.front()->size());
-        break;
+    const QPoint beyond = child.pos() - MovedInside(child.geometry(), area).topLeft();
+    for (const auto& [bar, by] : {std::pair(m_area->horizontalScrollBar(), beyond.x()),
+                                  std::pair(m_area->verticalScrollBar(), beyond.y())})
+        bar->setValue(bar->value() + by);
+}
+
+// The places of children count from the corner that is in sight.
+void MDIFrame::ScrollHome() {
+    for (QScrollBar* bar : {m_area->horizontalScrollBar(), m_area->verticalScrollBar()})
+        bar->setValue(0);
+}
+
+void MDIFrame::Arrange(Arrangement arrangement) {
+    ScrollHome();
+    const std::vector<QMdiSubWindow*> icons = Shells(true);
+    const std::vector<QMdiSubWindow*> shells = Shells(false);
+    QSize area = m_area->maximumViewportSize();
+    if (arrangement == Arrangement::Icons && !icons.empty())
+        PutAll(icons, IconRects(area, Count(icons), icons.front()->size()), area);
+    if (arrangement == Arrangement::Icons || shells.empty())
+        return;
+    for (QMdiSubWindow* shell : shells) {
+        if (shell->isMaximized())
+            shell->showNormal();
     }
-    for (size_t i = 0; i < shells.size(); ++i) {
-        if (arrangement != Arrangement::Icons && shells[i]->isMaximized())
-            shells[i]->showNormal();
-        const auto* form = qobject_cast<const Form*>(shells[i]->widget());
-        const bool fixed = form && form->IsFixedSize() && !shells[i]->isMinimized();
-        shells[i]->setGeometry(fixed ? QRect(rects[i].topLeft(), shells[i]->size()) : rects[i]);
+    if (!icons.empty())
+        area.rheight() -= icons.front()->height(); // they stay in sight
+    if (std::any_of(shells.begin(), shells.end(), [&](const QMdiSubWindow* shell) {
+            return KeepsSize(shell) && shell->height() > area.height();
+        }))
+        area.rwidth() -= m_area->verticalScrollBar()->sizeHint().width();
+    if (arrangement == Arrangement::Cascade) {
+        const int step = shells.front()->contentsMargins().top();
+        PutAll(shells, CascadeRects(area, Count(shells), step), area);
+    } else {
+        Tile(shells, area,
+             arrangement == Arrangement::TileVertical ? TileVerticallyRects
+                                                      : TileHorizontallyRects);
     }
 }
 

@@ -35,6 +35,8 @@ public:
     Form* ActiveForm() const;
     /// The loaded children in the order in which they were adopted.
     std::vector<Form*> Forms() const;
+    /// The loaded children, the one that is or was active last first.
+    std::vector<Form*> FormsByActivity() const;
     void Arrange(Arrangement arrangement);
 
     /// Height in twips as the program was designed for it: a child that is 900 twips less high just
@@ -55,6 +57,7 @@ protected:
     /// A file was dropped on the frame or a child: a program path.
     virtual void FileDropped(const QString& path) { Q_UNUSED(path) }
 
+    bool eventFilter(QObject* object, QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -62,11 +65,16 @@ protected:
 
 private:
     void AddKeys();
+    /// As large as designed, if the screen has room for that and these borders.
+    void FitToScreen(const QMargins& borders);
+    void ScrollHome();
+    void ScrollTo(const QMdiSubWindow& child);
     std::vector<QMdiSubWindow*> Shells(bool minimised) const;
 
     QMdiArea* m_area;
     std::vector<Form*> m_forms;
     QString m_caption;
+    QSize m_fitted; ///< to the screen
     bool m_initialised = false;
     bool m_closing = false;
 };

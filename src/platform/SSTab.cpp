@@ -40,12 +40,14 @@ SSTab::SSTab(QWidget* parent)
       m_list(new TabList(this)),
       m_tabs(new QButtonGroup(this)),
       m_rows(new QGridLayout(m_list)),
+      m_body(new QHBoxLayout),
       m_pages(new QStackedLayout) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kGap);
     layout->addWidget(m_list);
-    layout->addLayout(m_pages, 1);
+    layout->addLayout(m_body, 1);
+    m_body->addLayout(m_pages, 1);
     m_rows->setContentsMargins(0, 0, 0, 0);
     m_rows->setSpacing(kGap);
     connect(m_tabs, &QButtonGroup::idToggled, this, [this](int index, bool chosen) {
@@ -64,6 +66,10 @@ void SSTab::AddTab(const QString& caption, QWidget* page) {
     m_tabs->addButton(tab, index);
     m_rows->addWidget(tab, index / kTabsPerRow, index % kTabsPerRow);
     tab->setChecked(index == 0);
+}
+
+void SSTab::Beside(QWidget* widget) {
+    m_body->addWidget(widget);
 }
 
 int SSTab::Tab() const {

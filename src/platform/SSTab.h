@@ -5,6 +5,7 @@
 
 class QButtonGroup;
 class QGridLayout;
+class QHBoxLayout;
 class QStackedLayout;
 
 namespace platform {
@@ -19,6 +20,8 @@ public:
 
     /// Adds a page behind the others; it becomes the tab control's own.
     void AddTab(const QString& caption, QWidget* page);
+    /// Puts a widget to the right of the pages, under the tabs.
+    void Beside(QWidget* widget);
     /// The index of the tab in front, from 0; -1 without tabs.
     int Tab() const;
     /// Brings a tab to the front; an index without a tab changes nothing.
@@ -34,6 +37,7 @@ private:
     QWidget* m_list;
     QButtonGroup* m_tabs;
     QGridLayout* m_rows;
+    QHBoxLayout* m_body;
     QStackedLayout* m_pages;
 };
 

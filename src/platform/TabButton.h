@@ -12,6 +12,8 @@ class TabButton : public QToolButton {
 public:
     TabButton(const QString& caption, QWidget* parent);
 
+    QSize minimumSizeHint() const override { return sizeHint(); } // a caption is never cut off
+
 private:
     void Mark(bool inFront);
 };

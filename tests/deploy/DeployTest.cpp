@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Registry.h"
 #include "support/MainWindow.h"
 
 #include <sys/stat.h>
@@ -12,18 +11,6 @@ namespace {
 
 class DeployTest : public support::MainWindow {
 protected:
-    // A player that copies the script to "visto", registered for .lua.
-    void RegisterPlayer() {
-        home.Put("programa/QM/luaplayer", "#!/bin/sh\n"
-                                          "echo $QUILLMARK_SCRIPT_FOLDER $QUILLMARK_SCRIPT_NAME"
-                                          " >\"$HOME/entorno\"\n"
-                                          "cp \"$1\" \"$HOME/visto.new\"\n"
-                                          "mv \"$HOME/visto.new\" \"$HOME/visto\"\n");
-        fs::permissions(home.Root() / "programa/QM/luaplayer", fs::perms::owner_all);
-        platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".lua"_s, u"c"_s);
-        platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"c\\shell\\open\\command"_s,
-                               u"C:\\programa\\QM\\luaplayer.exe %1"_s);
-    }
     void Open(const QByteArray& bytes) { Abrir(home.Put("juego.lua", bytes)); }
     QByteArray Temporal() { return home.Get("programa/temp.lua"); }
     // Gives the name, the answer to the question if there is one, and meets the message.
@@ -40,7 +27,6 @@ protected:
 
 TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
     RegisterPlayer();
-    principal.ejecutar_lua_Click(); // not a document: nothing
     Press("mnuarchivonuevo");
     EXPECT_EQ(Temporal(), "\r\n");
     Open("a\xF1o\n");
@@ -65,10 +51,6 @@ TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(home.Root() / "visto"); }));
     EXPECT_EQ(home.Get("entorno").toStdString(),
               home.Root().native() + "/programa/QM/pruebas Nuevo script 3\n");
-    Active()->txtFile().Text(u"otro"_s);
-    Press("mnuopcionesconfiguracion");
-    Press("ejecutar_lua"); // a tool window: nothing
-    EXPECT_EQ(Temporal(), u"→ñ\r\n"_s.toUtf8());
 }
 
 TEST_F(DeployTest, WithoutATempFileThereIsNoRunButDocumentsOpen) {
@@ -85,7 +67,6 @@ TEST_F(DeployTest, WithoutATempFileThereIsNoRunButDocumentsOpen) {
 }
 
 TEST_F(DeployTest, CompilarWritesTheTextAndSaysSo) {
-    principal.mnugenerarlua_Click(); // not a document: nothing
     Open("a\xF1o\n\r");
     Type(u"x"_s);
     dialogs.ExpectName(QString());

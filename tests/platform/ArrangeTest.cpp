@@ -28,6 +28,16 @@ TEST(Arrange, TilesCoverTheAreaWithoutOverlap) {
     EXPECT_EQ(TileVerticallyRects(kArea, 3)[2].height(), kArea.height());
 }
 
+TEST(Arrange, WindowsThatKeepTheirSizesStandAtTheRight) {
+    const auto stack = StackRects(kArea, {{200, 300}, {100, 400}, {300, 500}, {900, 100}});
+    EXPECT_EQ(stack, (std::vector<QRect>{{800, 0, 200, 300},
+                                         {900, 300, 100, 400},
+                                         {500, 0, 300, 500},
+                                         {0, 500, 900, 100}})); // inside, whatever it covers
+    EXPECT_EQ(StackRects(kArea, {{1200, 900}})[0], QRect(0, 0, 1200, 900));
+    EXPECT_EQ(MovedInside({-5, 650, 100, 60}, kArea), QRect(0, 640, 100, 60));
+}
+
 TEST(Arrange, CascadeAndIconsStayInside) {
     const QRect all(QPoint(0, 0), kArea);
     const auto cascade = CascadeRects(kArea, 40, 25);

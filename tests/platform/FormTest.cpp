@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -70,6 +71,47 @@ TEST_F(FormTest, LivesThroughItsEventsOnce) {
     EXPECT_EQ(frame.ActiveForm(), nullptr);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(form.isNull());
+}
+
+TEST_F(FormTest, TheFrameFitsIntoTheScreenWithItsBorders) {
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
+    const QRect room = frame.screen()->availableGeometry();
+    EXPECT_GT(frame.frameGeometry().width(), frame.width());
+    EXPECT_TRUE(room.contains(frame.frameGeometry()));
+    EXPECT_EQ(frame.frameGeometry().size(), room.size()); // smaller than the frame was designed
+    frame.resize(500, 300);
+    frame.hide();
+    frame.Show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
+    EXPECT_EQ(frame.size(), QSize(500, 300)); // what the user resizes stays so
+}
+
+TEST_F(FormTest, APlaceMayCostWidthButNoHeight) {
+    frame.resize(600, 400);
+    LoudForm* form = frame.NewForm();
+    form->resize(400, 600);
+    form->setMinimumWidth(50);
+    form->Show();
+    form->Move(0, 0, 6000, 9000);
+    const QSize size = form->Shell()->size();
+    form->Place(0, 0);
+    EXPECT_EQ(form->Shell()->size(), size);
+    form->Place(ToTwips(450), 300);
+    EXPECT_EQ(form->Shell()->pos(), QPoint(450, 20));
+    EXPECT_EQ(form->Shell()->size(),
+              QSize(form->Shell()->parentWidget()->width() - 450, size.height()));
+    form->Place(ToTwips(590), 300);
+    EXPECT_GE(form->width(), 50);
+}
+
+TEST_F(FormTest, TheOneThatWasActiveLastComesFirst) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    LoudForm* forms[] = {frame.NewForm(), frame.NewForm(), frame.NewForm()};
+    for (const int i : {2, 0, 1, 0})
+        forms[i]->Show();
+    EXPECT_EQ(frame.FormsByActivity(), (std::vector<Form*>{forms[0], forms[1], forms[2]}));
+    forms[0]->Unload();
+    EXPECT_EQ(frame.FormsByActivity(), (std::vector<Form*>{forms[1], forms[2]}));
 }
 
 TEST_F(FormTest, MovesInTwipsAndKnowsItsState) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Program.h"
+#include "platform/Registry.h"
 #include "shell/MDIForm1.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"
@@ -18,6 +19,7 @@ class MainWindow : public testing::Test {
 protected:
     MainWindow() {
         platform::ReplaceEndProcess([this] { ++ended; });
+        principal.resize(1280, 800); // larger than the screen of the tests
         principal.Show();
     }
     ~MainWindow() override {
@@ -49,6 +51,21 @@ protected:
         dialogs.ExpectName(ruta);
         Press("mnuarchivoabrir");
         return Active();
+    }
+    // A player that copies the script to "visto", registered for .lua.
+    void RegisterPlayer() {
+        home.Put("programa/QM/luaplayer", "#!/bin/sh\n"
+                                          "echo $QUILLMARK_SCRIPT_FOLDER $QUILLMARK_SCRIPT_NAME"
+                                          " >\"$HOME/entorno\"\n"
+                                          "cp \"$1\" \"$HOME/visto.new\"\n"
+                                          "mv \"$HOME/visto.new\" \"$HOME/visto\"\n");
+        std::filesystem::permissions(home.Root() / "programa/QM/luaplayer",
+                                     std::filesystem::perms::owner_all);
+        platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, QStringLiteral(".lua"),
+                               QStringLiteral("c"));
+        platform::RegSetValueA(platform::HKEY_CLASSES_ROOT,
+                               QStringLiteral("c\\shell\\open\\command"),
+                               QStringLiteral("C:\\programa\\QM\\luaplayer.exe %1"));
     }
     QString Text() { return Active()->txtFile().Text(); }
     // Whether a window stands in the middle, as sizes are told, to a pixel.
