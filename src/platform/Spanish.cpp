@@ -9,6 +9,20 @@
 #include <QTranslator>
 
 namespace platform {
+namespace {
+
+// The toolkit's Spanish calls the key "Control", which keyboards and the manual don't.
+class KeyNames : public QTranslator {
+public:
+    using QTranslator::QTranslator;
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override {
+        const bool key = qstrcmp(context, "QShortcut") == 0 && qstrcmp(text, "Ctrl") == 0;
+        return key ? QStringLiteral("Ctrl") : QString();
+    }
+};
+
+} // namespace
 
 void SpeakSpanish(QCoreApplication& application) {
     const QLocale spanish(QLocale::Spanish, QLocale::Spain);
@@ -21,6 +35,7 @@ void SpeakSpanish(QCoreApplication& application) {
         else
             qCWarning(lcQuillmark) << "no Spanish texts for" << catalogue;
     }
+    QCoreApplication::installTranslator(new KeyNames(&application)); // asked first
 }
 
 } // namespace platform

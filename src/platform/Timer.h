@@ -23,6 +23,7 @@ public:
     }
 
     void Interval(int milliseconds) { m_timer.setInterval(milliseconds); }
+    int Interval() const { return m_timer.interval(); }
     void Enabled(bool enabled) { enabled ? m_timer.start() : m_timer.stop(); }
     bool Enabled() const { return m_timer.isActive(); }
 

@@ -17,12 +17,14 @@
 #include "platform/Program.h"
 #include "platform/ShellExecute.h"
 #include "print/Imprimir.h"
+#include "shared/Temporal.h"
 #include "shell/Form2.h"
 #include "shell/Form3.h"
 #include "shell/MenuPrincipal.h"
 #include "update/Form7.h"
 
 #include <QMenuBar>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -52,10 +54,10 @@ void Avisar(const QString& texto) {
 } // namespace
 
 MDIForm1::MDIForm1(shared::ValoresCompartidos& compartido, QString lineaDeComandos)
-    : m_compartido(compartido),
+    : Timer1(this, &MDIForm1::Timer1_Timer),
+      m_compartido(compartido),
       m_lineaDeComandos(std::move(lineaDeComandos)),
-      CommonDialog1(this),
-      Timer1(this, &MDIForm1::Timer1_Timer) {
+      CommonDialog1(this) {
     Caption(kProductoVersion);
     HacerMenu();
     Prepare();
@@ -87,6 +89,7 @@ void MDIForm1::HacerMenu() {
         accion->setObjectName(QString::fromLatin1(entrada.nombre));
         accion->setShortcut(QKeySequence(QString::fromLatin1(entrada.tecla)));
         accion->setVisible(entrada.visible);
+        accion->setAutoRepeat(entrada.seRepite);
         if (entrada.accion)
             platform::OnEvent(accion, &QAction::triggered, this, entrada.accion);
         m_entradas.insert(accion->objectName(), accion);
@@ -144,6 +147,16 @@ frmDocumento* MDIForm1::DocumentoActivo() const {
     return dynamic_cast<frmDocumento*>(ActiveForm());
 }
 
+void MDIForm1::ConUltimoDocumento(const std::function<void(frmDocumento&)>& operacion) {
+    for (platform::Form* form : FormsByActivity()) {
+        if (auto* documento = dynamic_cast<frmDocumento*>(form))
+            return operacion(*documento);
+    }
+    Avisar(
+        QStringLiteral("No hay ningún script abierto. Haz uno con Archivo, Nuevo, o abre uno con "
+                       "Archivo, Abrir, y vuelve a intentarlo."));
+}
+
 void MDIForm1::ConDocumento(const std::function<void(CodeMax&)>& operacion) {
     if (frmDocumento* documento = DocumentoActivo())
         RunSilently([&] { operacion(documento->txtFile()); });
@@ -155,10 +168,21 @@ frmDocumento* MDIForm1::CrearDocumento() {
     try {
         documento->Load();
     } catch (...) {
-        documento->Discard();
+        Descartar(*documento);
         throw;
     }
     return documento;
+}
+
+// It has written the temp file while it loaded. A run of another document may use that one.
+void MDIForm1::Descartar(frmDocumento& documento) {
+    documento.Discard();
+    const std::vector<platform::Form*> ventanas = Forms();
+    const bool hayOtro = std::any_of(ventanas.begin(), ventanas.end(), [](platform::Form* form) {
+        return dynamic_cast<frmDocumento*>(form) != nullptr;
+    });
+    if (!hayOtro)
+        RunSilently([&] { m_compartido.fso->DeleteFile(shared::RutaTemporal(), true); });
 }
 
 // A file that can't be opened leaves nothing behind.
@@ -168,7 +192,7 @@ frmDocumento* MDIForm1::DocumentoDeArchivo(const QString& ruta) {
     try {
         documento->Abrir(ruta);
     } catch (...) {
-        documento->Discard();
+        Descartar(*documento);
         m_compartido.nombre_script = nombre;
         throw;
     }
@@ -205,8 +229,10 @@ void MDIForm1::mnuarchivonuevo_Click() {
 
 void MDIForm1::mnuarchivoabrir_Click() {
     const QString ruta = m_recientes->CommonDialog_Abrir(this);
-    if (!ruta.isEmpty())
-        AbrirRuta(ruta);
+    if (ruta.isEmpty())
+        return;
+    m_recientes->NuevoElemento(ruta);
+    AbrirRuta(ruta);
 }
 
 void MDIForm1::FileDropped(const QString& path) {
@@ -214,7 +240,6 @@ void MDIForm1::FileDropped(const QString& path) {
 }
 
 void MDIForm1::AbrirRuta(const QString& ruta) {
-    m_recientes->NuevoElemento(ruta);
     frmDocumento* documento = DocumentoDeArchivo(ruta);
     documento->Show();
     ++m_compartido.numero_documentos;
@@ -269,13 +294,14 @@ void MDIForm1::GuardarConNombre() {
 }
 
 void MDIForm1::mnuarchivoconfig_Click() {
-    if (frmDocumento* documento = DocumentoActivo())
-        documento->txtFile().PrintDoc(0, documents::kPageSetupFlags);
+    ConUltimoDocumento([](frmDocumento& documento) {
+        documento.txtFile().PrintDoc(0, documents::kPageSetupFlags);
+    });
 }
 
 void MDIForm1::mnuarchivoimprimir_Click() {
-    if (frmDocumento* documento = DocumentoActivo())
-        documento->txtFile().PrintDoc(0, documents::kPrintFlags);
+    ConUltimoDocumento(
+        [](frmDocumento& documento) { documento.txtFile().PrintDoc(0, documents::kPrintFlags); });
 }
 
 void MDIForm1::mnuarchivosalir_Click() {
@@ -357,14 +383,13 @@ void MDIForm1::mnucodigosanimacion_Click() {
 }
 
 void MDIForm1::ejecutar_lua_Click() {
-    frmDocumento* documento = DocumentoActivo();
-    if (!documento)
-        return;
-    m_compartido.texto_temporal = documento->txtFile().Text();
-    crear_temporal_click();
-    platform::ShellExecuteA(
-        ruta_programa + QStringLiteral("temp.lua"),
-        deploy::EntornoDePrueba(documento->Ruta(), documento->Caption(), *m_compartido.fso));
+    ConUltimoDocumento([this](frmDocumento& documento) {
+        m_compartido.texto_temporal = documento.txtFile().Text();
+        crear_temporal_click();
+        platform::ShellExecuteA(
+            ruta_programa + QStringLiteral("temp.lua"),
+            deploy::EntornoDePrueba(documento.Ruta(), documento.Caption(), *m_compartido.fso));
+    });
 }
 
 void MDIForm1::transfer_Click() {
@@ -373,8 +398,9 @@ void MDIForm1::transfer_Click() {
 }
 
 void MDIForm1::mnugenerarlua_Click() {
-    if (frmDocumento* documento = DocumentoActivo())
-        deploy::GenerarLua(*documento, CommonDialog1, *m_compartido.fso);
+    ConUltimoDocumento([this](frmDocumento& documento) {
+        deploy::GenerarLua(documento, CommonDialog1, *m_compartido.fso);
+    });
 }
 
 template<class Ventana, class... Argumentos>

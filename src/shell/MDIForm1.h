@@ -34,6 +34,7 @@ public:
 
     /// The document made last by mnuarchivonuevo; none once that is closed.
     QPointer<documents::frmDocumento> FrmDoc;
+    platform::Timer Timer1;
 
     /// A blank document with the next number, on show. The explorer follows; none if the document
     /// was closed meanwhile.
@@ -98,9 +99,13 @@ private:
     bool ConfirmarSalida();
     /// Null while a tool window or nothing is active.
     documents::frmDocumento* DocumentoActivo() const;
-    /// Nothing happens without one; a failure is ignored.
+    /// For what needs no document in front: the one that was active last. A notice says what to do
+    /// if none is open.
+    void ConUltimoDocumento(const std::function<void(documents::frmDocumento&)>& operacion);
+    /// Nothing happens without an active one; a failure is ignored.
     void ConDocumento(const std::function<void(documents::CodeMax&)>& operacion);
     documents::frmDocumento* CrearDocumento();
+    void Descartar(documents::frmDocumento& documento);
     void NumerarYMostrar(documents::frmDocumento& documento);
     documents::frmDocumento* DocumentoDeArchivo(const QString& ruta);
     void AbrirLineaDeComandos();
@@ -122,7 +127,6 @@ private:
     std::unique_ptr<platform::MenuArray> mnuReciente;
     std::unique_ptr<Class1> m_recientes;
     platform::CommonDialog CommonDialog1;
-    platform::Timer Timer1;
     QPointer<platform::Form> m_form1;
     QPointer<platform::Form> m_form2;
     QPointer<platform::Form> m_form4;

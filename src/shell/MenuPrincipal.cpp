@@ -13,6 +13,8 @@ using M = MDIForm1;
 constexpr bool kSiempre = false;
 constexpr bool kConDocumento = true;
 constexpr bool kOculta = false;
+constexpr bool kALaVista = true;
+constexpr bool kSeRepite = true;
 
 constexpr std::array kMenu = {
     EntradaMenu{0, "mnuarchivo", u"&Archivo"},
@@ -39,7 +41,8 @@ constexpr std::array kMenu = {
                 kConDocumento},
     EntradaMenu{1, "mnuedicioncortar", u"Cortar", "Ctrl+X", &M::mnuedicioncortar_Click,
                 kConDocumento},
-    EntradaMenu{1, "mnuedicionpegar", u"Pegar", "Ctrl+V", &M::mnuedicionpegar_Click, kConDocumento},
+    EntradaMenu{1, "mnuedicionpegar", u"Pegar", "Ctrl+V", &M::mnuedicionpegar_Click, kConDocumento,
+                kALaVista, kSeRepite},
     EntradaMenu{1, "separator", u"-"},
     EntradaMenu{1, "mnuedicionseleccionar", u"S&eleccionar todo", "Ctrl+E",
                 &M::mnuedicionseleccionar_Click, kConDocumento},

@@ -66,9 +66,15 @@ TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
     EXPECT_EQ(lista.ObtenerPath(7), QString());
     EXPECT_EQ(lista.ObtenerPath(0), QString());
 
-    Class1 siguiente; // the next start
+    QMenu otro; // of the next start
+    platform::MenuArray lasSuyas{&otro, otro.addAction(u"Recientes"_s), [](int) {}};
+    Class1 siguiente;
     siguiente.Count(3);
-    siguiente.Init(entradas, *separador);
+    EXPECT_EQ(siguiente.Count(), 3);
+    siguiente.Init(lasSuyas, *separador);
+    EXPECT_EQ(lasSuyas(2).text() + lasSuyas(3).text(), u"2 c3 A"_s);
+    EXPECT_TRUE(lasSuyas(3).isVisible());
+    EXPECT_FALSE(lasSuyas(4).isVisible());
     EXPECT_EQ(siguiente.ObtenerPath(3), Ruta(u"A"_s));
     EXPECT_EQ(siguiente.ObtenerPath(4), QString());
 }

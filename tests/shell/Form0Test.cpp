@@ -2,11 +2,15 @@
 #include "shell/Form0.h"
 #include "platform/Clock.h"
 #include "platform/Program.h"
+#include "shell/Dibujos.h"
 #include "shell/MDIForm1.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"
 
+#include <QLabel>
+#include <QPainter>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -19,6 +23,8 @@ protected:
         platform::ReplaceSleep([this](int milliseconds) {
             slept += milliseconds;
             opacities.push_back(portada->windowOpacity());
+            QMetaObject::invokeMethod(
+                portada, [this] { ++turns; }, Qt::QueuedConnection);
         });
     }
     ~Form0Test() override { platform::ReplaceSleep({}); }
@@ -28,7 +34,12 @@ protected:
     QStringList Start(const QByteArray& config, const QString& lineaDeComandos = {}) {
         home.Put("programa/config.ini", config);
         principal = std::make_unique<shell::MDIForm1>(compartido, lineaDeComandos);
+        principal->resize(1280, 800);
         portada = new shell::Form0;
+        const QPoint centro = portada->screen()->availableGeometry().center();
+        EXPECT_LE((portada->geometry().center() - centro).manhattanLength(), 1);
+        EXPECT_EQ(portada->windowTitle(), QString());
+        EXPECT_EQ(portada->findChild<QLabel*>(u"Label1"_s)->text().left(16), u"Quillmark v3.0.0"_s);
         portada->EntregarA(*principal);
         portada->Show();
         EXPECT_TRUE(QTest::qWaitFor([&] { return portada.isNull(); }, 20000));
@@ -45,6 +56,7 @@ protected:
     std::unique_ptr<shell::MDIForm1> principal;
     QPointer<shell::Form0> portada;
     int slept = 0;
+    int turns = 0;
     std::vector<double> opacities;
 };
 
@@ -53,9 +65,12 @@ protected:
 TEST_F(Form0Test, FadesInAndOutInFiveSeconds) {
     Start("[inicio]\r\nejecuciones=1\r\n");
     EXPECT_EQ(slept, 5020);
-    EXPECT_EQ(opacities.front(), 0);
-    EXPECT_NEAR(*std::max_element(opacities.begin(), opacities.end()), 250 / 255.0, 0.005);
-    EXPECT_LT(opacities.back(), 0.01);
+    ASSERT_EQ(opacities.size(), 502U);
+    for (int i = 0; i < 502; ++i) { // as it was before the step
+        const int alfa = i <= 251 ? std::max(0, i - 1) : 502 - i;
+        EXPECT_NEAR(opacities[static_cast<size_t>(i)], alfa / 255.0, 0.003) << i;
+    }
+    EXPECT_EQ(turns, 502); // each step leaves the events their turn
 }
 
 TEST_F(Form0Test, TheFirstRunOpensTheConfigurationAndOnlyOnce) {
@@ -85,10 +100,55 @@ TEST_F(Form0Test, AFileOnTheCommandLineComesFirst) {
     EXPECT_EQ(Start("[inicio]\nejecuciones=1\n[general]\nnuevo=si\n", ruta),
               QStringList({u"el juego.lua"_s, u"Explorador"_s, u"Nuevo script 2"_s}));
     const platform::Form* abierto = principal->Forms().front();
+    EXPECT_EQ(abierto->Shell()->pos(), QPoint(0, 0));
+    EXPECT_NEAR(abierto->Width(), 8000, 15);
     EXPECT_NEAR(abierto->Height(), 10350, 15);
     EXPECT_TRUE(principal->FrmDoc.isNull());
     EXPECT_EQ(compartido.numero_documentos, 2);
     compartido.numero_documentos = 0;
     EXPECT_EQ(Start("[inicio]\nejecuciones=0\n", ruta),
               QStringList({u"el juego.lua"_s, u"Explorador"_s, u"Configuración"_s}));
+}
+
+TEST_F(Form0Test, ThePicturesShowTheirThings) {
+    QImage image;
+    const auto paint = [&](auto picture, QSize size) {
+        image = QImage(size, QImage::Format_ARGB32);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        picture(painter, QRectF(QPointF(0, 0), size));
+    };
+    const auto colors = [&](std::initializer_list<QPoint> points) {
+        QStringList names;
+        for (const QPoint& point : points)
+            names.append(image.pixelColor(point).name(QColor::HexArgb));
+        return names.join(u' ');
+    };
+    paint(shell::PintarPluma, {100, 100});
+    EXPECT_EQ(colors({{10, 10}, {90, 60}, {30, 40}}), u"#00000000 #00000000 #00000000"_s);
+    EXPECT_EQ(colors({{56, 43}, {11, 90}}), u"#ff2b2b3a #ff2b2b3a"_s); // the shaft and the nib
+    EXPECT_EQ(colors({{18, 82}}), QColor(0xE0, 0xA8, 0x3C).darker(120).name(QColor::HexArgb));
+    EXPECT_EQ(image.pixelColor(45, 50).alpha() + image.pixelColor(80, 25).alpha(), 510);
+    paint(shell::PintarConsola, {200, 100});
+    EXPECT_EQ(colors({{2, 2}, {100, 5}, {45, 18}, {50, 32}}),
+              u"#00000000 #ff2b2b3a #ff121c33 #ff121c33"_s);
+    EXPECT_EQ(colors({{60, 23}, {60, 32}, {50, 77}}), u"#ffe0a83c #fff4eedd #ffe0a83c"_s);
+    const QString buttons = colors(
+        {{10, 50}, {20, 40}, {20, 60}, {30, 50}, {190, 50}, {169, 50}, {180, 39}, {180, 60}});
+    EXPECT_EQ(buttons.count(u"#fff4eedd"_s), 8) << buttons.toStdString();
+    EXPECT_EQ(colors({{180, 50}, {12, 42}}), u"#ff2b2b3a #ff2b2b3a"_s);
+    paint(shell::PintarPortada, {480, 272});
+    const auto light = [&](int x, int y) { return image.pixelColor(x, y).lightness(); };
+    EXPECT_GT(light(478, 270), light(1, 1) + 20); // from the night to the sea
+    EXPECT_GT(light(60, 24), light(60, 10) + 10); // the first line of the script
+    EXPECT_GT(light(350, 114), 120);              // the quill
+    QRect title;
+    for (int y = 150; y < 272; ++y) {
+        for (int x = 0; x < 480; ++x)
+            title |= image.pixel(x, y) == 0xFFF4EEDD ? QRect(x, y, 1, 1) : QRect();
+    }
+    EXPECT_TRUE(QRect(32, 190, 380, 65).contains(title)) << title.right() << ' ' << title.top();
+    EXPECT_GT(title.width(), 200);
+    EXPECT_EQ(shell::Icono().availableSizes(),
+              QList<QSize>({{16, 16}, {32, 32}, {48, 48}, {128, 128}}));
 }

@@ -6,6 +6,7 @@
 #include "support/MainWindow.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -37,6 +38,23 @@ protected:
 };
 
 } // namespace
+
+TEST_F(Form2Test, TheWindowSaysWhatItIsFor) {
+    EXPECT_FALSE(Open(""));
+    EXPECT_EQ(Window()->Caption(), QString(33, u' ') + u"Configuración"_s);
+    EXPECT_EQ(Check()->text(), u"Cargar archivo en blanco nada mas abrir el programa"_s);
+    QString seen;
+    for (const char* name : {"Command1", "KewlButtons4", "Command2", "KewlButtons3"})
+        seen += Window()->findChild<QPushButton*>(QString::fromLatin1(name))->text() + u'|';
+    for (const char* name : {"Label2", "Label1"})
+        seen += Window()->findChild<QLabel*>(QString::fromLatin1(name))->text() + u'|';
+    EXPECT_EQ(seen,
+              u"Asociar *.qmk|Asociar *.lua|Aceptar|Cancelar|"
+              "Path alternativo del explorador de archivos:|"
+              "Si quieres asociar la extensión .QMK con Quillmark, clickea en el botón asociar. "
+              "Asociar .LUA permite poder ver tu script desde el propio Quillmark. Estas "
+              "asociaciones no son obligatoria pero si recomendada.|"_s);
+}
 
 TEST_F(Form2Test, TheSettingsComeAndGo) {
     EXPECT_TRUE(Open("[general]\r\nnuevo=si\r\n[explorador]\r\npath=E\r\n"));

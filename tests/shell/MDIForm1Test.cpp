@@ -4,7 +4,11 @@
 #include "support/MainWindow.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QMdiArea>
 #include <QMimeData>
+#include <QPushButton>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -12,30 +16,42 @@ using documents::frmDocumento;
 using platform::Answer;
 using platform::WindowState;
 
-using MDIForm1Test = support::MainWindow;
+namespace {
 
-TEST_F(MDIForm1Test, TwelveEntriesFollowTheNumberOfDocuments) {
-    const auto enabled = [&] {
-        int count = 0;
-        for (const shell::EntradaMenu& entrada : shell::MenuPrincipal()) {
-            const QAction* accion = Entrada(entrada.nombre);
-            EXPECT_TRUE(entrada.conDocumento || accion->isEnabled() || accion->isSeparator() ||
-                        !accion->isVisible())
-                << entrada.nombre;
-            count += entrada.conDocumento && Entrada(entrada.nombre)->isEnabled();
+class MDIForm1Test : public support::MainWindow {
+protected:
+    // The recent list as its menu shows it.
+    QString Recientes() {
+        QStringList textos;
+        for (const QAction* entrada : Entrada("Pr")->menu()->actions()) {
+            if (entrada->isVisible())
+                textos.append(entrada->text());
         }
-        return count;
-    };
-    EXPECT_EQ(enabled(), 0);
-    Press("mnuarchivonuevo");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return enabled() == 12; }, 2000));
-    principal.ActiveForm()->Unload();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return enabled() == 0; }, 2000));
-}
+        return textos.join(u'|');
+    }
+    frmDocumento* Ultimo() {
+        for (platform::Form* form : principal.FormsByActivity()) {
+            if (auto* documento = dynamic_cast<frmDocumento*>(form))
+                return documento;
+        }
+        return nullptr;
+    }
+    QWidget* Inside() { return principal.findChild<QMdiArea*>()->viewport(); }
+    QRect Area() { return Inside()->rect(); }
+    bool InSight(const QWidget* widget) {
+        return Area().contains({widget->mapTo(Inside(), QPoint(0, 0)), widget->size()});
+    }
+};
+
+} // namespace
 
 TEST_F(MDIForm1Test, NewDocumentsAreNumberedByTheirCount) {
-    Press("mnuarchivonuevo");
+    principal.mnuarchivonuevo_Click();
+    EXPECT_EQ(principal.ActiveForm()->Caption(), u"Explorador"_s); // comes in front
     frmDocumento* first = principal.FrmDoc;
+    EXPECT_EQ(first->Shell()->pos(), QPoint(0, 0));
+    EXPECT_NEAR(first->Width(), 8000, 15);
+    EXPECT_NEAR(first->Height(), principal.Height() - 900, 15);
     Press("mnuarchivonuevo");
     EXPECT_EQ(Captions(), QStringList({u"Nuevo script 1"_s, u"Nuevo script 2"_s}));
     EXPECT_EQ(principal.FrmDoc, Active());
@@ -43,8 +59,8 @@ TEST_F(MDIForm1Test, NewDocumentsAreNumberedByTheirCount) {
     Press("mnuarchivonuevo");
     EXPECT_EQ(Captions(), QStringList({u"Nuevo script 2"_s, u"Nuevo script 2"_s}));
     principal.FrmDoc->Unload();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(principal.FrmDoc.isNull());
+    EXPECT_EQ(compartido.numero_documentos, 1);
 }
 
 TEST_F(MDIForm1Test, TheScriptMadeLastIsAlsoSoIfTheExplorerStillReadsItsFolder) {
@@ -53,19 +69,21 @@ TEST_F(MDIForm1Test, TheScriptMadeLastIsAlsoSoIfTheExplorerStillReadsItsFolder) 
     EXPECT_EQ(principal.FrmDoc->Caption(), u"Nuevo script 2"_s);
 }
 
-TEST_F(MDIForm1Test, AbrirShowsTheFileAndRemembersIt) {
-    const QString ruta = home.Put("juegos/mi juego.lua", "print(1)\n");
-    const frmDocumento* documento = Abrir(ruta);
-    ASSERT_NE(documento, nullptr);
-    EXPECT_EQ(documento->Caption(), u"mi juego.lua"_s);
-    EXPECT_EQ(compartido.numero_documentos, 1);
+TEST_F(MDIForm1Test, AbrirShowsTheFileAndRemembersSix) {
+    for (const char* nombre : {"a", "b", "c", "d", "e", "f", "mi g.lua"})
+        Abrir(home.Put(std::string("juegos/") + nombre, nombre));
+    EXPECT_EQ(Captions().join(u' '), u"a b c d e f mi g.lua"_s);
+    EXPECT_EQ(principal.Forms().size(), 7U); // no explorer
+    EXPECT_EQ(Text(), u"mi g.lua"_s);
+    EXPECT_EQ(compartido.numero_documentos, 7);
     EXPECT_TRUE(principal.FrmDoc.isNull());
-    EXPECT_EQ(Reciente(1)->text(), u"1 mi juego.lua"_s);
-    Reciente(1)->trigger();
-    EXPECT_EQ(Captions().count(u"mi juego.lua"_s), 2);
-    EXPECT_EQ(compartido.numero_documentos, 2);
+    EXPECT_EQ(Recientes(), u"1 mi g.lua|2 f|3 e|4 d|5 c|6 b"_s);
+    Reciente(6)->trigger();
+    EXPECT_EQ(Active()->Caption(), u"b"_s);
+    EXPECT_EQ(compartido.numero_documentos, 8);
     Abrir(QString()); // left by cancel
-    EXPECT_EQ(compartido.numero_documentos, 2);
+    EXPECT_EQ(compartido.numero_documentos, 8);
+    EXPECT_EQ(Recientes(), u"1 mi g.lua|2 f|3 e|4 d|5 c|6 b"_s);
 }
 
 TEST_F(MDIForm1Test, AFileThatCannotBeOpenedLeavesNothingBehind) {
@@ -82,10 +100,15 @@ TEST_F(MDIForm1Test, AFileThatCannotBeOpenedLeavesNothingBehind) {
     EXPECT_EQ(compartido.numero_documentos, 0);
     EXPECT_EQ(compartido.nombre_script, u"publicado"_s);
     EXPECT_TRUE(Captions().isEmpty());
-    EXPECT_EQ(Reciente(1)->text(), u"1 no está.lua"_s); // the list keeps it
+    EXPECT_EQ(Recientes(), u"1 no está.lua"_s); // the list keeps it
+    EXPECT_FALSE(std::filesystem::exists(home.Root() / "programa/temp.lua"));
+    Press("mnuarchivonuevo");
+    dialogs.Expect(ruta, Answer::Ok);
+    Reciente(1)->trigger();
+    EXPECT_EQ(home.Get("programa/temp.lua"), "\r\n"); // the other document's
 }
 
-TEST_F(MDIForm1Test, DroppedFilesOpenAsAbrirDoes) {
+TEST_F(MDIForm1Test, DroppedFilesOpenAndStayOutOfTheList) {
     home.Put("uno.lua", "1");
     home.Put("dos.lua", "2");
     Press("mnuarchivonuevo");
@@ -101,7 +124,7 @@ TEST_F(MDIForm1Test, DroppedFilesOpenAsAbrirDoes) {
     QApplication::sendEvent(editor, &drop);
     EXPECT_EQ(Captions().mid(1), QStringList({u"uno.lua"_s, u"dos.lua"_s}));
     EXPECT_EQ(compartido.numero_documentos, 3);
-    EXPECT_EQ(Reciente(1)->text(), u"1 dos.lua"_s);
+    EXPECT_EQ(Recientes(), u"Recientes"_s);
 }
 
 TEST_F(MDIForm1Test, GuardarWritesWhereTheDocumentCameFrom) {
@@ -139,21 +162,61 @@ TEST_F(MDIForm1Test, GuardarAsksANewScriptForItsName) {
     Active()->flagGuardar = false;
 }
 
-TEST_F(MDIForm1Test, CommandsWithAToolWindowActiveDoNoHarm) {
-    Press("mnuarchivonuevo");
-    const QString text = principal.FrmDoc->txtFile().Text();
+TEST_F(MDIForm1Test, TheNameTellsWhetherAScriptHasAFile) {
+    for (const char16_t* rotulo : {u"nuevo script 1", u"Nuevo script", u"a Nuevo  script 1"}) {
+        Press("mnuarchivonuevo");
+        Active()->Caption(u"copia de Nuevo script 1.lua"_s);
+        dialogs.ExpectName(QString());
+        Press("mnuarchivoguardar");
+        Active()->Caption(QString::fromUtf16(rotulo));
+        Press("mnuarchivoguardar"); // without a question
+        EXPECT_TRUE(home.Get("programa/" + Active()->Caption().toStdString()).startsWith("while"));
+    }
+    for (const platform::FileQuestion& question : dialogs.questions)
+        EXPECT_EQ(question.filters[0].name + question.filters[0].pattern, u"Archivos .qmk*.qmk"_s);
+}
+
+TEST_F(MDIForm1Test, ToolWindowsInFrontLeaveRunAndPrintTheLastScript) {
+    Abrir(home.Put("a.lua", "uno"));
+    const frmDocumento* primero = Active();
+    Abrir(home.Put("b.lua", "dos"));
+    Type(u"-"_s);
     Press("mnuopcionesconfiguracion");
-    Press("mnuopcionesconfiguracion");
-    EXPECT_EQ(Captions().size(), 2); // brought forward, not opened twice
-    EXPECT_EQ(Active(), nullptr);
-    for (const char* entrada : {"mnuarchivoguardar", "mnuarchivoconfig", "mnuarchivoimprimir",
-                                "mnuediciondeshacer", "mnuedicionrehacer", "mnuedicioncopiar",
-                                "mnuedicioncortar", "mnuedicionpegar", "mnuedicionseleccionar"})
-        Press(entrada);
+    Press("mnuherramientascolores");
+    for (const char* entrada :
+         {"mnuarchivoguardar", "mnuediciondeshacer", "mnuedicionrehacer", "mnuedicioncopiar",
+          "mnuedicioncortar", "mnuedicionpegar", "mnuedicionseleccionar"})
+        Press(entrada); // do nothing
     dialogs.ExpectName(u"C:\\x.qmk"_s);
     Press("mnuarchivocomo");
-    EXPECT_EQ(home.Get("x.qmk"), "");
-    EXPECT_EQ(principal.FrmDoc->txtFile().Text(), text);
+    EXPECT_EQ(home.Get("x.qmk") + home.Get("b.lua"), "dos");
+
+    for (int i = 0; i < 2; ++i)
+        dialogs.ExpectPrinter([](QPrinter&) { return false; });
+    Press("mnuarchivoconfig");
+    Press("mnuarchivoimprimir");
+    EXPECT_EQ(dialogs.printers, QStringList({u"page"_s, u"print"_s}));
+    RegisterPlayer();
+    Press("ejecutar_lua");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("visto") == "-dos\r\n"; }));
+    dialogs.ExpectName(u"C:\\c.lua"_s);
+    dialogs.Expect(u"c.lua generado en C:\\c.lua"_s, Answer::Ok);
+    Press("mnugenerarlua");
+    EXPECT_EQ(home.Get("c.lua"), "-dos");
+
+    Ultimo()->flagGuardar = false;
+    Ultimo()->Unload();
+    EXPECT_EQ(Ultimo(), primero);
+    Press("mnuventanacerrar");
+    Press("mnuopcionesconfiguracion");
+    const std::array<void (shell::MDIForm1::*)(), 4> ordenes = {
+        &shell::MDIForm1::ejecutar_lua_Click, &shell::MDIForm1::mnugenerarlua_Click,
+        &shell::MDIForm1::mnuarchivoconfig_Click, &shell::MDIForm1::mnuarchivoimprimir_Click};
+    for (const auto orden : ordenes) {
+        dialogs.Expect(u"No hay ningún script abierto. Haz uno con Archivo, Nuevo"_s, Answer::Ok);
+        (principal.*orden)();
+        EXPECT_EQ(dialogs.messages.back().icon, platform::Icon::Information);
+    }
 }
 
 TEST_F(MDIForm1Test, TheMenuHasItsKeysWhileTheEditorHasTheFocus) {
@@ -165,14 +228,24 @@ TEST_F(MDIForm1Test, TheMenuHasItsKeysWhileTheEditorHasTheFocus) {
     };
     principal.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&principal));
+    const QString text = Text();
     press(Qt::Key_E, Qt::ControlModifier);
     press(Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(Active()->txtFile().Text(), QString());
+    EXPECT_EQ(Text(), QString());
     Press("mnuediciondeshacer");
-    EXPECT_TRUE(Active()->txtFile().Text().startsWith(u"while"_s));
+    EXPECT_EQ(Text(), text);
     Press("mnuedicionrehacer");
+    EXPECT_EQ(Text(), QString());
     press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_TRUE(Active()->txtFile().Text().startsWith(u"while"_s));
+    EXPECT_TRUE(Text().startsWith(u"while true do"_s));
+    Active()->txtFile().Text(u"abc"_s);
+    for (const char* entrada :
+         {"mnuedicionseleccionar", "mnuedicioncopiar", "mnuedicionpegar", "mnuedicionpegar"})
+        Press(entrada);
+    EXPECT_EQ(Text(), u"abcabc"_s);
+    Press("mnuedicionseleccionar");
+    Press("mnuedicioncortar");
+    EXPECT_EQ(Text() + QApplication::clipboard()->text(), u"abcabc"_s);
     dialogs.ExpectName(home.Put("a.lua", "abierto"));
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(Active()->Caption(), u"a.lua"_s);
@@ -215,16 +288,50 @@ TEST_F(MDIForm1Test, WindowCommandsReachAllChildren) {
         all(WindowState::Minimised);
         principal.ActiveForm()->Show();
     }
+    for (platform::Form* form : principal.Forms())
+        form->Shell()->move(100, 100);
     Press("mnuventanaorganizar");
+    QRect last = Windows()[0]->Shell()->geometry();
+    EXPECT_EQ(last.bottomLeft(), Area().bottomLeft());
+    for (size_t i = 1; i < 3; ++i) {
+        const QRect icon = Windows()[i]->Shell()->geometry();
+        EXPECT_TRUE(Area().contains(icon) && !icon.intersects(last));
+        last = icon;
+    }
     Press("mnuventanarestaurar");
     all(WindowState::Normal);
     const auto step = [&](const char* entrada) {
         Press(entrada);
         return Windows()[1]->Shell()->pos() - Windows()[0]->Shell()->pos();
     };
-    EXPECT_EQ(step("mnuventanamosaicov").y(), 0);
-    EXPECT_EQ(step("mnuventanamosaicoh").x(), 0);
     EXPECT_GT(step("mnuventanacascada").x(), 0);
+}
+
+TEST_F(MDIForm1Test, ASmallScreenLeavesEverythingInReach) {
+    principal.resize(1016, 566); // of 1024 x 600, with the borders of a desktop
+    for (const int scripts : {1, 3}) {
+        while (compartido.numero_documentos < scripts)
+            Press("mnuarchivonuevo");
+        for (const char* entrada :
+             {"mnuventanamosaicov", "mnuventanamosaicoh", "mnuventanacascada"}) {
+            Press(entrada);
+            QRegion covered;
+            for (const platform::Form* form : Windows()) {
+                EXPECT_TRUE(InSight(form->Shell())) << entrada;
+                EXPECT_FALSE(covered.intersects(form->Shell()->geometry()) && entrada[11] == 'm');
+                covered += form->Shell()->geometry();
+            }
+            const QRect explorer = principal.Forms()[1]->Shell()->geometry();
+            EXPECT_TRUE(Area().contains(explorer.topRight())); // it is higher than the area
+            EXPECT_FALSE(covered.intersects(explorer) && entrada[11] == 'm') << entrada;
+        }
+    }
+    Press("mnuherramientasventana");
+    EXPECT_EQ(principal.ActiveForm()->Shell()->y(), 0);
+    for (const QPushButton* boton : principal.ActiveForm()->findChildren<QPushButton*>())
+        EXPECT_TRUE(InSight(boton)) << boton->text().toStdString();
+    Press("mnuherramientascolores");
+    EXPECT_TRUE(InSight(principal.ActiveForm()->Shell()));
 }
 
 TEST_F(MDIForm1Test, SalirAsksOnceAndEndsWithoutClosing) {
@@ -241,28 +348,61 @@ TEST_F(MDIForm1Test, SalirAsksOnceAndEndsWithoutClosing) {
     EXPECT_EQ(home.Get("programa/temp.lua"), "x");
     EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Question);
     EXPECT_EQ(dialogs.messages[0].buttons, platform::Buttons::YesNo);
+    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark"_s);
     Active()->flagGuardar = false;
 }
 
 TEST_F(MDIForm1Test, ClosingTheFrameAsksTheChildrenAndThenTheUser) {
-    Press("mnuarchivonuevo");
-    Active()->flagGuardar = true;
-    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Cancel);
-    EXPECT_FALSE(principal.close());
+    for (int i = 0; i < 3; ++i) {
+        Press("mnuarchivonuevo");
+        Active()->flagGuardar = true;
+    }
     dialogs.Expect(u"¿Guardar cambios?"_s, Answer::No);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Cancel);
+    EXPECT_FALSE(principal.close()); // and asks no more
+    EXPECT_EQ(Captions(), QStringList({u"Nuevo script 2"_s, u"Nuevo script 3"_s}));
+    for (int i = 0; i < 2; ++i)
+        dialogs.Expect(u"¿Guardar cambios?"_s, Answer::No);
     dialogs.Expect(u"¿Salir del programa?"_s, Answer::No);
     EXPECT_FALSE(principal.close());
     EXPECT_TRUE(principal.isVisible());
-    EXPECT_TRUE(Captions().isEmpty());
+    EXPECT_TRUE(principal.Forms().empty());
     dialogs.Expect(u"¿Salir del programa?"_s, Answer::Yes);
     EXPECT_TRUE(principal.close());
 }
 
-TEST_F(MDIForm1Test, TheAboutWindow) {
+TEST_F(MDIForm1Test, ASaveThatFailsWhileClosingStopsNothing) {
+    principal.AbrirProyecto(home.Put("lejos/a.qmk", "uno"), u"a"_s);
+    EXPECT_EQ(compartido.documento_explorador, Active());
+    EXPECT_EQ(Active()->Caption(), u"a"_s);
+    EXPECT_EQ(Active()->Shell()->pos(), QPoint(0, 0));
+    EXPECT_NEAR(Active()->Width(), 8000, 15);
+    EXPECT_NEAR(Active()->Height(), 10350, 15);
+    Type(u"x"_s);
+    std::filesystem::remove_all(home.Root() / "lejos");
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
+    Active()->Unload();
+    EXPECT_TRUE(principal.Forms().empty());
+    EXPECT_TRUE(compartido.documento_explorador.isNull());
+    EXPECT_EQ(compartido.numero_documentos, 0);
+}
+
+TEST_F(MDIForm1Test, TheHelpMenuTellsOfTheProgram) {
     dialogs.ExpectForm([](platform::Form& form) {
         EXPECT_EQ(form.Caption(), u"Acerca de Quillmark"_s);
+        const auto text = [&](const char* name) {
+            return form.findChild<QLabel*>(QString::fromLatin1(name))->text();
+        };
+        EXPECT_TRUE(text("Label1").contains(u"v3.0.0"_s));
+        EXPECT_TRUE(text("lblcontenido").startsWith(u"Quillmark nace como consecuencia a la"_s));
+        EXPECT_EQ(text("Label2"), u"Info del Coder y BetaTester del proyecto:"_s);
         QTest::keyClick(&form, Qt::Key_Escape);
         EXPECT_FALSE(form.IsLoaded());
     });
     Press("mnuayudaacerca");
+    dialogs.Expect(u"Actualizacion OnLine aun no disponible"_s, Answer::Ok);
+    dialogs.ExpectForm([](platform::Form&) {});
+    Press("actualizacion_online");
+    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark v3.0.0"_s);
+    EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Information);
 }

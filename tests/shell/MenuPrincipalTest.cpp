@@ -1,77 +1,64 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MenuPrincipal.h"
-#include "shell/MDIForm1.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TestHome.h"
+#include "support/MainWindow.h"
 
 #include <QMenuBar>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using shell::EntradaMenu;
 
 namespace {
 
-// The menu as it hangs in the window, in the order and form of the table.
-void Flatten(const QList<QAction*>& actions, int level, QStringList& lines) {
+// The menus as the user sees them, on one line: "*" behind what is grey, "+" behind a key that
+// repeats.
+QString Seen(const QList<QAction*>& actions) {
+    QStringList seen;
     for (const QAction* action : actions) {
-        if (action->objectName().isEmpty())
-            continue; // the further entries of the recent list
-        lines.append(u"%1 %2 %3 %4"_s.arg(level).arg(
-            action->objectName(), action->isSeparator() ? u"-"_s : action->text(),
-            action->shortcut().toString(QKeySequence::PortableText)));
+        if (!action->isVisible())
+            continue;
+        QString text = action->isSeparator() ? u"-"_s : action->text();
+        text += action->isEnabled() ? QString() : u"*"_s;
+        if (!action->shortcut().isEmpty())
+            text += u' ' + action->shortcut().toString(QKeySequence::NativeText) +
+                    (action->autoRepeat() ? u"+"_s : QString());
         if (action->menu())
-            Flatten(action->menu()->actions(), level + 1, lines);
+            text += u" {"_s + Seen(action->menu()->actions()) + u"}"_s;
+        seen.append(text);
     }
+    return seen.join(u"|"_s);
 }
+
+const QString kMenu = QString::fromUtf16(
+    u"&Archivo {&Nuevo Ctrl+N|-|&Abrir Ctrl+A|Guardar* Ctrl+S|&Guardar como*|-|Configurar "
+    u"Impresion|"
+    u"Imprimir|-|Proyectos recientes {Recientes}|-|Salir Ctrl+Q}|"
+    u"&Edición {Deshacer|Rehacer|-|&Copiar* Ctrl+C|Cortar* Ctrl+X|Pegar* Ctrl+V+|-|"
+    u"S&eleccionar todo* Ctrl+E}|"
+    u"&Herramientas {Ventana de códigos F1|Colores RGB F2|Coordenadas de Pantalla F3|"
+    u"Explorador de Archivos}|"
+    u"&Códigos {Simples {¡Hola Mundo!*|Menu simple*}|Complejos {Animación*}}|"
+    u"&Compilador {Ejecutar* F5|Compilar y guardar* F6|Trasferir Script* F7}|"
+    u"&Opciones {Configuración F4}|"
+    u"&Ventana {Cascada|Mosaico vertical|Mosaico horizontal|Organizar iconos|-|Minimizar todo|"
+    u"Restaurar todo|-|Cerrar todas}|"
+    u"&Ayuda {Actualizaciones Online F12|-|Acerca de}");
 
 } // namespace
 
-TEST(MenuPrincipal, TheWindowShowsTheWholeTableInItsOrder) {
-    const support::TestHome home;
-    const support::ScriptedDialogs dialogs;
-    shared::ValoresCompartidos compartido;
-    shell::MDIForm1 principal(compartido, QString());
-    principal.Show();
-    QStringList shown;
-    Flatten(principal.menuBar()->actions(), 0, shown);
-    QStringList table;
-    for (const EntradaMenu& entrada : shell::MenuPrincipal())
-        table.append(u"%1 %2 %3 %4"_s.arg(entrada.nivel)
-                         .arg(QString::fromLatin1(entrada.nombre),
-                              QString::fromUtf16(entrada.texto),
-                              QString::fromLatin1(entrada.tecla)));
-    EXPECT_EQ(shown, table);
-    EXPECT_FALSE(principal.Entrada(u"crear_temporal"_s)->isVisible());
-}
+using MenuPrincipalTest = support::MainWindow;
 
-TEST(MenuPrincipal, TheEntriesThatPeopleKnow) {
-    const support::TestHome home;
-    const support::ScriptedDialogs dialogs;
-    shared::ValoresCompartidos compartido;
-    const shell::MDIForm1 principal(compartido, QString());
-    const struct {
-        const char* name;
-        const char* text;
-        const char* key;
-    } entries[] = {{"mnuarchivoabrir", "&Abrir", "Ctrl+A"},
-                   {"mnuedicionseleccionar", "S&eleccionar todo", "Ctrl+E"},
-                   {"mnucodigoshola", "¡Hola Mundo!", ""},
-                   {"transfer", "Trasferir Script", "F7"},
-                   {"actualizacion_online", "Actualizaciones Online", "F12"}};
-    for (const auto& entry : entries) {
-        const QAction* action = principal.Entrada(QString::fromLatin1(entry.name));
-        EXPECT_EQ(action->text(), QString::fromUtf8(entry.text));
-        EXPECT_EQ(action->shortcut(), QKeySequence(QString::fromLatin1(entry.key)));
-    }
-    QStringList withDocument;
-    for (const EntradaMenu& entrada : shell::MenuPrincipal()) {
-        if (entrada.conDocumento)
-            withDocument.append(QString::fromLatin1(entrada.nombre));
-    }
-    withDocument.sort();
-    EXPECT_EQ(withDocument.join(u' '),
-              u"ejecutar_lua mnuarchivocomo mnuarchivoguardar mnucodigosanimacion "
-              "mnucodigoshola mnucodigosmenu mnuedicioncopiar mnuedicioncortar "
-              "mnuedicionpegar mnuedicionseleccionar mnugenerarlua transfer"_s);
+TEST_F(MenuPrincipalTest, TwelveEntriesFollowTheNumberOfDocuments) {
+    const auto seen = [&] { return Seen(principal.menuBar()->actions()); };
+    EXPECT_EQ(seen(), kMenu);
+    EXPECT_EQ(kMenu.count(u'*'), 12);
+    EXPECT_EQ(principal.Timer1.Interval(), 500);
+    EXPECT_TRUE(principal.Timer1.Enabled());
+    Press("mnuarchivonuevo");
+    principal.Timer1_Timer();
+    EXPECT_EQ(seen(), QString(kMenu).remove(u'*'));
+    Active()->Unload();
+    principal.Timer1_Timer();
+    EXPECT_EQ(seen(), kMenu);
+    EXPECT_EQ(Entrada("crear_temporal")->text(), u"crearlo"_s);
+    Entrada("crear_temporal")->trigger();
+    EXPECT_EQ(home.Get("programa/temp.lua"), "\r\n");
 }

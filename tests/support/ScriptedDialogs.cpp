@@ -28,15 +28,16 @@ public:
             step.form(form);
         form.Unload();
     }
-    bool SetUpPage(QPrinter& printer, QWidget*) override { return Printer(printer); }
-    bool SetUpPrint(QPrinter& printer, QWidget*) override { return Printer(printer); }
+    bool SetUpPage(QPrinter& printer, QWidget*) override { return Printer(printer, u"page"_s); }
+    bool SetUpPrint(QPrinter& printer, QWidget*) override { return Printer(printer, u"print"_s); }
 
 private:
     QString Name(const platform::FileQuestion& question) {
         m_script.questions.push_back(question);
         return m_script.Next(Step::Name, question.title).text;
     }
-    bool Printer(QPrinter& printer) {
+    bool Printer(QPrinter& printer, const QString& kind) {
+        m_script.printers.append(kind);
         const Step step = m_script.Next(Step::Printer, u"printer"_s);
         return step.printer && step.printer(printer);
     }

@@ -3,6 +3,7 @@
 
 #include "platform/Dialogs.h"
 
+#include <QStringList>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -31,6 +32,7 @@ public:
     /// All that was asked so far.
     std::vector<platform::Message> messages;
     std::vector<platform::FileQuestion> questions;
+    QStringList printers; ///< "page" or "print"
 
 private:
     class Stand;
