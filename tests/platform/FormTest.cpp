@@ -79,29 +79,6 @@ TEST_F(FormTest, TheFrameFitsIntoTheScreenWithItsBorders) {
     EXPECT_GT(frame.frameGeometry().width(), frame.width());
     EXPECT_TRUE(room.contains(frame.frameGeometry()));
     EXPECT_EQ(frame.frameGeometry().size(), room.size()); // smaller than the frame was designed
-    frame.resize(500, 300);
-    frame.hide();
-    frame.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
-    EXPECT_EQ(frame.size(), QSize(500, 300)); // what the user resizes stays so
-}
-
-TEST_F(FormTest, APlaceMayCostWidthButNoHeight) {
-    frame.resize(600, 400);
-    LoudForm* form = frame.NewForm();
-    form->resize(400, 600);
-    form->setMinimumWidth(50);
-    form->Show();
-    form->Move(0, 0, 6000, 9000);
-    const QSize size = form->Shell()->size();
-    form->Place(0, 0);
-    EXPECT_EQ(form->Shell()->size(), size);
-    form->Place(ToTwips(450), 300);
-    EXPECT_EQ(form->Shell()->pos(), QPoint(450, 20));
-    EXPECT_EQ(form->Shell()->size(),
-              QSize(form->Shell()->parentWidget()->width() - 450, size.height()));
-    form->Place(ToTwips(590), 300);
-    EXPECT_GE(form->width(), 50);
 }
 
 TEST_F(FormTest, TheOneThatWasActiveLastComesFirst) {

@@ -56,13 +56,13 @@ TEST_F(Class1Test, AnEmptyListKeepsItsDesignEntry) {
 }
 
 TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
-    for (const char* nombre : {"a", "b", "c", "d", "e", "f", "A", "c", "g"})
+    for (const char* nombre : {"a", "b", "c", "d", "e", "f", "A", "f", "g"})
         lista.NuevoElemento(Ruta(QString::fromLatin1(nombre)));
-    EXPECT_EQ(Visibles(), u"1 g|2 c|3 A|4 f|5 e|6 d"_s);
+    EXPECT_EQ(Visibles(), u"1 g|2 f|3 A|4 e|5 d|6 c"_s);
     EXPECT_EQ(Guardado().size(), 6);
     // It is on the disk at once: the process may end without a goodbye.
     EXPECT_TRUE(home.Get(".config/Quillmark/Accesos Recientes.conf").contains("Lista"));
-    EXPECT_EQ(lista.ObtenerPath(2), Ruta(u"c"_s));
+    EXPECT_EQ(lista.ObtenerPath(2), Ruta(u"f"_s));
     EXPECT_EQ(lista.ObtenerPath(7), QString());
     EXPECT_EQ(lista.ObtenerPath(0), QString());
 
@@ -72,7 +72,7 @@ TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
     siguiente.Count(3);
     EXPECT_EQ(siguiente.Count(), 3);
     siguiente.Init(lasSuyas, *separador);
-    EXPECT_EQ(lasSuyas(2).text() + lasSuyas(3).text(), u"2 c3 A"_s);
+    EXPECT_EQ(lasSuyas(2).text() + lasSuyas(3).text(), u"2 f3 A"_s);
     EXPECT_TRUE(lasSuyas(3).isVisible());
     EXPECT_FALSE(lasSuyas(4).isVisible());
     EXPECT_EQ(siguiente.ObtenerPath(3), Ruta(u"A"_s));

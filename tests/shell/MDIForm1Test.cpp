@@ -29,13 +29,6 @@ protected:
         }
         return textos.join(u'|');
     }
-    frmDocumento* Ultimo() {
-        for (platform::Form* form : principal.FormsByActivity()) {
-            if (auto* documento = dynamic_cast<frmDocumento*>(form))
-                return documento;
-        }
-        return nullptr;
-    }
     QWidget* Inside() { return principal.findChild<QMdiArea*>()->viewport(); }
     QRect Area() { return Inside()->rect(); }
     bool InSight(const QWidget* widget) {
@@ -140,14 +133,14 @@ TEST_F(MDIForm1Test, GuardarWritesWhereTheDocumentCameFrom) {
     EXPECT_TRUE(Active()->flagGuardar);
 }
 
-TEST_F(MDIForm1Test, GuardarAsksANewScriptForItsName) {
+TEST_F(MDIForm1Test, GuardarAsksForANameAsLongAsTheCaptionIsThatOfANewScript) {
     Press("mnuarchivonuevo");
-    dialogs.ExpectName(QString());
-    principal.mnuarchivoguardar_Click();
-    EXPECT_EQ(Active()->Caption(), u"Nuevo script 1"_s);
-    dialogs.ExpectName(u"C:\\no\\hay.qmk"_s);
-    principal.mnuarchivoguardar_Click(); // fails, and says nothing
-    EXPECT_EQ(Active()->Caption(), u"Nuevo script 1"_s);
+    Active()->Caption(u"copia de Nuevo script 1.lua"_s);
+    for (const char16_t* name : {u"", u"C:\\no\\hay.qmk"}) { // the second fails, and says nothing
+        dialogs.ExpectName(QString::fromUtf16(name));
+        principal.mnuarchivoguardar_Click();
+        EXPECT_EQ(Active()->Caption(), u"copia de Nuevo script 1.lua"_s);
+    }
     dialogs.ExpectName(u"C:\\juego"_s);
     principal.mnuarchivoguardar_Click();
     EXPECT_EQ(Active()->Caption(), u"juego"_s);
@@ -156,30 +149,20 @@ TEST_F(MDIForm1Test, GuardarAsksANewScriptForItsName) {
     principal.mnuarchivocomo_Click();
     EXPECT_EQ(Active()->Caption(), u"otro.lua"_s);
     Type(u"--"_s);
-    principal.mnuarchivoguardar_Click();
+    for (const char16_t* caption : {u"nuevo script 1", u"Nuevo script", u"Nuevo  script 1"}) {
+        Active()->Caption(QString::fromUtf16(caption));
+        principal.mnuarchivoguardar_Click(); // without a question
+    }
     EXPECT_TRUE(home.Get("otro.lua").startsWith("--while"));
     EXPECT_TRUE(home.Get("juego").startsWith("while"));
-    Active()->flagGuardar = false;
-}
-
-TEST_F(MDIForm1Test, TheNameTellsWhetherAScriptHasAFile) {
-    for (const char16_t* rotulo : {u"nuevo script 1", u"Nuevo script", u"a Nuevo  script 1"}) {
-        Press("mnuarchivonuevo");
-        Active()->Caption(u"copia de Nuevo script 1.lua"_s);
-        dialogs.ExpectName(QString());
-        Press("mnuarchivoguardar");
-        Active()->Caption(QString::fromUtf16(rotulo));
-        Press("mnuarchivoguardar"); // without a question
-        EXPECT_TRUE(home.Get("programa/" + Active()->Caption().toStdString()).startsWith("while"));
-    }
     for (const platform::FileQuestion& question : dialogs.questions)
         EXPECT_EQ(question.filters[0].name + question.filters[0].pattern, u"Archivos .qmk*.qmk"_s);
+    Active()->flagGuardar = false;
 }
 
 TEST_F(MDIForm1Test, ToolWindowsInFrontLeaveRunAndPrintTheLastScript) {
     Abrir(home.Put("a.lua", "uno"));
-    const frmDocumento* primero = Active();
-    Abrir(home.Put("b.lua", "dos"));
+    frmDocumento* last = Abrir(home.Put("b.lua", "dos"));
     Type(u"-"_s);
     Press("mnuopcionesconfiguracion");
     Press("mnuherramientascolores");
@@ -196,23 +179,20 @@ TEST_F(MDIForm1Test, ToolWindowsInFrontLeaveRunAndPrintTheLastScript) {
     Press("mnuarchivoconfig");
     Press("mnuarchivoimprimir");
     EXPECT_EQ(dialogs.printers, QStringList({u"page"_s, u"print"_s}));
-    RegisterPlayer();
-    Press("ejecutar_lua");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("visto") == "-dos\r\n"; }));
     dialogs.ExpectName(u"C:\\c.lua"_s);
     dialogs.Expect(u"c.lua generado en C:\\c.lua"_s, Answer::Ok);
     Press("mnugenerarlua");
     EXPECT_EQ(home.Get("c.lua"), "-dos");
+    last->flagGuardar = false;
+    last->Unload();
+    RegisterPlayer();
+    Press("ejecutar_lua");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("visto") == "uno\r\n"; }));
 
-    Ultimo()->flagGuardar = false;
-    Ultimo()->Unload();
-    EXPECT_EQ(Ultimo(), primero);
     Press("mnuventanacerrar");
-    Press("mnuopcionesconfiguracion");
-    const std::array<void (shell::MDIForm1::*)(), 4> ordenes = {
-        &shell::MDIForm1::ejecutar_lua_Click, &shell::MDIForm1::mnugenerarlua_Click,
-        &shell::MDIForm1::mnuarchivoconfig_Click, &shell::MDIForm1::mnuarchivoimprimir_Click};
-    for (const auto orden : ordenes) {
+    for (const auto orden :
+         {&shell::MDIForm1::ejecutar_lua_Click, &shell::MDIForm1::mnugenerarlua_Click,
+          &shell::MDIForm1::mnuarchivoconfig_Click, &shell::MDIForm1::mnuarchivoimprimir_Click}) {
         dialogs.Expect(u"No hay ningún script abierto. Haz uno con Archivo, Nuevo"_s, Answer::Ok);
         (principal.*orden)();
         EXPECT_EQ(dialogs.messages.back().icon, platform::Icon::Information);
@@ -300,11 +280,11 @@ TEST_F(MDIForm1Test, WindowCommandsReachAllChildren) {
     }
     Press("mnuventanarestaurar");
     all(WindowState::Normal);
-    const auto step = [&](const char* entrada) {
-        Press(entrada);
-        return Windows()[1]->Shell()->pos() - Windows()[0]->Shell()->pos();
-    };
-    EXPECT_GT(step("mnuventanacascada").x(), 0);
+    Press("mnuventanacascada");
+    for (size_t i = 0; i < 3; ++i) {
+        EXPECT_TRUE(InSight(Windows()[i]->Shell()));
+        EXPECT_TRUE(i == 0 || Windows()[i]->Shell()->x() > Windows()[i - 1]->Shell()->x());
+    }
 }
 
 TEST_F(MDIForm1Test, ASmallScreenLeavesEverythingInReach) {
@@ -312,18 +292,18 @@ TEST_F(MDIForm1Test, ASmallScreenLeavesEverythingInReach) {
     for (const int scripts : {1, 3}) {
         while (compartido.numero_documentos < scripts)
             Press("mnuarchivonuevo");
-        for (const char* entrada :
-             {"mnuventanamosaicov", "mnuventanamosaicoh", "mnuventanacascada"}) {
+        const QWidget* explorer = principal.Forms()[1]->Shell();
+        for (const auto& [entrada, edge] : {std::pair("mnuventanamosaicov", &QRect::top),
+                                            std::pair("mnuventanamosaicoh", &QRect::left)}) {
             Press(entrada);
-            QRegion covered;
+            QRegion covered(explorer->geometry());
             for (const platform::Form* form : Windows()) {
-                EXPECT_TRUE(InSight(form->Shell())) << entrada;
-                EXPECT_FALSE(covered.intersects(form->Shell()->geometry()) && entrada[11] == 'm');
-                covered += form->Shell()->geometry();
+                const QRect place = form->Shell()->geometry();
+                EXPECT_TRUE(InSight(form->Shell()) && !covered.intersects(place)) << entrada;
+                EXPECT_EQ((place.*edge)(), 0);
+                covered += place;
             }
-            const QRect explorer = principal.Forms()[1]->Shell()->geometry();
-            EXPECT_TRUE(Area().contains(explorer.topRight())); // it is higher than the area
-            EXPECT_FALSE(covered.intersects(explorer) && entrada[11] == 'm') << entrada;
+            EXPECT_TRUE(Area().contains(explorer->geometry().topRight())); // it is too high
         }
     }
     Press("mnuherramientasventana");
@@ -331,7 +311,7 @@ TEST_F(MDIForm1Test, ASmallScreenLeavesEverythingInReach) {
     for (const QPushButton* boton : principal.ActiveForm()->findChildren<QPushButton*>())
         EXPECT_TRUE(InSight(boton)) << boton->text().toStdString();
     Press("mnuherramientascolores");
-    EXPECT_TRUE(InSight(principal.ActiveForm()->Shell()));
+    EXPECT_TRUE(InSight(principal.ActiveForm()->Shell())); // which is under that one
 }
 
 TEST_F(MDIForm1Test, SalirAsksOnceAndEndsWithoutClosing) {
