@@ -4,6 +4,7 @@
 #include "platform/Program.h"
 #include "shell/Cuadro.h"
 #include "shell/Dibujos.h"
+#include "shell/Form3.h"
 #include "shell/MDIForm1.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"
@@ -12,6 +13,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
+#include <QSet>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -146,6 +148,21 @@ TEST_F(Form0Test, ThePicturesShowTheirThings) {
                      : QRect();
     EXPECT_TRUE(QRect(32, 190, 380, 65).contains(title.boundingRect()));
     EXPECT_GT(title.boundingRect().width(), 200);
+    shell::Form0 splash;
+    shell::Form3 about(nullptr);
+    EXPECT_TRUE(about.windowFlags().testFlag(Qt::Dialog));
+    EXPECT_TRUE(about.IsFixedSize() && splash.windowFlags().testFlag(Qt::FramelessWindowHint));
+    for (const auto& [form, name] : {std::pair<QWidget*, QString>(&splash, u"Image1"_s),
+                                     {&splash, u"Image2"_s},
+                                     {&about, u"Image1"_s},
+                                     {&about, u"Image2"_s},
+                                     {&about, u"Image3"_s}}) {
+        const QImage image = form->findChild<QWidget*>(name)->grab().toImage();
+        QSet<QRgb> colors;
+        for (int i = 0; i < image.width() * image.height(); ++i)
+            colors.insert(image.pixel(i % image.width(), i / image.width()));
+        EXPECT_GT(colors.size(), 20) << name.toStdString(); // soft edges
+    }
     EXPECT_EQ(shell::Icono().availableSizes(),
               QList<QSize>({{16, 16}, {32, 32}, {48, 48}, {128, 128}}));
 }
