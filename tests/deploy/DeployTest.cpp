@@ -62,8 +62,6 @@ TEST_F(DeployTest, WithoutATempFileThereIsNoRunButDocumentsOpen) {
     Press("ejecutar_lua");
     EXPECT_TRUE(dialogs.messages[0].text.contains(u"temp.lua"_s));
     EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Error);
-    QTest::qWait(300);
-    EXPECT_FALSE(fs::exists(home.Root() / "visto.new") || fs::exists(home.Root() / "visto"));
 }
 
 TEST_F(DeployTest, CompilarWritesTheTextAndSaysSo) {

@@ -29,6 +29,15 @@ protected:
             },
             cancel);
     }
+    // The text of the failure in which the work ends.
+    static QString Told(const std::function<void()>& work) {
+        try {
+            work();
+        } catch (const Failure& failure) {
+            return failure.Text();
+        }
+        return {};
+    }
     int Entries() const {
         return static_cast<int>(std::distance(fs::directory_iterator(home.Root()), {}));
     }
@@ -82,24 +91,21 @@ TEST_F(CopyFileTest, WhatIsStoppedOrFailsLeavesNothingBehind) {
     cancel = 0;
     stopAt = -1;
     const auto failure = [&](const QString& from, const QString& to) {
-        try {
+        return Told([&] {
             CopyFileExA(
                 from, to, [](qint64, qint64) {}, cancel);
-        } catch (const Failure& f) {
-            return f.Text();
-        }
-        return QString();
+        });
     };
     const QString source = u"No se puede copiar el archivo \"%1\": %2."_s;
     const QString target = u"No se puede guardar el archivo \"%1\": %2."_s;
     const QString memory = u"Z:\\proc\\self\\mem"_s; // can be opened, but not read
-    EXPECT_EQ(failure(u"C:\\no"_s, u"C:\\b"_s), source.arg(u"C:\\no"_s, u"no existe"_s));
-    EXPECT_EQ(failure(u"C:\\"_s, u"C:\\b"_s), source.arg(u"C:\\"_s, u"es una carpeta"_s));
+    const QString folder = u"C:\\carpeta"_s;
+    const QString nowhere = u"C:\\no\\b"_s;
+    EXPECT_EQ(failure(nowhere, u"C:\\b"_s), source.arg(nowhere, u"no existe"_s));
+    EXPECT_EQ(failure(folder, u"C:\\b"_s), source.arg(folder, u"es una carpeta"_s));
     EXPECT_EQ(failure(memory, u"C:\\b"_s), source.arg(memory, u"el disco no responde bien"_s));
-    EXPECT_EQ(failure(u"C:\\a"_s, u"C:\\no\\b"_s),
-              target.arg(u"C:\\no\\b"_s, u"la carpeta no existe"_s));
-    EXPECT_EQ(failure(u"C:\\a"_s, u"C:\\carpeta"_s),
-              target.arg(u"C:\\carpeta"_s, u"es una carpeta"_s));
+    EXPECT_EQ(failure(u"C:\\a"_s, nowhere), target.arg(nowhere, u"la carpeta no existe"_s));
+    EXPECT_EQ(failure(u"C:\\a"_s, folder), target.arg(folder, u"es una carpeta"_s));
     EXPECT_THROW(Copy(QString()), Failure);
     EXPECT_EQ(home.Get("b"), "old");
     EXPECT_EQ(Entries(), entries);
@@ -122,11 +128,6 @@ TEST_F(CopyFileTest, AFolderGoesWithAllItHoldsButNoLinkIsFollowed) {
     EXPECT_EQ(home.Get("ajeno/mío"), "x");
     fso.CreateFolder(u"C:\\p"_s);
     EXPECT_THROW(fso.CreateFolder(u"C:\\p"_s), Failure);
-    try {
-        fso.CreateFolder(u"C:\\no\\hay"_s);
-        ADD_FAILURE();
-    } catch (const Failure& f) {
-        EXPECT_EQ(f.Text(),
-                  u"No se puede crear la carpeta \"C:\\no\\hay\": falta la carpeta de encima."_s);
-    }
+    EXPECT_EQ(Told([&] { fso.CreateFolder(u"C:\\no\\hay"_s); }),
+              u"No se puede crear la carpeta \"C:\\no\\hay\": falta la carpeta de encima."_s);
 }

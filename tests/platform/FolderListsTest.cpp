@@ -91,4 +91,13 @@ TEST(DriveListBox, TellsOnlyAnotherDrive) {
     EXPECT_EQ(changes.count(), 0);
     drives.Drive(u"C:"_s);
     EXPECT_EQ(changes.count(), 1);
+    for (const char* there : {"F=/tmp", "G=/"}) {
+        qputenv("QUILLMARK_DRIVES", there);
+        ResetCurrentDrives();
+        drives.Refresh();
+        EXPECT_EQ(drives.Drive(), changes.count() == 1 ? u"C:"_s : QString());
+        drives.Drive(u"F:"_s);
+    }
+    EXPECT_EQ(changes.count(), 3);
+    qputenv("QUILLMARK_DRIVES", "");
 }
