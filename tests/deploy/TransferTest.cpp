@@ -258,7 +258,7 @@ TEST_F(TransferTest, TheWindowStaysWhileFilesAreCopied) {
     EXPECT_TRUE(Tree().contains(u"EBOOT.PBP"_s));
     EXPECT_EQ(principal.ActiveForm(), script); // typing goes on there
     EXPECT_EQ(Find<QLabel>("aviso")->text(), QString());
-    Click("KewlButtons2");
+    QTest::keyClick(window, Qt::Key_Escape); // presses "&Cerrar"
     EXPECT_EQ(principal.Forms().size(), 1U);
 }
 

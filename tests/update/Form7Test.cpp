@@ -49,6 +49,7 @@ TEST_F(Form7Test, WaitsIdleUntilItTellsEachStepAndCountsTheSeconds) {
         EXPECT_TRUE(form.IsFixedSize());
         EXPECT_EQ(form.findChild<QLabel*>(u"Label1"_s)->text(), u"Buscando actualizaciones"_s);
         EXPECT_EQ(bar->Value(), 0);
+        EXPECT_EQ(compartido.segundos, 0);
         EXPECT_EQ(timers[0]->interval(), 1);
         EXPECT_TRUE(QTest::qWaitFor([&] { return panels[0]->text() == u"Status: Idle"_s; }));
         EXPECT_FALSE(timers[1]->isActive() || timers[2]->isActive());
