@@ -25,8 +25,8 @@ protected:
 
 } // namespace
 
-TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
-    RegisterPlayer();
+TEST_F(DeployTest, ATestRunHandsTheTextToThePlayerOnAFreshMachine) {
+    PutPlayer();
     Press("mnuarchivonuevo");
     EXPECT_EQ(Temporal(), "\r\n");
     Open("a\xF1o\n");
@@ -55,7 +55,7 @@ TEST_F(DeployTest, ATestRunHandsTheTextToTheRegisteredPlayer) {
 
 TEST_F(DeployTest, WithoutATempFileThereIsNoRunButDocumentsOpen) {
     fs::create_directories(home.Root() / "programa/temp.lua");
-    RegisterPlayer();
+    PutPlayer();
     Press("mnuarchivonuevo");
     ASSERT_TRUE(Active());
     dialogs.Expect(u"es una carpeta"_s, Answer::Ok);

@@ -185,7 +185,7 @@ TEST_F(MDIForm1Test, ToolWindowsInFrontLeaveRunAndPrintTheLastScript) {
     EXPECT_EQ(home.Get("c.lua"), "-dos");
     last->flagGuardar = false;
     last->Unload();
-    RegisterPlayer();
+    PutPlayer();
     Press("ejecutar_lua");
     EXPECT_TRUE(QTest::qWaitFor([&] { return home.Get("visto") == "uno\r\n"; }));
 

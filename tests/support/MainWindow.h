@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/Program.h"
-#include "platform/Registry.h"
 #include "shell/MDIForm1.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"
@@ -52,8 +51,9 @@ protected:
         Press("mnuarchivoabrir");
         return Active();
     }
-    // A player that copies the script to "visto", registered for .lua.
-    void RegisterPlayer() {
+    // A player that copies the script to "visto", in the place of the one that comes with the
+    // program.
+    void PutPlayer() {
         home.Put("programa/QM/luaplayer", "#!/bin/sh\n"
                                           "echo $QUILLMARK_SCRIPT_FOLDER $QUILLMARK_SCRIPT_NAME"
                                           " >\"$HOME/entorno\"\n"
@@ -61,11 +61,6 @@ protected:
                                           "mv \"$HOME/visto.new\" \"$HOME/visto\"\n");
         std::filesystem::permissions(home.Root() / "programa/QM/luaplayer",
                                      std::filesystem::perms::owner_all);
-        platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, QStringLiteral(".lua"),
-                               QStringLiteral("c"));
-        platform::RegSetValueA(platform::HKEY_CLASSES_ROOT,
-                               QStringLiteral("c\\shell\\open\\command"),
-                               QStringLiteral("C:\\programa\\QM\\luaplayer.exe %1"));
     }
     QString Text() { return Active()->txtFile().Text(); }
     // Whether a window stands in the middle, as sizes are told, to a pixel.
