@@ -26,8 +26,9 @@ int Print(lua_State* L, Player& player) {
     for (int i = 1; i <= count; ++i) {
         size_t size = 0;
         const char* const text = lua_tolstring(L, i, &size);
-        line.append(text, size).append(i < count ? "\t" : "\n");
+        line.append(i > 1 ? "\t" : "").append(text, size);
     }
+    line += '\n';
     player.stage.Print(line);
     return 0;
 }
