@@ -46,12 +46,16 @@ void Stage::Show(const std::vector<std::uint32_t>& pixels) {
     CountFrames(flips_, 1);
 }
 
+// The first whole nanosecond of the frame, so that the next question finds it begun.
+std::chrono::nanoseconds Stage::EndOfFrames(std::chrono::nanoseconds since, int count) {
+    constexpr std::int64_t kSecond = 1'000'000'000;
+    const std::int64_t frame = since.count() * kFramesPerSecond / kSecond + count;
+    return std::chrono::nanoseconds(frame * kSecond / kFramesPerSecond + 1);
+}
+
 void Stage::WaitFrames(int count) {
-    if (!hurry_) {
-        const std::chrono::duration<double> since = Clock::now() - start_;
-        const auto frame = static_cast<std::int64_t>(since.count() * kFramesPerSecond) + count;
-        WaitUntil(start_ + std::chrono::nanoseconds(frame * 1'000'000'000 / kFramesPerSecond + 1));
-    }
+    if (!hurry_)
+        WaitUntil(start_ + EndOfFrames(Clock::now() - start_, count));
     CountFrames(waits_, count);
 }
 

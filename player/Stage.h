@@ -31,6 +31,8 @@ public:
     /// The script's side.
     void Show(const std::vector<std::uint32_t>& pixels);
     void WaitFrames(int count);
+    /// How long after the start so many frames more have begun, with `since` gone by.
+    static std::chrono::nanoseconds EndOfFrames(std::chrono::nanoseconds since, int count);
     void Print(const std::string& text);
     /// The buttons held, and those pressed since the last time, however short.
     Buttons TakeButtons() { return held_ | pressed_.exchange(0); }

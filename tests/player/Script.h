@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 namespace player {
 
@@ -37,14 +39,21 @@ protected:
         options.folder = folder;
         Player player(options);
         player.powerFolder = around / "power";
+        if (prepare)
+            prepare(player);
         const auto failure = LuaHost(player).Run(source, "prueba.lua");
         exitCode = player.exitCode;
+        lines = player.stage.Lines();
+        traceback = failure ? failure->traceback : "";
         return failure ? failure->message : "";
     }
 
     std::filesystem::path around;
     std::filesystem::path folder;
+    std::function<void(Player&)> prepare; // before the script runs
     int exitCode = 0;
+    std::deque<std::string> lines; // that it printed
+    std::string traceback;
 };
 
 } // namespace player

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Screen.h"
+
+#include "Encoding.h"
+#include "Overlay.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace player {
+namespace {
+
+constexpr Pixel kSky = 0xFF4080C0;
+
+// A picture of the script's with what the player draws over it.
+Picture Sky(const std::function<void(Picture&)>& over) {
+    Picture picture(kWidth, kHeight, true);
+    picture.Clear(kSky);
+    picture.Set(100, 50, kBlack);
+    over(picture);
+    return picture;
+}
+
+SDL_Event Key(Uint32 type, SDL_Keycode key) {
+    SDL_Event event{};
+    event.type = type;
+    event.key.keysym.sym = key;
+    return event;
+}
+
+// The player's window, without a display.
+class ScreenTest : public ::testing::Test {
+protected:
+    ScreenTest() { stage.Show(sky.pixels); }
+
+    static Options Named() {
+        setenv("SDL_VIDEODRIVER", "dummy", 1);
+        Options options;
+        options.name = "año.lua";
+        return options;
+    }
+    static void Type(SDL_Keycode key) {
+        for (const Uint32 type : {SDL_KEYDOWN, SDL_KEYUP}) {
+            SDL_Event event = Key(type, key);
+            SDL_PushEvent(&event);
+        }
+    }
+    // The window runs and is closed, again and again, until it shows the picture.
+    bool Shows(const Picture& picture, int scale = 1) {
+        for (int i = 0; i < 100 && !IsShown(picture, scale); ++i) {
+            std::thread user([] {
+                SDL_Event close{SDL_QUIT};
+                SDL_PushEvent(&close);
+            });
+            screen.Run();
+            user.join();
+        }
+        return IsShown(picture, scale);
+    }
+    bool IsShown(const Picture& picture, int scale) {
+        const SDL_Surface* const surface = SDL_GetWindowSurface(window);
+        bool same = surface->w == kWidth * scale && surface->h == kHeight * scale;
+        for (int i = 0; same && i < surface->w * surface->h; ++i) {
+            const Pixel shown = static_cast<const Pixel*>(surface->pixels)[i] | kOpaque;
+            same = shown == picture.At(i % surface->w / scale, i / surface->w / scale);
+        }
+        return same;
+    }
+
+    const Session session{(Named(), false)};
+    Stage stage;
+    Screen screen{Named(), stage};
+    SDL_Window* window = SDL_GetWindowFromID(1);
+    CellFont font;
+    const Picture sky = Sky([](Picture&) {});
+};
+
+TEST_F(ScreenTest, ShowsThePictureInFourSizesAndWhatIsPrinted) {
+    EXPECT_STREQ(SDL_GetWindowTitle(window), "año.lua - luaplayer");
+    for (const int scale : {1, 2, 3, 4, 1}) {
+        EXPECT_TRUE(Shows(sky, scale)) << scale;
+        Type(SDLK_F2);
+    }
+    for (int i = 0; i < 3; ++i)
+        Type(SDLK_F2); // back to one
+    Type(SDLK_F1);
+    for (const char* more : {"uno\n", "dos\n"}) {
+        stage.Print(more);
+        EXPECT_TRUE(Shows(Sky([&](Picture& p) { DrawConsole(p, font, stage.Lines()); })));
+    }
+    Type(SDLK_F1);
+    EXPECT_TRUE(Shows(sky));
+    Type(SDLK_F1);
+    Type(SDLK_ESCAPE);
+    const Failure failure{"a.lua:1: x", ""};
+    screen.ShowFailure(failure); // the panel stands over the console
+    Type(SDLK_F1);
+    EXPECT_TRUE(Shows(Sky([&](Picture& p) { DrawPanel(p, font, failure); })));
+}
+
+TEST_F(ScreenTest, TheScriptSeesEachPressAndEnds) {
+    Type(SDLK_x);
+    Type(SDLK_ESCAPE);
+    screen.Run();
+    EXPECT_TRUE(stage.Stopping());
+    EXPECT_EQ(stage.TakeButtons(), 1U << 6); // though it is over
+    EXPECT_EQ(stage.TakeButtons(), 0U);
+    stage.Finish();
+    Type(SDLK_s);
+    screen.Run(); // doesn't wait for anybody
+    EXPECT_EQ(stage.TakeButtons(), 0U);
+}
+
+TEST_F(ScreenTest, KeysAndGamePadsHoldTheButtons) {
+    Pad pad;
+    const SDL_Keycode keys[] = {SDLK_UP,        SDLK_DOWN,   SDLK_RIGHT, SDLK_LEFT, SDLK_q,
+                                SDLK_w,         SDLK_x,      SDLK_s,     SDLK_z,    SDLK_a,
+                                SDLK_BACKSPACE, SDLK_RETURN, SDLK_HOME,  SDLK_h,    SDLK_n};
+    Buttons all = 0;
+    for (std::size_t i = 0; i < std::size(keys); ++i) {
+        pad.Handle(Key(SDL_KEYDOWN, keys[i]));
+        EXPECT_EQ(pad.Held(), all |= 1U << i);
+    }
+    pad.Handle(Key(SDL_KEYUP, SDLK_UP));
+    EXPECT_EQ(pad.Held(), all & ~1U);
+    SDL_Event away{SDL_WINDOWEVENT};
+    away.window.event = SDL_WINDOWEVENT_FOCUS_LOST;
+    pad.Handle(away);
+    EXPECT_EQ(pad.Held(), 0U);
+    pad.Handle(Key(SDL_KEYDOWN, SDLK_KP_ENTER));
+    EXPECT_EQ(pad.Held(), 1U << 11);
+    pad.Handle(Key(SDL_KEYUP, SDLK_KP_ENTER));
+
+    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+    const int index = SDL_JoystickAttachVirtual(
+        SDL_JOYSTICK_TYPE_GAMECONTROLLER, SDL_CONTROLLER_AXIS_MAX, SDL_CONTROLLER_BUTTON_MAX, 0);
+    ASSERT_GE(index, 0) << SDL_GetError();
+    SDL_Joystick* const stick = SDL_JoystickOpen(index);
+    SDL_Event event;
+    while (SDL_PollEvent(&event) != 0)
+        pad.Handle(event);
+    const auto held = [&] {
+        SDL_GameControllerUpdate();
+        return pad.Held();
+    };
+    for (std::size_t i = 0; i < AllButtons().size(); ++i) {
+        const int button = AllButtons()[i].pad;
+        SDL_JoystickSetVirtualButton(stick, button, 1);
+        EXPECT_EQ(held(), 1U << i);
+        SDL_JoystickSetVirtualButton(stick, button, 0);
+    }
+    const std::tuple<int, Sint16, Buttons> pushes[] = {
+        {SDL_CONTROLLER_AXIS_LEFTY, -20000, 1}, {SDL_CONTROLLER_AXIS_LEFTY, 20000, 2},
+        {SDL_CONTROLLER_AXIS_LEFTX, 20000, 4},  {SDL_CONTROLLER_AXIS_LEFTX, -20000, 8},
+        {SDL_CONTROLLER_AXIS_LEFTX, 12000, 0},  {SDL_CONTROLLER_AXIS_RIGHTX, 20000, 0}};
+    for (const auto& [axis, value, buttons] : pushes) {
+        SDL_JoystickSetVirtualAxis(stick, axis, value);
+        EXPECT_EQ(held(), buttons) << axis << ' ' << value;
+        SDL_JoystickSetVirtualAxis(stick, axis, 0);
+    }
+    SDL_JoystickClose(stick);
+    SDL_JoystickDetachVirtual(index);
+}
+
+TEST(Overlay, TellsTheScriptsErrorAndWhatItPrinted) {
+    struct Written {
+        int y;
+        std::string text;
+        Pixel color;
+    };
+    struct Case {
+        Failure failure;
+        std::vector<Written> written;
+    };
+    constexpr Pixel kWhite = 0xFFFFFFFF, kGrey = 0xFFC0C0C8, kYellow = 0xFFFFE060;
+    const std::string row(58, '\xF1'); // as wide as it goes
+    const std::string many = "x\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx";
+    const Case cases[] = {
+        {{"juego.lua:3: mal", "pila"},
+         {{24, "Archivo: juego.lua\nLínea: 3", kYellow}, {54, "mal", kWhite}, {72, "pila", kGrey}}},
+        {{"a:b:12: x: y", ""}, {{24, "Archivo: a:b\nLínea: 12", kYellow}, {54, "x: y", kWhite}}},
+        {{"a:1:x a:: y", ""}, {{24, "a:1:x a:: y", kWhite}}},
+        {{row + row + "\na\tb", ""}, {{24, row + '\n' + row + "\na b", kWhite}}},
+        {{"m", many + '\n' + many}, {{24, "m", kWhite}, {42, many, kGrey}}}};
+    CellFont font;
+    for (const auto& [failure, written] : cases) {
+        const Picture panel = Sky([&](Picture& p) {
+            p.Fill({0, 0, kWidth, kHeight}, 0xF0202028);
+            p.Fill({0, 0, kWidth, 18}, 0xFFB02020);
+            p.Fill({0, 254, kWidth, 18}, 0xFFB02020);
+            font.Draw(p, 8, 3, "Error en el script", kWhite);
+            font.Draw(p, 8, 257, "Escape: cerrar", kWhite);
+            for (const Written& w : written)
+                font.Draw(p, 8, w.y, w.text, w.color);
+        });
+        const Picture drawn = Sky([&](Picture& p) { DrawPanel(p, font, failure); });
+        EXPECT_TRUE(drawn.pixels == panel.pixels) << failure.message;
+    }
+    for (const auto& [lines, y, text] :
+         {std::tuple(std::deque<std::string>{"uno", row + "dos"}, 228, "uno\n" + row + "\ndos"),
+          {std::deque<std::string>(40, "x"), 0, many + "\nx\nx\nx\nx\nx"}}) {
+        const Picture drawn = Sky([&](Picture& p) { DrawConsole(p, font, lines); });
+        const Picture console = Sky([&](Picture& p) {
+            p.Fill({0, 0, kWidth, kHeight}, 0xB0000000);
+            font.Draw(p, 8, y, text, kWhite);
+        });
+        EXPECT_TRUE(drawn.pixels == console.pixels) << text;
+    }
+}
+
+TEST(Encoding, TextsAreUtf8OrElseWindows1252) {
+    const std::pair<std::string, std::u32string> texts[] = {
+        {"a\xC2\x80\xDF\xBF", U"a\x80\u07FF"},
+        {"\xE0\xA0\x80\xEF\xBF\xBF", U"\u0800\uFFFF"},
+        {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", U"\U00010000\U0010FFFF"},
+        {"\xC1\xBF", U"\u00C1\u00BF"}, // longer than need be
+        {"\xE0\x9F\xBF", U"\u00E0\u0178\u00BF"},
+        {"\xED\xA0\x80", U"\u00ED\u00A0\u20AC"}, // half a character
+        {"\xF4\x90\x80\x80", U"\u00F4\uFFFD\u20AC\u20AC"},
+        {"ma\xC3", U"ma\u00C3"},
+        {"\xE1\x84 \xBF", U"\u00E1\u201E \u00BF"},
+        {"\x80\x81\x9F\xA0\xFF\n", U"\u20AC\uFFFD\u0178\u00A0\u00FF\n"},
+    };
+    for (const auto& [bytes, characters] : texts) {
+        EXPECT_EQ(Decode(bytes), characters) << bytes;
+        EXPECT_EQ(Decode(ToUtf8(bytes)), characters) << bytes;
+    }
+    EXPECT_EQ(ToUtf8("\x7F\x80\xF1"), "\x7F\xE2\x82\xAC\xC3\xB1");
+}
+
+} // namespace
+} // namespace player
