@@ -6,25 +6,24 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <thread>
 
 namespace player {
 namespace {
 
-constexpr Pixel kSky = 0xFF4080C0;
-
 // A picture of the script's with what the player draws over it.
-Picture Sky(const std::function<void(Picture&)>& over) {
+template<class Draw>
+Picture Sky(Draw over) {
     Picture picture(kWidth, kHeight, true);
-    picture.Clear(kSky);
+    picture.Clear(0xFF4080C0);
     picture.Set(100, 50, kBlack);
     over(picture);
     return picture;
 }
 
 SDL_Event Key(Uint32 type, SDL_Keycode key) {
-    SDL_Event event{};
-    event.type = type;
+    SDL_Event event{type};
     event.key.keysym.sym = key;
     return event;
 }
@@ -41,18 +40,14 @@ protected:
         return options;
     }
     static void Type(SDL_Keycode key) {
-        for (const Uint32 type : {SDL_KEYDOWN, SDL_KEYUP}) {
-            SDL_Event event = Key(type, key);
+        for (SDL_Event event : {Key(SDL_KEYDOWN, key), Key(SDL_KEYUP, key)})
             SDL_PushEvent(&event);
-        }
     }
     // The window runs and is closed, again and again, until it shows the picture.
     bool Shows(const Picture& picture, int scale = 1) {
         for (int i = 0; i < 100 && !IsShown(picture, scale); ++i) {
-            std::thread user([] {
-                SDL_Event close{SDL_QUIT};
-                SDL_PushEvent(&close);
-            });
+            SDL_Event close{SDL_QUIT};
+            std::thread user([&] { SDL_PushEvent(&close); });
             screen.Run();
             user.join();
         }
@@ -82,9 +77,8 @@ TEST_F(ScreenTest, ShowsThePictureInFourSizesAndWhatIsPrinted) {
         EXPECT_TRUE(Shows(sky, scale)) << scale;
         Type(SDLK_F2);
     }
-    for (int i = 0; i < 3; ++i)
-        Type(SDLK_F2); // back to one
-    Type(SDLK_F1);
+    for (const SDL_Keycode key : {SDLK_F2, SDLK_F2, SDLK_F2, SDLK_F1})
+        Type(key);
     for (const char* more : {"uno\n", "dos\n"}) {
         stage.Print(more);
         EXPECT_TRUE(Shows(Sky([&](Picture& p) { DrawConsole(p, font, stage.Lines()); })));
@@ -105,50 +99,36 @@ TEST_F(ScreenTest, TheScriptSeesEachPressAndEnds) {
     screen.Run();
     EXPECT_TRUE(stage.Stopping());
     EXPECT_EQ(stage.TakeButtons(), 1U << 6); // though it is over
-    EXPECT_EQ(stage.TakeButtons(), 0U);
     stage.Finish();
-    Type(SDLK_s);
     screen.Run(); // doesn't wait for anybody
-    EXPECT_EQ(stage.TakeButtons(), 0U);
 }
 
 TEST_F(ScreenTest, KeysAndGamePadsHoldTheButtons) {
-    Pad pad;
-    const SDL_Keycode keys[] = {SDLK_UP,        SDLK_DOWN,   SDLK_RIGHT, SDLK_LEFT, SDLK_q,
-                                SDLK_w,         SDLK_x,      SDLK_s,     SDLK_z,    SDLK_a,
-                                SDLK_BACKSPACE, SDLK_RETURN, SDLK_HOME,  SDLK_h,    SDLK_n};
-    Buttons all = 0;
-    for (std::size_t i = 0; i < std::size(keys); ++i) {
-        pad.Handle(Key(SDL_KEYDOWN, keys[i]));
-        EXPECT_EQ(pad.Held(), all |= 1U << i);
-    }
-    pad.Handle(Key(SDL_KEYUP, SDLK_UP));
-    EXPECT_EQ(pad.Held(), all & ~1U);
-    SDL_Event away{SDL_WINDOWEVENT};
-    away.window.event = SDL_WINDOWEVENT_FOCUS_LOST;
-    pad.Handle(away);
-    EXPECT_EQ(pad.Held(), 0U);
-    pad.Handle(Key(SDL_KEYDOWN, SDLK_KP_ENTER));
-    EXPECT_EQ(pad.Held(), 1U << 11);
-    pad.Handle(Key(SDL_KEYUP, SDLK_KP_ENTER));
-
     SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
     const int index = SDL_JoystickAttachVirtual(
         SDL_JOYSTICK_TYPE_GAMECONTROLLER, SDL_CONTROLLER_AXIS_MAX, SDL_CONTROLLER_BUTTON_MAX, 0);
-    ASSERT_GE(index, 0) << SDL_GetError();
     SDL_Joystick* const stick = SDL_JoystickOpen(index);
+    Pad pad;
     SDL_Event event;
     while (SDL_PollEvent(&event) != 0)
         pad.Handle(event);
-    const auto held = [&] {
-        SDL_GameControllerUpdate();
-        return pad.Held();
-    };
-    for (std::size_t i = 0; i < AllButtons().size(); ++i) {
-        const int button = AllButtons()[i].pad;
-        SDL_JoystickSetVirtualButton(stick, button, 1);
-        EXPECT_EQ(held(), 1U << i);
-        SDL_JoystickSetVirtualButton(stick, button, 0);
+    const SDL_Keycode keys[] = {SDLK_UP,        SDLK_DOWN,   SDLK_RIGHT, SDLK_LEFT, SDLK_q,
+                                SDLK_w,         SDLK_x,      SDLK_s,     SDLK_z,    SDLK_a,
+                                SDLK_BACKSPACE, SDLK_RETURN, SDLK_HOME,  SDLK_h,    SDLK_n};
+    for (std::size_t i = 0; i < std::size(keys); ++i) {
+        for (const Uint8 down : {1, 0}) {
+            SDL_JoystickSetVirtualButton(stick, AllButtons()[i].pad, down);
+            SDL_GameControllerUpdate();
+            EXPECT_EQ(pad.Held(), down ? 1U << i : 0U) << i;
+        }
+        pad.Handle(Key(SDL_KEYDOWN, SDLK_KP_ENTER));
+        pad.Handle(Key(SDL_KEYDOWN, keys[i]));
+        EXPECT_EQ(pad.Held(), 1U << 11 | 1U << i);
+        pad.Handle(Key(SDL_KEYUP, keys[i]));
+        EXPECT_EQ(pad.Held(), i == 11 ? 0U : 1U << 11);
+        event = {SDL_WINDOWEVENT};
+        event.window.event = SDL_WINDOWEVENT_FOCUS_LOST;
+        pad.Handle(event);
     }
     const std::tuple<int, Sint16, Buttons> pushes[] = {
         {SDL_CONTROLLER_AXIS_LEFTY, -20000, 1}, {SDL_CONTROLLER_AXIS_LEFTY, 20000, 2},
@@ -156,7 +136,8 @@ TEST_F(ScreenTest, KeysAndGamePadsHoldTheButtons) {
         {SDL_CONTROLLER_AXIS_LEFTX, 12000, 0},  {SDL_CONTROLLER_AXIS_RIGHTX, 20000, 0}};
     for (const auto& [axis, value, buttons] : pushes) {
         SDL_JoystickSetVirtualAxis(stick, axis, value);
-        EXPECT_EQ(held(), buttons) << axis << ' ' << value;
+        SDL_GameControllerUpdate();
+        EXPECT_EQ(pad.Held(), buttons) << axis << ' ' << value;
         SDL_JoystickSetVirtualAxis(stick, axis, 0);
     }
     SDL_JoystickClose(stick);
@@ -164,35 +145,27 @@ TEST_F(ScreenTest, KeysAndGamePadsHoldTheButtons) {
 }
 
 TEST(Overlay, TellsTheScriptsErrorAndWhatItPrinted) {
-    struct Written {
-        int y;
-        std::string text;
-        Pixel color;
-    };
-    struct Case {
-        Failure failure;
-        std::vector<Written> written;
-    };
     constexpr Pixel kWhite = 0xFFFFFFFF, kGrey = 0xFFC0C0C8, kYellow = 0xFFFFE060;
     const std::string row(58, '\xF1'); // as wide as it goes
     const std::string many = "x\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx";
-    const Case cases[] = {
-        {{"juego.lua:3: mal", "pila"},
-         {{24, "Archivo: juego.lua\nLínea: 3", kYellow}, {54, "mal", kWhite}, {72, "pila", kGrey}}},
-        {{"a:b:12: x: y", ""}, {{24, "Archivo: a:b\nLínea: 12", kYellow}, {54, "x: y", kWhite}}},
-        {{"a:1:x a:: y", ""}, {{24, "a:1:x a:: y", kWhite}}},
-        {{row + row + "\na\tb", ""}, {{24, row + '\n' + row + "\na b", kWhite}}},
-        {{"m", many + '\n' + many}, {{24, "m", kWhite}, {42, many, kGrey}}}};
+    const std::tuple<Failure, std::string, int, std::string> panels[] = {
+        {{"juego.lua:3: mal", "pila"}, "Archivo: juego.lua\nLínea: 3", 54, "mal"},
+        {{"a:b:12: x: y", ""}, "Archivo: a:b\nLínea: 12", 54, "x: y"},
+        {{"a:1:x a:: y", "pila"}, "", 24, "a:1:x a:: y"},
+        {{row + row + "\na\tb", ""}, "", 24, row + '\n' + row + "\na b"},
+        {{"m", many + '\n' + many}, "", 24, "m"}};
     CellFont font;
-    for (const auto& [failure, written] : cases) {
+    for (const auto& [failure, place, y, text] : panels) {
+        const auto last = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
         const Picture panel = Sky([&](Picture& p) {
             p.Fill({0, 0, kWidth, kHeight}, 0xF0202028);
             p.Fill({0, 0, kWidth, 18}, 0xFFB02020);
             p.Fill({0, 254, kWidth, 18}, 0xFFB02020);
             font.Draw(p, 8, 3, "Error en el script", kWhite);
             font.Draw(p, 8, 257, "Escape: cerrar", kWhite);
-            for (const Written& w : written)
-                font.Draw(p, 8, w.y, w.text, w.color);
+            font.Draw(p, 8, 24, place, kYellow);
+            font.Draw(p, 8, y, text, kWhite);
+            font.Draw(p, 8, y + 12 * last + 18, failure.traceback.substr(0, many.size()), kGrey);
         });
         const Picture drawn = Sky([&](Picture& p) { DrawPanel(p, font, failure); });
         EXPECT_TRUE(drawn.pixels == panel.pixels) << failure.message;
@@ -211,21 +184,17 @@ TEST(Overlay, TellsTheScriptsErrorAndWhatItPrinted) {
 
 TEST(Encoding, TextsAreUtf8OrElseWindows1252) {
     const std::pair<std::string, std::u32string> texts[] = {
-        {"a\xC2\x80\xDF\xBF", U"a\x80\u07FF"},
-        {"\xE0\xA0\x80\xEF\xBF\xBF", U"\u0800\uFFFF"},
+        {"a\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF", U"a\x80\u07FF\u0800\uFFFF"},
         {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", U"\U00010000\U0010FFFF"},
         {"\xC1\xBF", U"\u00C1\u00BF"}, // longer than need be
         {"\xE0\x9F\xBF", U"\u00E0\u0178\u00BF"},
         {"\xED\xA0\x80", U"\u00ED\u00A0\u20AC"}, // half a character
         {"\xF4\x90\x80\x80", U"\u00F4\uFFFD\u20AC\u20AC"},
         {"ma\xC3", U"ma\u00C3"},
-        {"\xE1\x84 \xBF", U"\u00E1\u201E \u00BF"},
-        {"\x80\x81\x9F\xA0\xFF\n", U"\u20AC\uFFFD\u0178\u00A0\u00FF\n"},
+        {"\xE1\x84 \xFF", U"\u00E1\u201E \u00FF"},
     };
-    for (const auto& [bytes, characters] : texts) {
-        EXPECT_EQ(Decode(bytes), characters) << bytes;
-        EXPECT_EQ(Decode(ToUtf8(bytes)), characters) << bytes;
-    }
+    for (const auto& [bytes, characters] : texts)
+        EXPECT_TRUE(Decode(bytes) == characters && Decode(ToUtf8(bytes)) == characters) << bytes;
     EXPECT_EQ(ToUtf8("\x7F\x80\xF1"), "\x7F\xE2\x82\xAC\xC3\xB1");
 }
 

@@ -75,11 +75,13 @@ TEST_F(SystemTest, SocketsTalkWithoutWaiting) {
         assert(Wlan.getIPAddress():find("^%d+%.%d+%.%d+%.%d+$"))
         local port, server = 45000
         repeat port = port + 1 server = Socket:createServerSocket(port) until server
-        assert(not Socket:createServerSocket(port) and server:accept() == nil)
+        local none, why = Socket:createServerSocket(port)
+        assert(not none and why == "puerto " .. port .. ": el puerto ya está en uso")
+        assert(server:accept() == nil and not server:isConnected())
         local a = Socket.connect("localhost", port)
         local b = soon("accept", function() a:isConnected() return server:accept() end)
         soon("connect", function() return a:isConnected() end)
-        assert(b:recv() == "" and a:send("hola\0\255") == 6)
+        assert(b:isConnected() == true and b:recv() == "" and a:send("hola\0\255") == 6)
         local text = ""
         soon("recv", function() text = text .. b:recv() return #text == 6 end)
         assert(text == "hola\0\255")
@@ -91,10 +93,13 @@ TEST_F(SystemTest, SocketsTalkWithoutWaiting) {
         assert(not b:isConnected() and not b:send("x"))
         local got = 0
         soon("rest", function() got = got + #a:recv() return got == sent end)
-        soon("end", function() return not a:isConnected() end)
+        local function said(socket, text)
+            soon(text, function() return select(2, socket:isConnected()) == text end)
+        end
+        said(a, "el otro lado cerró la conexión")
         server:close()
         local nobody = Socket.connect("127.0.0.1", port)
-        soon("reason", function() return select(2, nobody:isConnected()) end)
+        said(nobody, "nadie atiende en ese puerto")
         assert(not nobody:isConnected() and not pcall(nobody.send, nobody, {}))
 
         for _, bad in ipairs{{"", 80}, {"x", 0}, {"x", 65536}, {"x", 0/0}, {"x\0y", 80}, {}} do
