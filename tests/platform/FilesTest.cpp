@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Files.h"
+#include "platform/CopyFile.h"
 #include "platform/Failure.h"
 #include "platform/FileSystemObject.h"
 #include "support/TestHome.h"
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -38,6 +40,12 @@ protected:
     const QString a = u"C:\\a.lua"_s;
 };
 
+// What was asked of the disk, in order.
+QStringList& Asked() {
+    static QStringList asked;
+    return asked;
+}
+
 // No file of the process can grow above the size while this lives.
 class SizeLimit {
 public:
@@ -54,6 +62,44 @@ private:
 };
 
 } // namespace
+
+extern "C" int fsync(int file) {
+    struct stat status {};
+    ::fstat(file, &status);
+    Asked().append(S_ISDIR(status.st_mode) ? u"carpeta"_s : u"archivo"_s);
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
+
+extern "C" int rename(const char* from, const char* to) noexcept {
+    Asked().append(u"nombre"_s);
+    return static_cast<int>(::syscall(SYS_rename, from, to));
+}
+
+TEST_F(FilesTest, WhatIsDoneIsOnTheDisk) {
+    home.Put("b.lua", "x");
+    fs::create_hard_link(home.Root() / "b.lua", home.Root() / "c.lua");
+    int never = 0;
+    const std::pair<std::function<void()>, const char*> works[] = {
+        {[&] { WriteFile(a, "uno"); }, "archivo nombre carpeta"},
+        {[&] { WriteFile(a, "dos"); }, "archivo nombre carpeta"},
+        {[&] { ReplaceFile(a, "tres"); }, "archivo nombre carpeta"},
+        {[&] {
+             CopyFileExA(
+                 a, u"C:\\d.lua"_s, [](qint64, qint64) {}, never);
+         },
+         "archivo nombre carpeta"},
+        {[] { WriteFile(u"C:\\b.lua"_s, "y"); }, "archivo archivo"}, // two names: in place
+        {[] { FileSystemObject().CreateFolder(u"C:\\e"_s); }, "carpeta"},
+        {[] { FileSystemObject().DeleteFolder(u"C:\\e"_s); }, "carpeta"},
+    };
+    for (const auto& [work, asked] : works) {
+        Asked().clear();
+        work();
+        EXPECT_EQ(Asked().join(u' ').toStdString(), asked);
+    }
+    EXPECT_EQ(ReadFileHead(a, 2) + ReadFileHead(a, 9), "trtres");
+    EXPECT_GT(ReadFile(u"Z:\\proc\\self\\status"_s).size(), 100); // made as it is read
+}
 
 TEST_F(FilesTest, AReplacedFileStandsUntilTheNewOneIsWhole) {
     WriteFile(a, "viejo");

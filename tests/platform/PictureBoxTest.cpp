@@ -2,9 +2,12 @@
 #include "platform/PictureBox.h"
 #include "platform/Failure.h"
 
+#include <QSignalSpy>
+#include <QTest>
 #include <array>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace platform;
 
 namespace {
@@ -89,4 +92,40 @@ TEST_F(PictureBoxTest, SizesAreInTheUnitAsked) {
     EXPECT_EQ(box.Width(), 0);
     std::array<uint8_t, 4> bits{};
     EXPECT_FALSE(box.GetDIBits(0, 0, 1, 1, bits));
+}
+
+TEST_F(PictureBoxTest, MouseAndKeysMoveAndClick) {
+    box.Width(40 * 15);
+    box.Height(30 * 15);
+    QImage picture(4, 4, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    box.Picture(picture);
+    box.BorderStyle(platform::BorderStyle::Single);
+    box.show();
+    const QImage seen = box.grab().toImage();
+    EXPECT_EQ(seen.pixelColor(1, 1), Qt::green);
+    EXPECT_EQ(seen.pixelColor(4, 4), Qt::green);
+    EXPECT_EQ(seen.pixelColor(5, 4).rgb() & 0xFFFFFF, kBack);
+    QString told;
+    const auto note = [&](float x, float y) { told += u" %1,%2"_s.arg(x).arg(y); };
+    QObject::connect(&box, &PictureBox::MouseMove, &box, note);
+    QObject::connect(&box, &PictureBox::Click, &box, [&](float x, float y) {
+        told += u" clic"_s;
+        note(x, y);
+    });
+    box.PointAt(20, 40);
+    for (const auto& [key, modifier] : {std::pair(Qt::Key_Right, Qt::NoModifier),
+                                        {Qt::Key_Down, Qt::ShiftModifier},
+                                        {Qt::Key_Left, Qt::ShiftModifier},
+                                        {Qt::Key_Up, Qt::NoModifier},
+                                        {Qt::Key_Right, Qt::ShiftModifier},
+                                        {Qt::Key_Space, Qt::NoModifier}})
+        QTest::keyClick(&box, key, modifier);
+    QTest::mouseMove(&box, {7, 3});
+    QTest::mouseClick(&box, Qt::LeftButton, {}, {7, 3});
+    QTest::mouseClick(&box, Qt::RightButton, {}, {7, 3});
+    QTest::mousePress(&box, Qt::LeftButton, {}, {7, 3});
+    QTest::mouseRelease(&box, Qt::LeftButton, {}, {70, 3});
+    EXPECT_EQ(told.toStdString(), " 30,30 30,180 0,180 0,165 150,165 150,165 clic 150,165 90,30 "
+                                  "clic 90,30");
 }
