@@ -58,10 +58,10 @@ struct ColorRow {
     int standard;
 };
 
+constexpr std::ptrdiff_t kResettingRows = 2; // they reset all other styles, so they come first
 constexpr std::array kColorRows = {
     ColorRow{kWindowItem, Part::Paper, 0, 0xFFFFFF},
-    ColorRow{kTextItem, Part::Ink, 0, 0x000000},
-    ColorRow{kTextItem, Part::Ink, kTwin, 0x000000},
+    ColorRow{kTextItem, Part::Ink, QsciScintilla::STYLE_DEFAULT, 0x000000},
     ColorRow{kNumberItem, Part::Ink, kNumber, 0x000000},
     ColorRow{kKeywordItem, Part::Ink, kKeyword, 0xFF0000},
     ColorRow{kScopeKeywordItem, Part::Ink, kScopeKeyword, 0xFF0000},
@@ -262,11 +262,10 @@ void ScriptEditor::ApplyColors() {
             break;
         }
     };
-    // The paper and the default ink come first: they reset all other styles.
-    SetStyle(SCI_STYLESETFORE, STYLE_DEFAULT, 0);
-    paint(kColorRows.front());
+    const auto others = kColorRows.begin() + kResettingRows;
+    std::for_each(kColorRows.begin(), others, paint);
     SendScintilla(SCI_STYLECLEARALL);
-    std::for_each(kColorRows.begin() + 1, kColorRows.end(), paint);
+    std::for_each(others, kColorRows.end(), paint);
 }
 
 void ScriptEditor::SetFontName(const QString& name) {

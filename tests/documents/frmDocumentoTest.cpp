@@ -91,8 +91,11 @@ TEST_F(frmDocumentoTest, WritesAsItsOptionsAndFontSay) {
     QTest::keyClicks(engine, u"(y)"_s);
     EXPECT_EQ(documento->txtFile().Text(), u"\tx\r\n\t(y)"_s);
     EXPECT_EQ(engine->SendScintilla(QsciScintilla::SCI_STYLEGETSIZE, 0UL), 10);
-    EXPECT_EQ(engine->SendScintilla(QsciScintilla::SCI_TEXTWIDTH, 0UL, "iii"),
-              engine->SendScintilla(QsciScintilla::SCI_TEXTWIDTH, 0UL, "WWW"));
+    for (const QString& font : {u"Courier New"_s, u"sans-serif"_s}) { // none but of one width
+        documento->txtFile().FontName(font);
+        EXPECT_EQ(engine->SendScintilla(QsciScintilla::SCI_TEXTWIDTH, 0UL, "iii"),
+                  engine->SendScintilla(QsciScintilla::SCI_TEXTWIDTH, 0UL, "WWW"));
+    }
     EXPECT_GT(engine->marginWidth(1), 0);
     EXPECT_EQ(engine->braceMatching(), QsciScintilla::SloppyBraceMatch);
 }
