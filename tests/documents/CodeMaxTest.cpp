@@ -83,12 +83,16 @@ TEST_F(CodeMaxTest, AnEditKeepsEncodingAndLineEnds) {
     EXPECT_EQ(Through("\xF1", arrow), u"→ñ"_s.toUtf8());
 }
 
-TEST_F(CodeMaxTest, TypedLinesEndAsTheFileDoes) {
+TEST_F(CodeMaxTest, TypedLinesBeginAsTheLastAndEndAsTheFileDoes) {
+    control.SetOption(88, 1);
+    control.SetOption(5, true);
     for (const char* end : {"\n", "\r", "\r\n"}) {
         control.OpenFile(home.Put("a.lua", QByteArray("  x") + end + "y"));
         QTest::keyClick(Engine(), Qt::Key_End);
         QTest::keyClick(Engine(), Qt::Key_Return);
-        EXPECT_EQ(control.Text(), u"  x%1%1y"_s.arg(QLatin1String(end)));
+        EXPECT_EQ(control.Text(), u"  x%1  %1y"_s.arg(QLatin1String(end)));
+        QTest::keyClick(Engine(), Qt::Key_Tab);
+        EXPECT_EQ(control.Text(), u"  x%1\t%1y"_s.arg(QLatin1String(end)));
     }
 }
 
@@ -143,8 +147,8 @@ TEST_F(CodeMaxTest, WhatCannotBeOpenedChangesNothing) {
 }
 
 TEST_F(CodeMaxTest, LongLinesStayQuickAndKeepTheirText) {
-    control.SetOption(documents::kSyntaxColorOption, true);
-    control.SetOption(documents::kBraceMatchOption, true);
+    control.SetOption(6, true);
+    control.SetOption(0, true);
     auto* engine = control.findChild<QsciScintilla*>();
     // What the engine measures at once is one character, but for a pair of CR LF and its line.
     const auto quick = [&] {
@@ -216,7 +220,7 @@ TEST_F(CodeMaxTest, LeavesTheMenuItsKeys) {
 
 TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
     control.Text(u"local "_s + QString(40, QChar(0x2588)));
-    control.SetOption(documents::kSyntaxColorOption, true);
+    control.SetOption(6, true);
     control.FontName(u"Courier New"_s);
     control.FontSize(20);
     const auto colored = [&](QRgb color) {
@@ -230,15 +234,26 @@ TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
     EXPECT_GT(colored(0x0000FF), 0); // "local" in blue
     control.Text(u"goto x"_s);       // a name like any other
     EXPECT_EQ(colored(0x0000FF), 0);
-    control.SetOption(documents::kLineNumberOption, true);
-    control.SetOption(documents::kLeftMarginOption, true);
+    control.SetOption(87, true);
+    control.SetOption(75, true);
+    // Numbers, words, operators and comments have items of our own.
     using namespace documents;
-    const std::pair<ColorItem, QString> rows[] = {
-        {kWindowItem, {}},        {kLeftMarginItem, {}},     {kTextItem, u"H"_s},
-        {kNumberItem, u"1"_s},    {kKeywordItem, u"nil"_s},  {kScopeKeywordItem, u"if"_s},
-        {kOperatorItem, u"="_s},  {kCommentItem, u"--H"_s},  {kCommentItem, u"--[[H"_s},
-        {kStringItem, u"'H'"_s},  {kStringItem, u"\"H\""_s}, {kStringItem, u"[[H]]"_s},
-        {kStringItem, u"'H\n"_s}, {kLineNumberTextItem, {}}, {kLineNumberBackgroundItem, {}},
+    const std::pair<int, QString> rows[] = {
+        {0, {}},
+        {1, {}},
+        {kTextItem, u"H"_s},
+        {kNumberItem, u"1"_s},
+        {kKeywordItem, u"nil"_s},
+        {kScopeKeywordItem, u"if"_s},
+        {kOperatorItem, u"="_s},
+        {kCommentItem, u"--H"_s},
+        {kCommentItem, u"--[[H"_s},
+        {16, u"'H'"_s},
+        {16, u"\"H\""_s},
+        {16, u"[[H]]"_s},
+        {16, u"'H\n"_s},
+        {26, {}},
+        {27, {}},
     };
     for (const auto& [item, text] : rows) {
         control.Text(text);
@@ -248,7 +263,7 @@ TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
         control.SetColor(item, -1);
     }
     control.Text(u"local"_s);
-    control.SetOption(kSyntaxColorOption, false);
+    control.SetOption(6, false);
     EXPECT_EQ(colored(0x0000FF), 0);
 }
 
@@ -264,14 +279,14 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
         printer.setPageSize(QPageSize(QPageSize::A5));
         return true;
     });
-    control.PrintDoc(0, documents::kPageSetupFlags);
+    control.PrintDoc(0, 12);
     dialogs.ExpectPrinter([&](QPrinter& printer) {
         EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A5); // as it was set up
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(pdf);
         return true;
     });
-    control.PrintDoc(0, documents::kPrintFlags);
+    control.PrintDoc(0, 13);
     const QStringList pages = PdfText(pdf).split(u'\f', Qt::SkipEmptyParts);
     ASSERT_GE(pages.size(), 4);
     for (qsizetype i = 0; i < pages.size(); ++i) {
@@ -282,13 +297,13 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
         EXPECT_EQ(pages.join(QString()).count(u"línea %1."_s.arg(i)), 1) << i;
 
     dialogs.ExpectPrinter([](QPrinter&) { return false; });
-    control.PrintDoc(0, documents::kPrintFlags);
+    control.PrintDoc(0, 13);
     const auto print = [&](const QString& file) {
         dialogs.ExpectPrinter([file](QPrinter& printer) {
             printer.setOutputFileName(file);
             return true;
         });
-        control.PrintDoc(0, documents::kPrintFlags);
+        control.PrintDoc(0, 13);
     };
     EXPECT_THROW(print(u"/no/hay/x.pdf"_s), Failure);
     control.Text(QString());
