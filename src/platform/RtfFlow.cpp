@@ -74,7 +74,8 @@ void RtfFlow::EndParagraph(const RtfParagraph& look, const RtfCharacters& mark) 
 }
 
 void RtfFlow::BreakPage(const RtfParagraph& look, const RtfCharacters& mark) {
-    if (!m_blockEnded && !m_blockEmpty)
+    const bool started = !m_blockEnded && !m_blockEmpty;
+    if (started || m_pageBreak) // a page that holds nothing is one, too
         EndParagraph(look, mark);
     m_pageBreak = true;
 }

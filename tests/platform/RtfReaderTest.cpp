@@ -123,6 +123,9 @@ TEST(RtfReader, GivesParagraphsTheirLook) {
         EXPECT_TRUE(ParagraphOf(page).pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore)
             << page;
     EXPECT_EQ(ParagraphOf("a\\page b\\par c"), ParagraphOf("c"));
+    QTextDocument document; // with an empty page
+    ReadRtf("{\\rtf1 a\\page\\page b}", document);
+    EXPECT_EQ(document.toPlainText(), u"a\n\nb"_s);
 }
 
 TEST(RtfReader, SaysWhatIsWrongWithTheFile) {
