@@ -20,21 +20,18 @@ const Paleta kBajoElRaton{{0x12, 0x1C, 0x33}, {0xF3, 0xC9, 0x6B}, {0x2A, 0x95, 0
 
 using Pintar = void (*)(QPainter& painter, const Paleta& paleta);
 
-QIcon Dibujo(Pintar pintar) {
+QIcon Dibujo(Pintar pintar, const Paleta& paleta) {
     QIcon icono;
     for (const int escala : {1, 2, 3}) {
-        for (const auto& [paleta, modo] :
-             {std::pair{&kNormal, QIcon::Normal}, std::pair{&kBajoElRaton, QIcon::Active}}) {
-            QPixmap imagen(kLadoDibujo * escala, kLadoDibujo * escala);
-            imagen.fill(Qt::transparent);
-            QPainter painter(&imagen);
-            painter.setRenderHint(QPainter::Antialiasing);
-            painter.scale(qreal(imagen.width()) / kUnidades, qreal(imagen.height()) / kUnidades);
-            painter.setPen(QPen(paleta->linea, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-            painter.setBrush(paleta->fondo);
-            pintar(painter, *paleta);
-            icono.addPixmap(imagen, modo);
-        }
+        QPixmap imagen(kLadoDibujo * escala, kLadoDibujo * escala);
+        imagen.fill(Qt::transparent);
+        QPainter painter(&imagen);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(qreal(imagen.width()) / kUnidades, qreal(imagen.height()) / kUnidades);
+        painter.setPen(QPen(paleta.linea, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(paleta.fondo);
+        pintar(painter, paleta);
+        icono.addPixmap(imagen);
     }
     return icono;
 }
@@ -77,14 +74,23 @@ void PintarVolver(QPainter& painter, const Paleta& paleta) {
 
 } // namespace
 
-QIcon DibujoSubir() {
-    return Dibujo(PintarSubir);
+void LlenarDibujos(platform::ImageList& ImageListNormal, platform::ImageList& imagelistup) {
+    for (const auto& [clave, pintar] :
+         {std::pair<const char16_t*, Pintar>{kDibujoSubir, PintarSubir},
+          {kDibujoCambiar, PintarCambiar},
+          {kDibujoVolver, PintarVolver}}) {
+        ImageListNormal.AddImage(QString::fromUtf16(clave), Dibujo(pintar, kNormal));
+        imagelistup.AddImage(QString::fromUtf16(clave), Dibujo(pintar, kBajoElRaton));
+    }
 }
-QIcon DibujoCambiar() {
-    return Dibujo(PintarCambiar);
-}
-QIcon DibujoVolver() {
-    return Dibujo(PintarVolver);
+
+QIcon DibujoDeBoton(const QIcon& normal, const QIcon& bajoElRaton) {
+    QIcon icono;
+    for (const QSize& lado : normal.availableSizes()) {
+        icono.addPixmap(normal.pixmap(lado, 1), QIcon::Normal);
+        icono.addPixmap(bajoElRaton.pixmap(lado, 1), QIcon::Active);
+    }
+    return icono;
 }
 
 } // namespace explorer

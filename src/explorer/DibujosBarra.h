@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QIcon>
+#include "platform/ImageList.h"
 
 namespace explorer {
 
-/// The pictures of the toolbar, with another one each for the button under the mouse.
-QIcon DibujoSubir();
-QIcon DibujoCambiar();
-QIcon DibujoVolver();
-
 inline constexpr int kLadoDibujo = 24; // pixels
+
+/// Keys of the pictures.
+inline constexpr const char16_t* kDibujoSubir = u"subir";
+inline constexpr const char16_t* kDibujoCambiar = u"cambiar";
+inline constexpr const char16_t* kDibujoVolver = u"volver";
+
+/// Puts the pictures of the toolbar in, as they are normally and under the mouse.
+void LlenarDibujos(platform::ImageList& ImageListNormal, platform::ImageList& imagelistup);
+
+/// A picture that changes under the mouse.
+QIcon DibujoDeBoton(const QIcon& normal, const QIcon& bajoElRaton);
 
 } // namespace explorer

@@ -26,42 +26,51 @@ Explorador::Explorador(MarcoExplorador& marco, const platform::FileSystemObject&
     m_ui->setupUi(this);
     Caption(windowTitle());
     setFocusProxy(m_ui->ListView1);
-    const auto preparar = [this](QToolButton* boton, int indice, const QIcon& dibujo) {
-        boton->setIcon(dibujo);
-        boton->setIconSize({kLadoDibujo, kLadoDibujo});
-        boton->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-        const int texto = boton->fontMetrics().horizontalAdvance(boton->text());
-        boton->setMinimumWidth(texto + kJuntoAlTexto);
-        boton->setAutoRaise(true); // so that it has a picture of its own under the mouse
-        connect(boton, &QToolButton::clicked, this, [this, indice] {
-            platform::RunHandler([this, indice] { Toolbar1_ButtonClick(indice); });
-        });
-    };
-    preparar(m_ui->Boton1, kSubir, DibujoSubir());
-    preparar(m_ui->Boton3, kCambiar, DibujoCambiar());
-    preparar(m_ui->Boton5, kVolver, DibujoVolver());
+    LlenarDibujos(ImageListNormal, imagelistup);
+    PrepararBoton(*m_ui->Boton1, kSubir, kDibujoSubir);
+    PrepararBoton(*m_ui->Boton3, kCambiar, kDibujoCambiar);
+    PrepararBoton(*m_ui->Boton5, kVolver, kDibujoVolver);
     FixedSize(size().expandedTo(minimumSizeHint())); // larger fonts need more
 }
 
 Explorador::~Explorador() = default;
 
+void Explorador::PrepararBoton(QToolButton& boton, int Index, const char16_t* dibujo) {
+    const QString clave = QString::fromUtf16(dibujo);
+    boton.setIcon(DibujoDeBoton(ImageListNormal.Image(clave), imagelistup.Image(clave)));
+    boton.setIconSize({kLadoDibujo, kLadoDibujo});
+    boton.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    boton.setMinimumWidth(boton.fontMetrics().horizontalAdvance(boton.text()) + kJuntoAlTexto);
+    boton.setAutoRaise(true); // so that it has a picture of its own under the mouse
+    connect(&boton, &QToolButton::clicked, this, [this, Index] {
+        platform::RunHandler([this, Index] { Toolbar1_ButtonClick(Index); });
+    });
+}
+
 void Explorador::Form_Load() {
+    const QPointer<Explorador> ventana(this);
     const QString skin = platform::ProgramFolder() + QStringLiteral("\\Skin.bmp");
     archivoConfig = Module1::RutaConfig();
     cSkin = std::make_unique<cSubclassListView>();
-    cFile = std::make_unique<clsListFile>(m_marco, m_fso);
-    cFile->changePath = [this](QString& Ruta) { cFile_changePath(Ruta); };
-    cFile->SetControls(*m_ui->ListView1, ImageList1[0], ImageList1[1]);
+    cFile(std::make_unique<clsListFile>(m_marco, m_fso));
+    m_cFile->SetControls(*m_ui->ListView1, ImageList1[0], ImageList1[1]);
+    m_cFile->Listar(QStringLiteral("c:\\"));
+    if (!ventana || !cSkin) // gone or closed meanwhile
+        return;
     cSkin->SubClassListView(platform::HandleOf(m_ui->ListView1));
     setColumnHeader(skin, 0, 0, true, false);
     m_ui->ListView1->View(platform::ListDisplay::List);
     Move(kIzquierda, 0, Width(), Height());
-    cFile->Listar(QStringLiteral("c:\\")); // the last step: it may take the window away
 }
 
 void Explorador::Form_Unload() {
     cSkin.reset();
-    cFile.reset();
+    m_cFile.reset();
+}
+
+void Explorador::cFile(std::unique_ptr<clsListFile> vData) {
+    m_cFile = std::move(vData);
+    m_cFile->changePath = [this](QString& Ruta) { cFile_changePath(Ruta); };
 }
 
 void Explorador::setColumnHeader(const QString& SpathSkin, qint32 lColorNormal, qint32 lColorUp,
@@ -80,20 +89,20 @@ void Explorador::cFile_changePath(QString& Ruta) {
 
 void Explorador::Toolbar1_ButtonClick(int Index) {
     if (Index == kSubir)
-        cFile->subirNivel();
+        m_cFile->subirNivel();
     else if (Index == kCambiar)
         ListarPathAlternativo();
     else if (Index == kVolver)
-        cFile->Listar(QStringLiteral("C:\\"));
+        m_cFile->Listar(QStringLiteral("C:\\"));
 }
 
 void Explorador::ListarPathAlternativo() {
     const QPointer<Explorador> ventana(this);
     pathAlternativo = Module1::LeerIni(archivoConfig, QStringLiteral("explorador"),
                                        QStringLiteral("path"), QString());
-    cFile->Listar(pathAlternativo + QStringLiteral(":\\"));
-    if (ventana && ventana->cFile) // neither gone nor closed meanwhile
-        ventana->cFile->subirNivel();
+    m_cFile->Listar(pathAlternativo + QStringLiteral(":\\"));
+    if (ventana && ventana->m_cFile) // neither gone nor closed meanwhile
+        ventana->m_cFile->subirNivel();
 }
 
 } // namespace explorer

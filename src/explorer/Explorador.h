@@ -10,6 +10,8 @@
 #include <array>
 #include <memory>
 
+class QToolButton;
+
 namespace Ui {
 class Explorador;
 }
@@ -29,20 +31,27 @@ public:
     void setColumnHeader(const QString& SpathSkin, qint32 lColorNormal, qint32 lColorUp,
                          bool bIconAlingmentRight = false, bool bTextBold = false);
 
+    clsListFile* cFile() const { return m_cFile.get(); }
+    /// Takes it over; its controls are set afterwards.
+    void cFile(std::unique_ptr<clsListFile> vData);
+    void cFile_changePath(QString& Ruta);
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;
 
 private:
     void Toolbar1_ButtonClick(int Index);
-    void cFile_changePath(QString& Ruta);
+    void PrepararBoton(QToolButton& boton, int Index, const char16_t* dibujo);
     void ListarPathAlternativo();
 
     std::unique_ptr<Ui::Explorador> m_ui;
     MarcoExplorador& m_marco;
     const platform::FileSystemObject& m_fso;
     std::array<platform::ImageList, 2> ImageList1; // small, large
-    std::unique_ptr<clsListFile> cFile;
+    platform::ImageList ImageListNormal;
+    platform::ImageList imagelistup;
+    std::unique_ptr<clsListFile> m_cFile;
     std::unique_ptr<cSubclassListView> cSkin;
     QString archivoConfig;
     QString pathAlternativo;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <memory_resource>
 #include <new>
 #include <utility>
 
@@ -19,10 +20,11 @@ QString Clave(qint64 id) {
     return QString::number(id) + u'h';
 }
 
+// From the default resource, which a test can leave without memory.
 template<class Valor>
 std::shared_ptr<Valor> Reservar() {
     try {
-        return std::make_shared<Valor>();
+        return std::allocate_shared<Valor>(std::pmr::polymorphic_allocator<Valor>());
     } catch (const std::bad_alloc&) {
         return nullptr;
     }

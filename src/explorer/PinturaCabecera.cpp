@@ -27,7 +27,7 @@ public:
           m_estado(estado),
           m_sitio(columna.sitio),
           m_aspecto(aspecto),
-          m_celda(AnchoCelda(estado.SkinPicture.width())) {}
+          m_celda(estado.anchoCelda) {}
 
     void Medio() {
         if (m_aspecto.medio)
@@ -58,7 +58,7 @@ private:
         const int alto = m_sitio.top() + m_sitio.height();
         if (ancho > 0)
             m_pintor.drawPixmap(QRect(izquierda, 0, ancho, alto), m_estado.SkinPicture,
-                                QRect(celda * m_celda, 0, m_celda, m_estado.SkinPicture.height()));
+                                QRect(celda * m_celda, 0, m_celda, m_estado.altoSkin));
     }
 
     QPainter& m_pintor;
@@ -77,12 +77,18 @@ QFont LetraCabecera(bool negrita) {
 
 } // namespace
 
+void EstadoCabecera::PonerSkin(const QPixmap& picture) {
+    SkinPicture = picture;
+    altoSkin = picture.height();
+    anchoSkin = picture.width();
+    anchoCelda = AnchoCelda(anchoSkin);
+}
+
 void PintarCabecera(QPainter& pintor, const QRect& zona,
                     const std::vector<ColumnaCabecera>& columnas, const EstadoCabecera& estado) {
     pintor.setFont(LetraCabecera(estado.HedersFontBlod));
-    pintor.drawPixmap(
-        zona, estado.SkinPicture,
-        QRect(kFondo, 0, AnchoCelda(estado.SkinPicture.width()), estado.SkinPicture.height()));
+    pintor.drawPixmap(zona, estado.SkinPicture,
+                      QRect(kFondo, 0, estado.anchoCelda, estado.altoSkin));
     const QFontMetrics letra = pintor.fontMetrics();
     const auto medir = [&letra](const QString& texto) { return letra.horizontalAdvance(texto); };
     Caso caso; // a column of an unknown format stands like the one before it

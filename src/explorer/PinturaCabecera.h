@@ -21,7 +21,13 @@ struct ColumnaCabecera {
 
 /// What decides how the header looks.
 struct EstadoCabecera {
+    /// A null picture for no skin.
+    void PonerSkin(const QPixmap& picture);
+
     QPixmap SkinPicture;
+    int altoSkin = 0; ///< this and the next two in pixels
+    int anchoSkin = 0;
+    int anchoCelda = 0;
     qint32 TextNormalColor = 0; ///< 0x00BBGGRR
     qint32 TextResalteColor = 0;
     bool IconAlingmentRight = false; ///< an icon stands behind its text

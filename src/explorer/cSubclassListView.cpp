@@ -42,12 +42,10 @@ void cSubclassListView::SubClassListView(HWnd lhWnd) {
     if (timerActivo)
         PararTimer(); // it belongs to the former header
     hWndLista = lhWnd;
-    hWndCabecera = 0;
     m_lista = qobject_cast<ListView*>(WidgetOf(lhWnd));
-    if (!m_lista)
-        return;
-    hWndCabecera = HandleOf(Cabecera().viewport());
-    PonerLetra();
+    hWndCabecera = m_lista ? HandleOf(Cabecera().viewport()) : 0;
+    if (m_lista)
+        PonerLetra();
     m_estado.columnaActiva = -1;
     if (!ssc_Subclass(hWndCabecera, 0, kAlRecibir, &Propias()))
         return;
@@ -56,7 +54,7 @@ void cSubclassListView::SubClassListView(HWnd lhWnd) {
 }
 
 void cSubclassListView::SkinPicture(const QPixmap& New_Picture) {
-    m_estado.SkinPicture = New_Picture;
+    m_estado.PonerSkin(New_Picture);
     if (!m_lista)
         return;
     PonerLetra();
@@ -203,7 +201,7 @@ quintptr cSubclassListView::IdTimer() const {
 }
 
 void cSubclassListView::PonerLetra() {
-    m_lista->HeaderFont(m_estado.SkinPicture.height() - kJuntoALaLetra);
+    m_lista->HeaderFont(m_estado.altoSkin - kJuntoALaLetra);
 }
 
 void cSubclassListView::PararTimer() {

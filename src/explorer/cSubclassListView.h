@@ -21,7 +21,7 @@ public:
     cSubclassListView();
     ~cSubclassListView();
 
-    /// `lhWnd` is a platform::ListView; nothing is painted for another window.
+    /// `lhWnd` is a platform::ListView; another window is reported, and nothing is painted for it.
     void SubClassListView(platform::HWnd lhWnd);
 
     /// A bitmap of kCeldas cells, whose height becomes the header's; null for no skin.

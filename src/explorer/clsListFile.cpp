@@ -65,9 +65,9 @@ platform::ListItem Fila(const EntradaArchivo& entrada) {
 
 /// What one reading of a folder knows so far.
 struct clsListFile::Lectura {
-    QString directorio;            ///< with its separator
-    QHash<QString, QString> tipos; ///< by key
-    int especiales = 0;            ///< files with an icon of their own
+    QString directorio;                 ///< with its separator
+    QHash<QString, QString> cacheTipos; ///< by key
+    int especiales = 0;                 ///< files with an icon of their own
     bool hayCarpetas = false;
 };
 
@@ -160,8 +160,8 @@ EntradaArchivo clsListFile::LeerEntrada(const platform::FoundFile& archivo, Lect
         return entrada;
     }
     entrada.clave = ClaveDeArchivo(archivo.name);
-    const auto conocido = lectura.tipos.constFind(entrada.clave);
-    if (conocido != lectura.tipos.cend()) {
+    const auto conocido = lectura.cacheTipos.constFind(entrada.clave);
+    if (conocido != lectura.cacheTipos.cend()) {
         entrada.tipo = *conocido;
         return entrada;
     }
@@ -174,7 +174,7 @@ EntradaArchivo clsListFile::LeerEntrada(const platform::FoundFile& archivo, Lect
         entrada.clave += QString::number(lectura.especiales++);
     } else {
         entrada.tipo = platform::FileTypeName(ruta);
-        lectura.tipos.insert(entrada.clave, entrada.tipo);
+        lectura.cacheTipos.insert(entrada.clave, entrada.tipo);
     }
     AnadirIconos(ruta, entrada.clave);
     return entrada;

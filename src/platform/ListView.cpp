@@ -8,6 +8,7 @@
 #include "platform/Twips.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QListView>
@@ -15,35 +16,49 @@
 #include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>
+#include <functional>
+#include <numeric>
+#include <span>
+#include <utility>
+#include <vector>
 
 namespace platform {
 namespace {
 
-constexpr int kIconSide = 16;        // pixels
-constexpr int kColumnPadding = 16;   // pixels, around icon and name
-constexpr int kRowPadding = 4;       // pixels
-constexpr int kHeaderPadding = 4;    // pixels, over and below the text together
-constexpr qsizetype kMeasured = 256; // names, the longest ones
+constexpr int kIconSide = 16;      // pixels
+constexpr int kColumnPadding = 16; // pixels, around icon and name
+constexpr int kRowPadding = 4;     // pixels
+constexpr int kHeaderPadding = 4;  // pixels, over and below the text together
+constexpr size_t kMeasured = 256;  // names
 
 bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-// The width of the widest name, found among those with the most characters.
+// The width of the widest name. To measure all of many takes long: those are measured whose
+// characters are widest one by one.
 int WidestName(const std::vector<ListItem>& items, const QFontMetrics& metrics) {
-    qsizetype longest = 0;
-    for (const ListItem& item : items)
-        longest = std::max(longest, item.text.size());
-    int width = 0;
-    qsizetype measured = 0;
+    QHash<QChar, int> advances;
+    const auto advance = [&](QChar c) {
+        auto known = advances.find(c);
+        if (known == advances.end())
+            known = advances.insert(c, metrics.horizontalAdvance(c));
+        return *known;
+    };
+    std::vector<std::pair<int, const ListItem*>> names;
+    names.reserve(items.size());
     for (const ListItem& item : items) {
-        if (item.text.size() < longest * 3 / 4)
-            continue;
-        width = std::max(width, metrics.horizontalAdvance(DisplayText(item.text)));
-        if (++measured == kMeasured)
-            break;
+        const QString shown = DisplayText(item.text);
+        names.emplace_back(
+            std::transform_reduce(shown.begin(), shown.end(), 0, std::plus(), advance), &item);
     }
-    return width;
+    const size_t measured = std::min(names.size(), kMeasured);
+    std::ranges::nth_element(names, names.begin() + static_cast<std::ptrdiff_t>(measured),
+                             std::greater());
+    int widest = 0;
+    for (const auto& [width, item] : std::span(names).first(measured))
+        widest = std::max(widest, metrics.horizontalAdvance(DisplayText(item->text)));
+    return widest;
 }
 
 } // namespace

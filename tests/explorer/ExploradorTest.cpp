@@ -3,12 +3,14 @@
 #include "platform/Drives.h"
 #include "platform/Frame.h"
 #include "platform/ListView.h"
+#include "platform/PictureBox.h"
 #include "platform/Registry.h"
 #include "support/MainWindow.h"
 
 #include <QBuffer>
 #include <QHeaderView>
 #include <QListView>
+#include <QTimer>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -58,6 +60,15 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
     EXPECT_EQ(window->ScaleHeight(), 8715);
     EXPECT_EQ(window->Shell()->x(), platform::ToPixels(8000));
     EXPECT_EQ(window->focusWidget(), Find<platform::ListView>("ListView1")->focusProxy());
+    const auto* box = Find<platform::PictureBox>("Picture1");
+    EXPECT_TRUE(box && box->isAncestorOf(Find<platform::Frame>("Frame1")));
+    for (const char* name : {"Boton1", "Boton3", "Boton5"}) {
+        const auto* button = Find<QToolButton>(name);
+        EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text()));
+        const QImage normal = button->icon().pixmap(24, QIcon::Normal).toImage();
+        EXPECT_FALSE(normal.isNull());
+        EXPECT_NE(normal, button->icon().pixmap(24, QIcon::Active).toImage());
+    }
     Click("Boton1");
     EXPECT_EQ(Frame(), QString());
     Enter(u"juegos"_s);
@@ -72,10 +83,26 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
     const explorer::Explorador* first = window;
     Open();
     EXPECT_EQ(window, first);
+    EXPECT_EQ(window->cFile()->path(), u"C:\\"_s);
     window->Unload();
+    // Before the rest of its load the rows are read, and the window may go then.
+    QTimer::singleShot(0, [this] {
+        for (platform::Form* form : principal.Forms())
+            if (form->Caption() == u"Explorador"_s) {
+                EXPECT_NE(form->Shell()->x(), platform::ToPixels(8000));
+                form->Unload();
+            }
+    });
+    Press("mnuherramientasExplorador");
+    EXPECT_EQ(principal.ActiveForm(), nullptr);
     Open();
     EXPECT_EQ(Frame(), QString());
     EXPECT_TRUE(Names().contains(u"juegos"_s));
+    auto other = std::make_unique<explorer::clsListFile>(principal, *compartido.fso);
+    window->cFile(std::move(other));
+    QString path = u"C:\\otra"_s;
+    window->cFile()->changePath(path);
+    EXPECT_EQ(Frame(), path);
 }
 
 TEST_F(ExploradorTest, TheHeaderHasTheSkinOfTheProgramsFolder) {

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
+#include <memory_resource>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -285,6 +286,14 @@ TEST_F(MensajesVentanaTest, FailuresAreShownAndLogged) {
     refused(u"Window handle belongs to another process"_s, HandleOfNative(0x400001));
     refused(u"Callback method not found"_s, other, 2);
     refused(u"Window handle is already subclassed"_s, window);
+    const QString full = u"VirtualAlloc failed, error: %1"_s.arg(ENOMEM);
+    std::pmr::set_default_resource(std::pmr::null_memory_resource());
+    refused(full, other);
+    layer.Propias().Poner(3, [](std::span<const qint32>, qint32&) {});
+    routine = u"scb_SetCallbackAddr"_s;
+    fails(full, [&] { return bool(layer.scb_SetCallbackAddr(4, 3)); });
+    std::pmr::set_default_resource(nullptr);
+    routine = u"ssc_Subclass"_s;
     std::thread(refused, u"SetWindowLong failed, error #%1"_s.arg(EPERM), other, 1).join();
     routine = u"zDelMsg"_s;
     fails(u"Message &H20A not found in table"_s,
@@ -308,6 +317,9 @@ TEST_F(MensajesVentanaTest, TimersRunPlainProceduresOfTheOwner) {
     owner->layer.Propias().Poner(2, [&](std::span<const qint32> values, qint32& result) {
         result = ++ticks;
         EXPECT_EQ(values[0], static_cast<qint32>(window));
+        if (ticks == 1)
+            QTest::qWait(20); // it doesn't come again meanwhile
+        EXPECT_EQ(result, ticks);
         if (ticks == 3) {
             KillTimer(window, 77);
             QTest::qWait(1); // what was let go is deleted here

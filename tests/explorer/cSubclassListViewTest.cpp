@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/cSubclassListView.h"
 #include "platform/ListView.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QHeaderView>
 #include <QPaintEvent>
@@ -79,6 +80,8 @@ TEST_F(CSubclassListViewTest, TheHeaderKeepsItsOwnPaintingWithoutASkin) {
     skin.SkinPicture(QPixmap());
     EXPECT_EQ(list.Header()->height(), height);
     EXPECT_EQ(Viewport()->grab().toImage(), own);
+    support::ScriptedDialogs dialogs;
+    dialogs.Expect(u"Invalid window handle"_s, platform::Answer::Ok);
     skin.SubClassListView(platform::HandleOf(Viewport())); // not a list
     EXPECT_EQ(skin.GetListviewColumn(platform::HandleOf(Viewport()), 0), QString());
 }
@@ -128,7 +131,7 @@ TEST_F(CSubclassListViewTest, TheTimerGoesWithItsHeader) {
     EXPECT_EQ(paints.count, 0);
 }
 
-TEST_F(CSubclassListViewTest, ATitleIsCutAndAChangedColourShowsAtOnce) {
+TEST_F(CSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
     const platform::HWnd window = platform::HandleOf(&list);
     EXPECT_EQ(skin.GetListviewColumn(window, 1), QString(32, u'i'));
     EXPECT_EQ(skin.GetListviewColumn(window, 2), u"dos"_s);
@@ -138,11 +141,20 @@ TEST_F(CSubclassListViewTest, ATitleIsCutAndAChangedColourShowsAtOnce) {
     QTest::qWait(1);
     Paints paints;
     Viewport()->installEventFilter(&paints);
-    skin.TextNormalColor(0x2FF8040); // what is above three bytes is kept
-    EXPECT_EQ(skin.TextNormalColor(), 0x2FF8040);
-    skin.IconAlingmentRight(true);
-    QTest::qWait(1);
-    EXPECT_EQ(paints.count, 1);
+    const auto shows = [&](auto set) {
+        paints.count = 0;
+        set();
+        QTest::qWait(1);
+        return paints.count == 1;
+    };
+    EXPECT_TRUE(shows([&] { skin.TextNormalColor(0x2FF8040); }));
+    EXPECT_TRUE(shows([&] { skin.TextResalteColor(0x10203); }));
+    EXPECT_TRUE(shows([&] { skin.IconAlingmentRight(true); }));
+    EXPECT_TRUE(shows([&] { skin.HedersFontBlod(true); }));
+    EXPECT_TRUE(shows([&] { skin.SkinPicture(Skin()); }));
+    EXPECT_EQ(skin.TextNormalColor(), 0x2FF8040); // what is above three bytes is kept
+    EXPECT_EQ(skin.TextResalteColor(), 0x10203);
+    EXPECT_TRUE(skin.IconAlingmentRight() && skin.HedersFontBlod());
     list.resize(200, 100);
     QTest::qWait(1);
     list.findChild<QTreeView*>()->horizontalScrollBar()->setValue(60);

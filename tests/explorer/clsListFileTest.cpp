@@ -3,10 +3,13 @@
 #include "platform/FileTime.h"
 #include "platform/FileType.h"
 #include "platform/ListView.h"
+#include "platform/Program.h"
 #include "platform/Registry.h"
 #include "support/TestHome.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QHeaderView>
 #include <QImage>
 #include <QListView>
 #include <QLocale>
@@ -62,10 +65,28 @@ protected:
         return names;
     }
     QListView* Rows() { return view.findChild<QListView*>(); }
-    void DoubleClick(const QString& name) {
+    QRect Place(const QString& name) {
         QApplication::processEvents();
         const auto row = static_cast<int>(Names().indexOf(name));
-        const QPoint place = Rows()->visualRect(Rows()->model()->index(row, 0)).center();
+        const QModelIndex index = Rows()->model()->index(row, 0);
+        Rows()->scrollTo(index);
+        return Rows()->visualRect(index);
+    }
+    // In the middle of the icon that a row shows.
+    QColor Icon(const QString& name) {
+        const QRect place = Place(name);
+        return Rows()->viewport()->grab().toImage().pixelColor(place.left() + 10,
+                                                               place.center().y());
+    }
+    void PutIcon(const char* name, Qt::GlobalColor color) {
+        QImage image(16, 16, QImage::Format_RGB32);
+        image.fill(color);
+        QBuffer file;
+        image.save(&file, "PNG");
+        home.Put(name, file.data());
+    }
+    void DoubleClick(const QString& name) {
+        const QPoint place = Place(name).center();
         QTest::mouseClick(Rows()->viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(Rows()->viewport(), Qt::LeftButton, {}, place);
     }
@@ -132,6 +153,52 @@ TEST_F(ClsListFileTest, TheRowsOfAFolder) {
     lista->Listar(u"C:\\d\\Otra"_s);
     EXPECT_EQ(view.Count(), 0);
     EXPECT_EQ(view.SmallIcons(), nullptr);
+}
+
+TEST_F(ClsListFileTest, RowsShowTheIconsOfTheirKindAndRunDownAndThenAcross) {
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".tipo"_s, u"clase"_s);
+    platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"clase\\DefaultIcon"_s, u"C:\\azul.ico"_s);
+    PutIcon("azul.ico", Qt::blue);
+    PutIcon("d/rojo.ico", Qt::red);
+    PutIcon("d/verde.ICO", Qt::green);
+    Put("a.tipo", 0);
+    home.Put("d/a.raro", "\x89PNG\r\n\x1A\n");
+    home.Put("d/b.raro", "un texto");
+    home.Put("d/sub/x", {});
+    home.Put("d/MANUAL DE MAGOS", {});
+    for (int i = 0; i < 300; ++i)
+        home.Put("d/iiiiiiiiiiiiiiiiiiii." + std::to_string(i), {});
+    lista->Listar(u"C:\\d"_s);
+    EXPECT_EQ(Icon(u"rojo.ico"_s), QColor(Qt::red));
+    EXPECT_EQ(Icon(u"verde.ICO"_s), QColor(Qt::green));
+    EXPECT_EQ(Icon(u"a.tipo"_s), QColor(Qt::blue));
+    EXPECT_EQ(pequenas.Image(u"carpeta"_s).pixmap(16).toImage(),
+              platform::FileIcon(platform::ProgramFolder()).pixmap(16).toImage());
+    EXPECT_NE(Icon(u"sub"_s), view.BackColor());
+    EXPECT_EQ(view.Icons(), &grandes);
+    for (const platform::ImageList* images : {&pequenas, &grandes}) {
+        EXPECT_EQ(images->BackColor(), view.BackColor());
+        EXPECT_EQ(images->MaskColor(), view.BackColor());
+    }
+    // The first of an extension has its kind told for the others.
+    EXPECT_EQ(view.Text(static_cast<int>(Names().indexOf(u"a.raro"_s)) + 1, 2),
+              view.Text(static_cast<int>(Names().indexOf(u"b.raro"_s)) + 1, 2));
+    const QRect wide = Place(u"MANUAL DE MAGOS"_s);
+    EXPECT_GE(wide.width(), 16 + 6 + Rows()->fontMetrics().horizontalAdvance(u"MANUAL DE MAGOS"_s));
+    EXPECT_LT(wide.width(), 400);
+    const auto row = [&](int i) { return Rows()->visualRect(Rows()->model()->index(i, 0)); };
+    EXPECT_TRUE(row(0).left() == row(1).left() && row(0).bottom() < row(1).top());
+    EXPECT_TRUE(row(40).left() > row(0).right() && row(40).top() < 400);
+    view.View(platform::ListDisplay::Report);
+    QStringList columns;
+    for (int i = 0; i < view.Header()->count(); ++i)
+        columns += u"%1 %2 %3"_s.arg(view.HeaderItem(i)->text)
+                       .arg(view.Header()->sectionSize(i))
+                       .arg(view.HeaderItem(i)->fmt & platform::HDF_RIGHT);
+    EXPECT_EQ(columns.join(u','),
+              u"Nombre 140 0,Tamaño 70 1,Tipo 160 0,Fecha 120 0,Atributo 60 1"_s);
+    lista.reset();
+    EXPECT_TRUE(!view.Icons() && !view.SmallIcons());
 }
 
 TEST_F(ClsListFileTest, WhatIsNotToBeReadIsAnEmptyList) {
