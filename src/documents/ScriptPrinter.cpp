@@ -59,6 +59,7 @@ void PrintScript(ScriptEditor& editor, const QString& title) {
     ScriptPrinter printer(title);
     if (!CurrentDialogs().SetUpPrint(printer, editor.window()))
         return;
+    platform::KeepPrinterSetup(printer);
     QPainter painter;
     const bool begun = painter.begin(&printer);
     if (begun && editor.length() > 0)

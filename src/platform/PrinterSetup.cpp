@@ -10,6 +10,7 @@ namespace {
 
 struct Setup {
     QString printer; ///< empty: the desktop's own choice
+    QString file;    ///< of PDF, that is written instead; may be empty
     QPageLayout layout;
 };
 
@@ -25,12 +26,21 @@ void ApplyPrinterSetup(QPrinter& printer) {
         return;
     if (!Chosen()->printer.isEmpty())
         printer.setPrinterName(Chosen()->printer);
+    if (PrintsToFile()) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(Chosen()->file);
+    }
     printer.setPageLayout(Chosen()->layout);
 }
 
 void KeepPrinterSetup(const QPrinter& printer) {
-    const bool file = !printer.outputFileName().isEmpty();
-    Chosen() = Setup{file ? QString() : printer.printerName(), printer.pageLayout()};
+    const QString file = printer.outputFileName();
+    Chosen() =
+        Setup{file.isEmpty() ? printer.printerName() : QString(), file, printer.pageLayout()};
+}
+
+bool PrintsToFile() {
+    return Chosen() && !Chosen()->file.isEmpty();
 }
 
 } // namespace platform

@@ -5,9 +5,11 @@ class QPrinter;
 
 namespace platform {
 
-/// The printer, paper and margins that were chosen last in a dialog; they hold for every print of
-/// this run. Nothing happens before the first choice.
+/// The printer, or the PDF file in its place, paper and margins that were chosen last in a dialog;
+/// they hold for every print of this run. Nothing happens before the first choice.
 void ApplyPrinterSetup(QPrinter& printer);
 void KeepPrinterSetup(const QPrinter& printer);
+/// Whether a PDF file was chosen, which needs no printer.
+bool PrintsToFile();
 
 } // namespace platform

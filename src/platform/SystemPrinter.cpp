@@ -25,7 +25,7 @@ std::unique_ptr<QPrinter> NewDevice() {
 }
 
 std::unique_ptr<Printer> DesktopPrinter() {
-    if (QPrinterInfo::availablePrinterNames().isEmpty())
+    if (!PrintsToFile() && QPrinterInfo::availablePrinterNames().isEmpty())
         throw PrinterFailure(QStringLiteral("No hay ninguna impresora."));
     return std::make_unique<SystemPrinter>(NewDevice);
 }

@@ -6,18 +6,24 @@
 #include "print/Class2.h"
 #include "ui_Imprimir.h"
 
+#include <cmath>
+#include <limits>
+
 namespace print {
 namespace {
 
-// A margin as it is typed. Fails with the name of the field if it is no whole number of 32 bits.
+// A margin as it is typed, with a decimal comma or point. Halves go to the even neighbour. Fails
+// with the name of the field if it is no number that 32 bits hold.
 int Margen(const QLineEdit& campo, const QLabel& nombre) {
-    bool entero = false;
-    const int twips = campo.text().trimmed().toInt(&entero);
-    if (!entero)
+    using Limites = std::numeric_limits<int>;
+    bool numero = false;
+    const QString texto = campo.text().trimmed().replace(u',', u'.');
+    const double twips = std::nearbyint(texto.toDouble(&numero));
+    if (!numero || !(twips >= Limites::min() && twips <= Limites::max()))
         throw platform::Failure(platform::FailureCode::TypeMismatch, QStringLiteral("Imprimir"),
-                                QStringLiteral("El margen \"%1\" no es un número entero: \"%2\".")
+                                QStringLiteral("El margen \"%1\" no es un número válido: \"%2\".")
                                     .arg(nombre.text(), campo.text()));
-    return twips;
+    return static_cast<int>(twips);
 }
 
 } // namespace

@@ -15,8 +15,9 @@ QStringList steps; // of both sides, in their order
 // 2.5 twips to a pixel; a letter is 100 x 240 twips.
 class PaperPrinter : public platform::Printer {
 public:
-    explicit PaperPrinter(int failAtPage) : m_failAtPage(failAtPage) {}
+    explicit PaperPrinter(int failAtPage) : m_failAtPage(failAtPage) { current = &m_painter; }
     ~PaperPrinter() override { steps += u"~"_s; }
+    static inline QPainter* current = nullptr; // another one for each page
     int Width() const override { return 12000; }
     int Height() const override { return 17000; }
     int ScaleWidth() const override { return 11500; }
@@ -42,9 +43,10 @@ public:
         if (--m_failAtPage == 0)
             throw platform::Failure(platform::FailureCode::Printer, u"p"_s, u"papel"_s);
         steps += u"page"_s;
+        current = current == &m_painter ? &m_second : &m_painter;
     }
     void EndDoc() override { steps += u"end"_s; }
-    QPainter* hDC() override { return &m_painter; }
+    QPainter* hDC() override { return current; }
     std::unique_ptr<QPaintDevice> CreateDC() const override {
         return std::make_unique<QImage>(1, 1, QImage::Format_RGB32);
     }
@@ -52,7 +54,9 @@ public:
 private:
     int m_failAtPage;
     QImage m_image{1, 1, QImage::Format_RGB32};
+    QImage m_other{m_image};
     QPainter m_painter{&m_image};
+    QPainter m_second{&m_other};
     float m_x = 0;
     float m_y = 0;
 };
@@ -65,6 +69,7 @@ struct Pages : platform::RichText {
     }
     qsizetype Format(const platform::FormatRange& range) override {
         EXPECT_EQ(range.cpMax, -1);
+        EXPECT_EQ(range.hdc, PaperPrinter::current);
         EXPECT_EQ(range.hdc->device(), range.hdcTarget);
         EXPECT_EQ(range.rcPage, QRectF(0, 0, 11500, 16300));
         steps += u"%1 in %2 %3 %4 %5"_s.arg(range.cpMin)
