@@ -60,6 +60,7 @@ void PrintScript(ScriptEditor& editor, const QString& title) {
     if (!CurrentDialogs().SetUpPrint(printer, editor.window()))
         return;
     platform::KeepPrinterSetup(printer);
+    platform::KeepPrinterFile(printer.outputFileName());
     QPainter painter;
     const bool begun = painter.begin(&printer);
     if (begun && editor.length() > 0)

@@ -10,13 +10,17 @@ namespace {
 
 struct Setup {
     QString printer; ///< empty: the desktop's own choice
-    QString file;    ///< of PDF, that is written instead; may be empty
     QPageLayout layout;
 };
 
 std::optional<Setup>& Chosen() {
     static std::optional<Setup> setup;
     return setup;
+}
+
+QString& File() {
+    static QString file;
+    return file;
 }
 
 } // namespace
@@ -26,21 +30,20 @@ void ApplyPrinterSetup(QPrinter& printer) {
         return;
     if (!Chosen()->printer.isEmpty())
         printer.setPrinterName(Chosen()->printer);
-    if (PrintsToFile()) {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(Chosen()->file);
-    }
     printer.setPageLayout(Chosen()->layout);
 }
 
 void KeepPrinterSetup(const QPrinter& printer) {
-    const QString file = printer.outputFileName();
-    Chosen() =
-        Setup{file.isEmpty() ? printer.printerName() : QString(), file, printer.pageLayout()};
+    const bool file = !printer.outputFileName().isEmpty();
+    Chosen() = Setup{file ? QString() : printer.printerName(), printer.pageLayout()};
 }
 
-bool PrintsToFile() {
-    return Chosen() && !Chosen()->file.isEmpty();
+QString PrinterFile() {
+    return File();
+}
+
+void KeepPrinterFile(const QString& native) {
+    File() = native;
 }
 
 } // namespace platform

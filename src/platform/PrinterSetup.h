@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
+
 class QPrinter;
 
 namespace platform {
 
-/// The printer, or the PDF file in its place, paper and margins that were chosen last in a dialog;
-/// they hold for every print of this run. Nothing happens before the first choice.
+/// The printer, paper and margins that were chosen last in a dialog; they hold for every print of
+/// this run. Nothing happens before the first choice.
 void ApplyPrinterSetup(QPrinter& printer);
 void KeepPrinterSetup(const QPrinter& printer);
-/// Whether a PDF file was chosen, which needs no printer.
-bool PrintsToFile();
+
+/// The PDF file that the print dialog chose last in a printer's place, for what is printed without
+/// a dialog; empty for none.
+QString PrinterFile();
+void KeepPrinterFile(const QString& native);
 
 } // namespace platform

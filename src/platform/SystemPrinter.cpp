@@ -21,11 +21,15 @@ std::unique_ptr<QPrinter> NewDevice() {
     auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
     device->setDocName(QStringLiteral("Quillmark"));
     ApplyPrinterSetup(*device);
+    if (!PrinterFile().isEmpty()) {
+        device->setOutputFormat(QPrinter::PdfFormat);
+        device->setOutputFileName(PrinterFile());
+    }
     return device;
 }
 
 std::unique_ptr<Printer> DesktopPrinter() {
-    if (!PrintsToFile() && QPrinterInfo::availablePrinterNames().isEmpty())
+    if (PrinterFile().isEmpty() && QPrinterInfo::availablePrinterNames().isEmpty())
         throw PrinterFailure(QStringLiteral("No hay ninguna impresora."));
     return std::make_unique<SystemPrinter>(NewDevice);
 }

@@ -131,7 +131,8 @@ TEST_F(Class2Test, AJobThatCannotGoOnEndsWithAMessage) {
         Print(u"abc"_s, 0);
         FAIL();
     } catch (const platform::Failure& failure) {
-        EXPECT_TRUE(failure.Text().contains(u"márgenes"_s));
+        EXPECT_EQ(failure.Text(), u"Los márgenes no dejan sitio para el texto: la impresión "
+                                  "termina en la página 1."_s);
     }
     EXPECT_EQ(steps.mid(steps.size() - 4),
               (QStringList{u"Página 1 at 10700 15705"_s, u"end"_s, u"release"_s, u"~"_s}));
@@ -144,4 +145,9 @@ TEST_F(Class2Test, AJobThatCannotGoOnEndsWithAMessage) {
     failAtPage = 0;
     EXPECT_THROW(Print(QString(40000, u'x'), 1), platform::Failure); // more than 16 bits count
     EXPECT_EQ(steps.filter(u"Página "_s).size(), 32767);
+    EXPECT_EQ(steps.mid(steps.size() - 3), (QStringList{u"end"_s, u"release"_s, u"~"_s}));
+    const print::Class2 fresh;
+    EXPECT_EQ(fresh.MarginTop() | fresh.MarginLeft() | fresh.MarginRight() | fresh.MarginBottom(),
+              0);
+    EXPECT_EQ(fresh.Header() + fresh.Footer(), QString());
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/Imprimir.h"
+#include "platform/PrinterSetup.h"
 #include "platform/SystemPrinter.h"
 #include "support/MainWindow.h"
 
@@ -201,7 +202,8 @@ TEST_F(ImprimirTest, WhatCannotBeReadOrPrintedIsSaid) {
     for (const QString& margin :
          {u"1,5,5"_s, u"x"_s, QString(), u"2147483647,6"_s, u"-3e9"_s, u"nan"_s}) {
         Set("Text5", margin);
-        dialogs.Expect(u"Derecho"_s, platform::Answer::Ok);
+        dialogs.Expect(u"El margen \"Derecho\" no es un número válido: \"%1\"."_s.arg(margin),
+                       platform::Answer::Ok);
         Click("Command2");
     }
     EXPECT_FALSE(QFile::exists(file));
@@ -224,6 +226,7 @@ TEST_F(ImprimirTest, TheFileOfThePrintDialogIsWritten) {
     Press("mnuarchivonuevo");
     dialogs.ExpectPrinter([this](QPrinter& printer) {
         printer.setOutputFileName(file);
+        printer.setPageSize(QPageSize(QPageSize::A5));
         return true;
     });
     Press("mnuarchivoimprimir");
@@ -231,5 +234,7 @@ TEST_F(ImprimirTest, TheFileOfThePrintDialogIsWritten) {
     text->setPlainText(u"carta"_s);
     window->Show();
     Click("Command2");
-    EXPECT_TRUE(Output({}).contains(u"carta"_s));
+    EXPECT_EQ(Words().count(u"carta"_s), 1);
+    EXPECT_NEAR(Words().value(u"1"_s).right, 420, 1);
+    platform::KeepPrinterFile({});
 }
