@@ -8,7 +8,6 @@
 #include "platform/Twips.h"
 
 #include <QApplication>
-#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QListView>
@@ -17,7 +16,6 @@
 #include <QTreeView>
 #include <algorithm>
 #include <functional>
-#include <numeric>
 #include <span>
 #include <utility>
 #include <vector>
@@ -30,6 +28,7 @@ constexpr int kColumnPadding = 16; // pixels, around icon and name
 constexpr int kRowPadding = 4;     // pixels
 constexpr int kHeaderPadding = 4;  // pixels, over and below the text together
 constexpr size_t kMeasured = 256;  // names
+constexpr size_t kCharacters = 0x10000;
 
 bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -38,19 +37,18 @@ bool IsEnter(const QKeyEvent& event) {
 // The width of the widest name. To measure all of many takes long: those are measured whose
 // characters are widest one by one.
 int WidestName(const std::vector<ListItem>& items, const QFontMetrics& metrics) {
-    QHash<QChar, int> advances;
-    const auto advance = [&](QChar c) {
-        auto known = advances.find(c);
-        if (known == advances.end())
-            known = advances.insert(c, metrics.horizontalAdvance(c));
-        return *known;
-    };
+    std::vector<int> advances(kCharacters, -1);
     std::vector<std::pair<int, const ListItem*>> names;
     names.reserve(items.size());
     for (const ListItem& item : items) {
-        const QString shown = DisplayText(item.text);
-        names.emplace_back(
-            std::transform_reduce(shown.begin(), shown.end(), 0, std::plus(), advance), &item);
+        int width = 0;
+        for (const QChar c : item.text) {
+            int& advance = advances[c.unicode()];
+            if (advance < 0)
+                advance = metrics.horizontalAdvance(c);
+            width += advance;
+        }
+        names.emplace_back(width, &item);
     }
     const size_t measured = std::min(names.size(), kMeasured);
     std::ranges::nth_element(names, names.begin() + static_cast<std::ptrdiff_t>(measured),

@@ -53,11 +53,4 @@ TEST(DisposicionCabecera, TitlesAreShortenedToTheirRoom) {
     EXPECT_EQ(QString(), Recortar(QString(), -5, medir));
 }
 
-TEST(DisposicionCabecera, LooksFollowTheMouse) {
-    EXPECT_EQ(0, AspectoDe(false, false, true).izquierda);
-    EXPECT_EQ(0, AspectoDe(true, true, true).izquierda);
-    EXPECT_EQ(3, AspectoDe(true, false, false).izquierda);
-    EXPECT_EQ(6, AspectoDe(true, false, true).izquierda);
-}
-
 } // namespace

@@ -98,11 +98,6 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
     Open();
     EXPECT_EQ(Frame(), QString());
     EXPECT_TRUE(Names().contains(u"juegos"_s));
-    auto other = std::make_unique<explorer::clsListFile>(principal, *compartido.fso);
-    window->cFile(std::move(other));
-    QString path = u"C:\\otra"_s;
-    window->cFile()->changePath(path);
-    EXPECT_EQ(Frame(), path);
 }
 
 TEST_F(ExploradorTest, TheHeaderHasTheSkinOfTheProgramsFolder) {

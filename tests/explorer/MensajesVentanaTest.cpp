@@ -3,11 +3,9 @@
 #include "support/ScriptedDialogs.h"
 
 #include <QApplication>
-#include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTest>
-#include <QTreeWidget>
 #include <gtest/gtest.h>
 #include <memory_resource>
 #include <thread>
@@ -131,20 +129,6 @@ TEST_F(MensajesVentanaTest, TheOwnerPaintsInTheWindowsPlace) {
     const QImage both = pane->grab().toImage();
     EXPECT_EQ(both.pixelColor(4, 4), QColor(Qt::green));
     EXPECT_EQ(both.pixelColor(40, 40), QColor(Qt::blue));
-}
-
-TEST_F(MensajesVentanaTest, HeadersGoOnWorkingWhileWatched) {
-    QTreeWidget list;
-    list.setHeaderLabels({u"a"_s, u"b"_s});
-    list.header()->setSectionsClickable(true);
-    int pressed = 0;
-    QObject::connect(list.header(), &QHeaderView::sectionPressed, [&] { ++pressed; });
-    const HWnd header = HandleOf(list.header()->viewport());
-    ASSERT_TRUE(owner->layer.ssc_Subclass(header));
-    owner->layer.ssc_WatchMsg(header, ALL_MESSAGES, MSG_BEFORE_AFTER);
-    QTest::mousePress(list.header()->viewport(), Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_EQ(events.join(u' '), u"<132 >132 <513 >513"_s);
-    EXPECT_EQ(pressed, 1);
 }
 
 TEST_F(MensajesVentanaTest, ADestroyedWindowIsLeftWhateverTheOwnerSays) {

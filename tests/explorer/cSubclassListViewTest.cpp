@@ -112,23 +112,16 @@ TEST_F(CSubclassListViewTest, TheLooksFollowTheMouse) {
     EXPECT_EQ(Ends(), (QList{0, 0, 0}));
     Move(20);
     EXPECT_EQ(Ends(), (QList{60, 0, 0}));
-}
-
-TEST_F(CSubclassListViewTest, TheTimerGoesWithItsHeader) {
-    skin.SkinPicture(Skin());
-    Move(120);
-    ASSERT_EQ(Ends(), (QList{0, 60, 0}));
-    platform::ListView other;
-    other.AddColumnHeader({u"Nombre"_s, 1500});
+    platform::ListView other; // the timer goes with its header
     other.View(platform::ListDisplay::Report);
     other.move(500, 0);
     other.show();
     skin.SubClassListView(platform::HandleOf(&other));
     QTest::qWait(30);
-    Paints paints;
-    other.Header()->viewport()->installEventFilter(&paints);
+    Paints others;
+    other.Header()->viewport()->installEventFilter(&others);
     QTest::qWait(60);
-    EXPECT_EQ(paints.count, 0);
+    EXPECT_EQ(others.count, 0);
 }
 
 TEST_F(CSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
@@ -161,11 +154,5 @@ TEST_F(CSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
     QTest::qWait(1);
     EXPECT_EQ(paints.area, Viewport()->rect()); // the background doesn't scroll
     list.findChild<QTreeView*>()->horizontalScrollBar()->setValue(0);
-    const QImage header = Viewport()->grab().toImage();
-    EXPECT_NE(header.pixelColor(15, 15), QColor(Qt::green));
-    bool found = false;
-    for (int x = 0; x < 100; ++x)
-        for (int y = 0; y < 30; ++y)
-            found |= header.pixelColor(x, y).blue() > 200;
-    EXPECT_TRUE(found);
+    EXPECT_NE(Viewport()->grab().toImage().pixelColor(15, 15), QColor(Qt::green));
 }

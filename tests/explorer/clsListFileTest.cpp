@@ -8,7 +8,6 @@
 #include "support/TestHome.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QHeaderView>
 #include <QImage>
 #include <QListView>
@@ -78,12 +77,10 @@ protected:
         return Rows()->viewport()->grab().toImage().pixelColor(place.left() + 10,
                                                                place.center().y());
     }
-    void PutIcon(const char* name, Qt::GlobalColor color) {
+    static void PutIcon(const QString& name, Qt::GlobalColor color) {
         QImage image(16, 16, QImage::Format_RGB32);
         image.fill(color);
-        QBuffer file;
-        image.save(&file, "PNG");
-        home.Put(name, file.data());
+        image.save(name, "PNG");
     }
     void DoubleClick(const QString& name) {
         const QPoint place = Place(name).center();
@@ -158,10 +155,10 @@ TEST_F(ClsListFileTest, TheRowsOfAFolder) {
 TEST_F(ClsListFileTest, RowsShowTheIconsOfTheirKindAndRunDownAndThenAcross) {
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".tipo"_s, u"clase"_s);
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"clase\\DefaultIcon"_s, u"C:\\azul.ico"_s);
-    PutIcon("azul.ico", Qt::blue);
-    PutIcon("d/rojo.ico", Qt::red);
-    PutIcon("d/verde.ICO", Qt::green);
     Put("a.tipo", 0);
+    PutIcon(u"azul.ico"_s, Qt::blue);
+    PutIcon(u"d/rojo.ico"_s, Qt::red);
+    PutIcon(u"d/verde.ICO"_s, Qt::green);
     home.Put("d/a.raro", "\x89PNG\r\n\x1A\n");
     home.Put("d/b.raro", "un texto");
     home.Put("d/sub/x", {});
