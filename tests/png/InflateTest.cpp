@@ -85,9 +85,9 @@ TEST(InflateTest, FixedBlocksAndMatches) {
     stream.Fixed(true).Literals("b").Match(3, 2).End();
     EXPECT_EQ(Read(std::string(259, 'a') + "baba"), Inflated(stream.Take() + kChecksum));
     Stream wide;
-    wide.Fixed(true).Literals("x").Literal(285).Bits(697, 16).Code(0, 5).End();
+    wide.Fixed(true).Literals("x").Literal(285).Bits(704, 16).Code(0, 5).End();
     for (const std::string& behind : {kChecksum, kMore})
-        EXPECT_EQ(Read(std::string(701, 'x')), Inflated(wide.Take() + behind, 1000, true));
+        EXPECT_EQ(Read(std::string(708, 'x')), Inflated(wide.Take() + behind, 1000, true));
 }
 
 TEST(InflateTest, StoredBlocks) {
@@ -115,8 +115,8 @@ TEST(InflateTest, StoredBlocksAfterOthers) {
     for (int zeros = 0; zeros < 8; ++zeros) {
         Stream stream;
         LongCodes(stream).Bits(0, zeros).Bits(0x7FFF, 15).Fixed(false).Literals("b").End();
-        stream.Stored(false, "cd").Fixed(false).Literals("e").End().Fixed(true).End();
-        const std::string expected = std::string(size_t(zeros), '\0') + "bcde";
+        stream.Stored(false, "cd").Fixed(false).Literals("e").End().Fixed(true).Literals("f").End();
+        const std::string expected = std::string(size_t(zeros), '\0') + "bcdef";
         for (const std::string& behind : {kChecksum, kMore})
             EXPECT_EQ(Read(expected), Inflated(stream.Take() + behind)) << zeros;
     }

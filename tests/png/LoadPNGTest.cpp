@@ -186,6 +186,8 @@ TEST_F(LoadPNGTest, ColoursThatThePaletteLacksAreBlackAndKeysPastItAreIgnored) {
     plain[kSignature.size() + 18] = 1; // the compression method
     Open(plain);
     EXPECT_EQ(0x55, box.pixels[0]);
+    Open(file({0, 8, false, 1000, 300}, "", std::string(300300, '\0'))); // grows a thousandfold
+    EXPECT_EQ(4 * 1000 * 300U, box.pixels.size());
     // Filters that don't exist leave the row, and the next one builds on it.
     Open(file({0, 8, false, 1, 2}, "", "\x09\x40\x02\x01"));
     EXPECT_EQ(0x40, box.pixels[0]);
