@@ -103,7 +103,7 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
 TEST_F(ExploradorTest, TheHeaderHasTheSkinOfTheProgramsFolder) {
     QBuffer file;
     QPixmap skin(18, 25);
-    skin.fill(Qt::white);
+    skin.fill(Qt::black);
     ASSERT_TRUE(skin.save(&file, "BMP"));
     home.Put("programa/Skin.bmp", file.data());
     Open();
@@ -111,6 +111,22 @@ TEST_F(ExploradorTest, TheHeaderHasTheSkinOfTheProgramsFolder) {
     EXPECT_EQ(list->View(), platform::ListDisplay::List);
     list->View(platform::ListDisplay::Report);
     EXPECT_EQ(list->Header()->height(), 25);
+    window->setColumnHeader(u"C:\\programa\\Skin.bmp"_s, 0xFF0000, 0x00FF00);
+    QWidget* header = list->Header()->viewport();
+    // How many pixels have the normal colour, and how many that under the mouse.
+    const auto pixels = [header] {
+        const QImage image = header->grab().toImage();
+        std::pair<int, int> found;
+        for (int i = 0; i < image.width() * image.height(); ++i) {
+            const QColor color = image.pixelColor(i % image.width(), i / image.width());
+            found.first += color.blue() > 100;
+            found.second += color.green() > 100;
+        }
+        return found;
+    };
+    EXPECT_TRUE(pixels().first > 0 && pixels().second == 0);
+    QTest::mouseMove(header, {20, 5});
+    EXPECT_TRUE(pixels().first > 0 && pixels().second > 0);
     window->Unload();
     home.Put("programa/Skin.bmp", "BM");
     Open();

@@ -163,6 +163,8 @@ TEST_F(ClsListFileTest, RowsShowTheIconsOfTheirKindAndRunDownAndThenAcross) {
     home.Put("d/b.raro", "un texto");
     home.Put("d/sub/x", {});
     home.Put("d/MANUAL DE MAGOS", {});
+    home.Put("d/igual", {});
+    home.Put("d/iguaL", {});
     for (int i = 0; i < 300; ++i)
         home.Put("d/iiiiiiiiiiiiiiiiiiii." + std::to_string(i), {});
     lista->Listar(u"C:\\d"_s);
@@ -173,6 +175,7 @@ TEST_F(ClsListFileTest, RowsShowTheIconsOfTheirKindAndRunDownAndThenAcross) {
               platform::FileIcon(platform::ProgramFolder()).pixmap(16).toImage());
     EXPECT_NE(Icon(u"sub"_s), view.BackColor());
     EXPECT_EQ(view.Icons(), &grandes);
+    EXPECT_LT(Names().indexOf(u"iguaL"_s), Names().indexOf(u"igual"_s)); // but for case the same
     for (const platform::ImageList* images : {&pequenas, &grandes}) {
         EXPECT_EQ(images->BackColor(), view.BackColor());
         EXPECT_EQ(images->MaskColor(), view.BackColor());
