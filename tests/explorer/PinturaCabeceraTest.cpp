@@ -16,8 +16,8 @@ EstadoCabecera Estado(int columnaActiva) {
             skin.setPixelColor(x, y, QColor(x / 4 * 20, 0, 0));
     EstadoCabecera estado;
     estado.PonerSkin(QPixmap::fromImage(skin));
-    estado.TextNormalColor = 0xFF0000;
-    estado.TextResalteColor = 0x00FF00;
+    estado.TextNormalColor = 0xC00000;
+    estado.TextResalteColor = 0x00C000;
     estado.tamanoIcono = QSize(8, 8);
     estado.columnaActiva = columnaActiva;
     return estado;
@@ -36,7 +36,7 @@ QRect Tinta(const QImage& imagen, int (QColor::*parte)() const) {
     QRect tinta;
     for (int x = 0; x < imagen.width(); ++x)
         for (int y = 0; y < imagen.height(); ++y)
-            if ((imagen.pixelColor(x, y).*parte)() > 60)
+            if ((imagen.pixelColor(x, y).*parte)() > 100)
                 tinta |= QRect(x, y, 1, 1);
     return tinta;
 }
