@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Failure.h"
 #include "support/MainWindow.h"
 
 using namespace Qt::StringLiterals;
@@ -32,6 +33,7 @@ TEST_F(ArchivosTest, AScriptKeepsTheFileItWasSavedTo) {
     EXPECT_EQ(Active()->Caption(), u"otro.qmk"_s);
     saveAs("mnuarchivocomo", QString());
     saveAs("mnuarchivocomo", u"C:\\no\\hay.qmk"_s); // fails, and leaves name and path
+    EXPECT_THROW(Active()->Abrir(u"C:\\no.lua"_s), platform::Failure); // so does this
     Type(u"4"_s);
     dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
     Active()->Unload();

@@ -188,27 +188,6 @@ TEST_F(frmDocumentoTest, CancelKeepsItAndNoClosesOnce) {
     EXPECT_TRUE(compartido.texto_script.Leer().startsWith(u"xwhile"_s));
 }
 
-TEST_F(frmDocumentoTest, YesAsksForANameAndWrites) {
-    Cambiar(u"ñ"_s);
-    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
-    dialogs.ExpectName(u"C:\\juego"_s);
-    EXPECT_TRUE(documento->Unload());
-    EXPECT_TRUE(home.Get("juego").startsWith("\xF1while true do\rscreen"));
-    EXPECT_EQ(dialogs.questions[0].filters[0].name, u"Archivos .qmk"_s);
-    EXPECT_EQ(dialogs.questions[0].filters[0].pattern, u"*.qmk"_s);
-}
-
-TEST_F(frmDocumentoTest, YesWritesToTheFileItCameFrom) {
-    documento->Abrir(home.Put("lejos/juego.lua", "print(1)"));
-    documento->Caption(u"juego.lua"_s);
-    Cambiar(u"-"_s);
-    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
-    EXPECT_THROW(documento->Abrir(u"C:\\no.lua"_s), platform::Failure);
-    EXPECT_TRUE(documento->Unload());
-    EXPECT_EQ(home.Get("lejos/juego.lua"), "-print(1)");
-    EXPECT_FALSE(std::filesystem::exists(home.Root() / "juego.lua"));
-}
-
 TEST_F(frmDocumentoTest, AFailedOrForsakenSaveDoesNotStopTheClosing) {
     Cambiar(u"x"_s);
     dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
