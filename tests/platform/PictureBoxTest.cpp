@@ -121,11 +121,11 @@ TEST_F(PictureBoxTest, MouseAndKeysMoveAndClick) {
                                         {Qt::Key_Right, Qt::ShiftModifier},
                                         {Qt::Key_Space, Qt::NoModifier}})
         QTest::keyClick(&box, key, modifier);
-    QTest::mouseMove(&box, {7, 3});
+    QTest::mouseMove(&box, {9, 3});
     QTest::mouseClick(&box, Qt::LeftButton, {}, {7, 3});
     QTest::mouseClick(&box, Qt::RightButton, {}, {7, 3});
     QTest::mousePress(&box, Qt::LeftButton, {}, {7, 3});
     QTest::mouseRelease(&box, Qt::LeftButton, {}, {70, 3});
-    EXPECT_EQ(told.toStdString(), " 30,30 30,180 0,180 0,165 150,165 150,165 clic 150,165 90,30 "
-                                  "clic 90,30");
+    EXPECT_EQ(told.toStdString(), " 30,30 30,180 0,180 0,165 150,165 150,165 clic 150,165 120,30 "
+                                  "90,30 clic 90,30 90,30 90,30");
 }
