@@ -100,6 +100,8 @@ TEST_F(SystemTest, SocketsTalkWithoutWaiting) {
         server:close()
         local nobody = Socket.connect("127.0.0.1", port)
         said(nobody, "nadie atiende en ese puerto")
+        nobody = Socket.connect("255.255.255.255", 9)
+        assert(select(2, nobody:isConnected()) ~= "error de red 0")
         assert(not nobody:isConnected() and not pcall(nobody.send, nobody, {}))
 
         for _, bad in ipairs{{"", 80}, {"x", 0}, {"x", 65536}, {"x", 0/0}, {"x\0y", 80}, {}} do
