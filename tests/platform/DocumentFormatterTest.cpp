@@ -54,6 +54,15 @@ TEST(DocumentFormatter, CellsOfATableAreLinesOfTheirOwn) {
     EXPECT_GE(Pages(document, 9000, 400).size(), 6);
 }
 
+TEST(DocumentFormatter, TheDistanceOfTabsIsTheDocuments) {
+    QTextDocument document(u"\ta "_s.repeated(30));
+    const auto narrow = Pages(document, 9000, 400).size();
+    QTextOption option;
+    option.setTabStopDistance(300);
+    document.setDefaultTextOption(option);
+    EXPECT_GT(Pages(document, 9000, 400).size(), narrow);
+}
+
 TEST(DocumentFormatter, NothingIsDrawnWhereThereIsNoRoom) {
     QTextDocument document(u"a"_s);
     EXPECT_TRUE(Pages(document, -1, 9000).empty());

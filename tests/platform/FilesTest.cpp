@@ -3,6 +3,7 @@
 #include "platform/CopyFile.h"
 #include "platform/Failure.h"
 #include "platform/FileSystemObject.h"
+#include "platform/FindFile.h"
 #include "support/TestHome.h"
 
 #include <csignal>
@@ -97,6 +98,9 @@ TEST_F(FilesTest, WhatIsDoneIsOnTheDisk) {
         work();
         EXPECT_EQ(Asked().join(u' ').toStdString(), asked);
     }
+    fs::create_symlink("nada", home.Root() / "z");
+    for (const FoundFile& found : FindFiles(u"C:\\"_s, 99).value())
+        EXPECT_GT(found.lastWriteTime, 0) << found.name.toStdString(); // of a link itself, too
     EXPECT_EQ(ReadFileHead(a, 2) + ReadFileHead(a, 9), "trtres");
     EXPECT_GT(ReadFile(u"Z:\\proc\\self\\status"_s).size(), 100); // made as it is read
 }

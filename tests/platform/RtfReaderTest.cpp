@@ -53,6 +53,7 @@ TEST(RtfReader, TellsTheTextFromTheRest) {
          u"{\\} \u00AD\u2011—–‘’“”•."_s},
         {"\\'e1\\'80\xF1\\'zz", u"á€ñzz"_s},
         {"\\ansicpg1251 \\'cf", u"П"_s},
+        {"\\ansicpg65001 \\'c3\\'a1\\'e2\\'82\\'ac", u"á€"_s},
         {"{\\fonttbl\\f0\\fcharset128 A;\\f1\\fcharset2 B;\\f2\\fcharset0 C;}\\ansicpg1251"
          "\\f0 \\'93\\'fa{\\f1\\'b7}{\\f2\\'e1}\\f3\\'e1",
          u"日•áб"_s},
@@ -95,6 +96,9 @@ TEST(RtfReader, GivesCharactersTheirLook) {
 }
 
 TEST(RtfReader, GivesParagraphsTheirLook) {
+    QTextDocument empty; // the mark alone makes its lines high
+    ReadRtf("{\\rtf1\\fs96\\par\\fs20 a}", empty);
+    EXPECT_EQ(empty.firstBlock().charFormat().fontPointSize(), 48);
     const auto hanging = ParagraphOf("\\qc\\li720\\ri300\\fi-360\\sa60\\par\\sb150\\tqr\\tx1440 a");
     EXPECT_EQ(hanging.alignment(), Qt::AlignHCenter);
     EXPECT_EQ(hanging.leftMargin(), 48);
