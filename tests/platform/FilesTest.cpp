@@ -83,6 +83,7 @@ TEST_F(FilesTest, WhatIsDoneIsOnTheDisk) {
     const std::pair<std::function<void()>, const char*> works[] = {
         {[&] { WriteFile(a, "uno"); }, "archivo nombre carpeta"},
         {[&] { WriteFile(a, "dos"); }, "archivo nombre carpeta"},
+        {[] { ReplaceFile(u"C:\\nuevo.lua"_s, "x"); }, "archivo nombre carpeta"},
         {[&] { ReplaceFile(a, "tres"); }, "archivo nombre carpeta"},
         {[&] {
              CopyFileExA(
