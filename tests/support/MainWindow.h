@@ -54,11 +54,11 @@ protected:
     // A player that copies the script to "visto", in the place of the one that comes with the
     // program.
     void PutPlayer() {
-        home.Put("programa/QM/luaplayer", "#!/bin/sh\n"
-                                          "echo $QUILLMARK_SCRIPT_FOLDER $QUILLMARK_SCRIPT_NAME"
-                                          " >\"$HOME/entorno\"\n"
-                                          "cp \"$1\" \"$HOME/visto.new\"\n"
-                                          "mv \"$HOME/visto.new\" \"$HOME/visto\"\n");
+        // Each file comes whole, as a second run may follow before the first one is done.
+        home.Put("programa/QM/luaplayer",
+                 "#!/bin/sh\ncd \"$HOME\"\n"
+                 "echo $QUILLMARK_SCRIPT_FOLDER $QUILLMARK_SCRIPT_NAME >e$$\n"
+                 "mv e$$ entorno\ncp \"$1\" v$$\nmv v$$ visto\n");
         std::filesystem::permissions(home.Root() / "programa/QM/luaplayer",
                                      std::filesystem::perms::owner_all);
     }
