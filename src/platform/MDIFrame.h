@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Form.h"
+#include "platform/KeyRepeat.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -71,6 +72,7 @@ private:
     void ScrollTo(const QMdiSubWindow& child);
     std::vector<QMdiSubWindow*> Shells(bool minimised) const;
 
+    KeyRepeat m_keyRepeat;
     QMdiArea* m_area;
     std::vector<Form*> m_forms;
     QString m_caption;

@@ -240,6 +240,21 @@ TEST_F(MDIForm1Test, TheMenuHasItsKeysWhileTheEditorHasTheFocus) {
     principal.FrmDoc->flagGuardar = false;
 }
 
+TEST_F(MDIForm1Test, AHeldKeyMakesOneDocument) {
+    // The toolkit has seen a new press, but at the time of the release.
+    for (const quint64 when : {1000, 1030}) {
+        QKeyEvent press(QEvent::ShortcutOverride, Qt::Key_N, Qt::ControlModifier);
+        press.setTimestamp(when);
+        QApplication::sendEvent(&principal, &press);
+        QShortcutEvent shortcut(QKeySequence(u"Ctrl+N"_s), 0);
+        QApplication::sendEvent(Entrada("mnuarchivonuevo"), &shortcut);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_N, Qt::ControlModifier);
+        release.setTimestamp(1030);
+        QApplication::sendEvent(&principal, &release);
+    }
+    EXPECT_EQ(compartido.numero_documentos, 1);
+}
+
 TEST_F(MDIForm1Test, CerrarTodasGoesOnBehindACancel) {
     for (int i = 0; i < 3; ++i) {
         Press("mnuarchivonuevo");
