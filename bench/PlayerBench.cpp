@@ -24,7 +24,7 @@ using Sprite = std::vector<Uint32>;
 
 Sprite Noise() {
     std::mt19937 random(1);
-    Sprite sprite(kSide * kSide);
+    Sprite sprite(size_t{kSide} * kSide);
     std::generate(sprite.begin(), sprite.end(), [&] { return static_cast<Uint32>(random()); });
     return sprite;
 }
@@ -32,7 +32,9 @@ Sprite Noise() {
 Sprite Disc() {
     Sprite sprite;
     for (int i = 0; i < kSide * kSide; ++i) {
-        const double away = std::hypot(i % kSide - 15.5, i / kSide - 15.5);
+        const int x = i % kSide;
+        const int y = i / kSide;
+        const double away = std::hypot(x - 15.5, y - 15.5);
         sprite.push_back(static_cast<Uint32>(std::clamp(15.5 - away, 0.0, 2.0) * 127) << 24 |
                          0xFF8040);
     }

@@ -46,7 +46,8 @@ Canvas Photograph(int width, int height, Random& random) {
                     const int column = int(u), line = int(v);
                     const float a = u - float(column), b = v - float(line);
                     const auto at = [&](int i, int j) {
-                        return grid[size_t((line + j) % kGrid * kGrid + (column + i) % kGrid)];
+                        const int row = (line + j) % kGrid;
+                        return grid[size_t(row) * kGrid + size_t((column + i) % kGrid)];
                     };
                     sum += weight * ((at(0, 0) * (1 - a) + at(1, 0) * a) * (1 - b) +
                                      (at(0, 1) * (1 - a) + at(1, 1) * a) * b);
@@ -134,7 +135,7 @@ Canvas Sprites(int width, int height, Random& random) {
 }
 
 struct Format {
-    int type;
+    int type = 0;
     int depth = 8;
     int filters = PNG_ALL_FILTERS;
     bool laced = false;
@@ -187,10 +188,10 @@ std::string Written(Canvas& canvas, const Format& format, Random& random) {
                  format.type, format.laced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE,
                  PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     if (format.type == PNG_COLOR_TYPE_PALETTE) {
-        std::vector<png_color> palette;
+        std::array<png_color, 216> palette;
         for (int i = 0; i < 216; ++i)
-            palette.push_back(
-                {png_byte(i / 36 * 51), png_byte(i / 6 % 6 * 51), png_byte(i % 6 * 51)});
+            palette[size_t(i)] = {png_byte(i / 36 * 51), png_byte(i / 6 % 6 * 51),
+                                  png_byte(i % 6 * 51)};
         png_set_PLTE(writer, info, palette.data(), int(palette.size()));
     }
     png_write_info(writer, info);
