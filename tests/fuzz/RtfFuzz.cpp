@@ -8,25 +8,17 @@
 #include <QTextDocument>
 #include <cstdlib>
 
-namespace {
-
-void StartToolkit() {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int count = 1;
-    static char name[] = "rtf_fuzz";
-    static char* arguments[] = {name, nullptr};
-    static const QGuiApplication application(count, arguments);
-}
-
-} // namespace
-
 // The library that looks for fonts keeps what it found.
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libfontconfig";
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
-    StartToolkit();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int count = 1;
+    static char name[] = "rtf_fuzz";
+    static char* arguments[] = {name, nullptr};
+    static const QGuiApplication application(count, arguments);
     const QByteArrayView bytes(data, static_cast<qsizetype>(size));
     QTextDocument document(QStringLiteral("antes"));
     const auto result = platform::ReadRtf(bytes, document);
@@ -35,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
         std::abort();
     if (text.size() > bytes.size() + 8)
         std::abort();
-    if (size % 16 == 0) { // slow
+    if (size % 4 == 0) { // slow
         document.setPageSize({500, 700});
         document.documentLayout()->documentSize();
     }

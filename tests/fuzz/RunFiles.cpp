@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Stands in for libFuzzer where the compiler has none: TARGET FOLDER gives the target each file of
 // the folder, whole and cut at every eighth of its length.
-#include <cstddef>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -10,11 +8,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size);
 
-int main(int count, char* arguments[]) {
-    if (count != 2) {
-        std::fputs("usage: TARGET FOLDER\n", stderr);
-        return 2;
-    }
+int main(int, char* arguments[]) {
     size_t files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(arguments[1])) {
         std::ifstream file(entry.path(), std::ios::binary);
@@ -26,6 +20,5 @@ int main(int count, char* arguments[]) {
         }
         ++files;
     }
-    std::printf("%zu files\n", files);
     return files == 0 ? 1 : 0;
 }

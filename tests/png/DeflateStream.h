@@ -2,11 +2,13 @@
 #pragma once
 
 #include "png/CodeTable.h"
+#include "png/Inflate.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
-#include <initializer_list>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -42,42 +44,33 @@ public:
     /// A match in the fixed codes. The symbols are reckoned, for the reader has tables of them.
     Stream& Match(uint32_t length, uint32_t distance) {
         const Part back = PartOf(distance - 1, 1);
-        if (length == 258)
-            return Literal(285).Code(back.symbol, 5).Bits(back.value, back.bits);
-        const Part size = PartOf(length - 3, 2);
+        const Part size = length == 258 ? Part{28, 0, 0} : PartOf(length - 3, 2);
         return Literal(257 + size.symbol)
             .Bits(size.value, size.bits)
             .Code(back.symbol, 5)
             .Bits(back.value, back.bits);
     }
-    Stream& Stored(bool last, const std::string& bytes) {
-        return Stored(last, bytes, uint32_t(bytes.size()), ~uint32_t(bytes.size()));
-    }
-    Stream& Stored(bool last, const std::string& bytes, uint32_t length, uint32_t complement) {
+    /// The complement of the length is wrong by some bits.
+    Stream& Stored(bool last, const std::string& bytes, uint32_t wrong = 0) {
         Bits(last, 1).Bits(0, 2);
         m_count = m_bytes.size() * 8;
-        Bits(length, 16).Bits(complement, 16);
+        Bits(uint32_t(bytes.size()), 16).Bits(~uint32_t(bytes.size()) ^ wrong, 16);
         for (const char byte : bytes)
             Bits(static_cast<unsigned char>(byte), 8);
         return *this;
     }
-    /// The head of a dynamic block with the lengths of its codes, each in 4 bits.
-    Stream& Codes(bool last, const std::vector<uint8_t>& literals,
-                  const std::vector<uint8_t>& distances) {
-        Bits(last, 1).Bits(2, 2).Bits(uint32_t(literals.size()) - 257, 5);
-        Bits(uint32_t(distances.size()) - 1, 5).Bits(15, 4).Bits(0, 9); // not 16, 17, 18
-        for (int length = 0; length < 16; ++length)
-            Bits(4, 3);
-        for (const auto* lengths : {&literals, &distances}) {
-            for (const uint8_t length : *lengths)
-                Code(length, 4);
-        }
+    /// The head of a dynamic block with the lengths of its codes, 257 of them for literals.
+    Stream& Codes(bool last, const std::vector<uint8_t>& lengths) {
+        std::vector<uint32_t> direct(19, 4);
+        std::fill_n(direct.begin(), 3, 0); // not 16, 17, 18
+        Dynamic(last, lengths.size() - 257, direct);
+        for (const uint8_t length : lengths)
+            Code(length, 4);
         return *this;
     }
     /// The head of a dynamic block: the lengths of the code length codes, in their order.
-    Stream& Dynamic(uint32_t literals, uint32_t distances,
-                    std::initializer_list<uint32_t> lengths) {
-        Bits(1, 1).Bits(2, 2).Bits(literals - 257, 5).Bits(distances - 1, 5);
+    Stream& Dynamic(bool last, size_t distances, const std::vector<uint32_t>& lengths) {
+        Bits(last, 1).Bits(2, 2).Bits(0, 5).Bits(uint32_t(distances) - 1, 5);
         Bits(uint32_t(lengths.size()) - 4, 4);
         for (const uint32_t length : lengths)
             Bits(length, 3);
@@ -98,6 +91,41 @@ private:
 
     std::string m_bytes;
     size_t m_count = 0;
+};
+
+/// What one call of Inflate leaves behind.
+struct Outcome {
+    std::string data;
+    int32_t result = 0;
+    std::string message;
+    bool operator==(const Outcome&) const = default;
+};
+
+/// An inflater for each of the loops, which must agree; it keeps what it keeps between streams.
+class Loops {
+public:
+    Loops() {
+        m_inflaters[1].Use(png::Inflater::Loop::Portable);
+        m_inflaters[2].Use(png::Inflater::Loop::Plain);
+    }
+    /// None if they don't agree.
+    std::optional<Outcome> Decoded(const std::string& stream, int32_t expected, bool wide = false) {
+        std::array<Outcome, 3> outcomes;
+        for (size_t i = 0; i < outcomes.size(); ++i) {
+            Outcome& outcome = outcomes[i];
+            m_inflaters[i].MessageBox([&](const std::string& text) { outcome.message = text; });
+            png::Bytes data({reinterpret_cast<const uint8_t*>(stream.data()), stream.size()});
+            int32_t room = expected;
+            m_inflaters[i].Inflate(data, room, wide, outcome.result);
+            outcome.data.assign(data.begin(), data.end());
+        }
+        if (outcomes[0] != outcomes[1] || outcomes[0] != outcomes[2])
+            return std::nullopt;
+        return outcomes[0];
+    }
+
+private:
+    std::array<png::Inflater, 3> m_inflaters;
 };
 
 } // namespace recipes

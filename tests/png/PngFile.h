@@ -6,12 +6,13 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
+#include <memory>
+#include <png.h>
 #include <random>
 #include <string>
 #include <sys/mman.h>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 #include <zlib.h>
@@ -31,19 +32,22 @@ inline std::string Chunk(const std::string& type, const std::string& data) {
     return Long(uint32_t(data.size())) + body + Long(uint32_t(crc));
 }
 
-inline std::string Deflated(const std::string& bytes, int level = 6,
-                            int strategy = Z_DEFAULT_STRATEGY) {
-    z_stream stream{};
-    deflateInit2(&stream, level, Z_DEFLATED, 15, 8, strategy);
-    std::string packed(deflateBound(&stream, uLong(bytes.size())), '\0');
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-    stream.avail_in = uInt(bytes.size());
-    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-    stream.avail_out = uInt(packed.size());
-    deflate(&stream, Z_FINISH);
-    packed.resize(stream.total_out);
-    deflateEnd(&stream);
+inline std::string Deflated(const std::string& bytes, int level = 6) {
+    uLong size = compressBound(uLong(bytes.size()));
+    std::string packed(size, '\0');
+    compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
+              reinterpret_cast<const Bytef*>(bytes.data()), uLong(bytes.size()), level);
+    packed.resize(size);
     return packed;
+}
+
+/// Bytes with many repetitions.
+inline std::string Repetitive(size_t size, uint32_t letters, std::mt19937& random) {
+    std::string text(size, '\0');
+    for (size_t i = 0; i < size; ++i)
+        text[i] = char(i > 40 && random() % 4 != 0 ? text[i - 1 - random() % 2 * 37]
+                                                   : random() % letters);
+    return text;
 }
 
 /// Colour type and depth of every kind of picture.
@@ -61,30 +65,24 @@ struct Kind {
     int Channels() const { return type == 2 ? 3 : type == 4 ? 2 : type == 6 ? 4 : 1; }
 };
 
-inline std::string Ihdr(const Kind& kind) {
-    return Chunk("IHDR", Long(kind.width) + Long(kind.height) +
-                             std::string{char(kind.depth), char(kind.type), 0, 0, kind.laced});
+/// A file with these chunks behind the header, and its image data in several.
+inline std::string File(const Kind& kind, const std::string& chunks, const std::string& data) {
+    const size_t half = data.size() / 2;
+    const std::string header = Long(kind.width) + Long(kind.height) +
+                               std::string{char(kind.depth), char(kind.type), 0, 0, kind.laced};
+    return kSignature + Chunk("IHDR", header) + chunks + Chunk("IDAT", data.substr(0, half)) +
+           Chunk("IDAT", "") + Chunk("IDAT", data.substr(half)) + kEnd;
 }
 
 /// Stored rows of any content: whatever their bytes are, they are the filtered rows of a picture.
 /// A filter of 5 stands for a mixture.
 inline std::string Rows(const Kind& kind, int filter, std::mt19937& random) {
-    static constexpr uint32_t kStart[7][2] = {{0, 0}, {4, 0}, {0, 4}, {2, 0},
-                                              {0, 2}, {1, 0}, {0, 1}};
-    static constexpr uint32_t kStep[7][2] = {{8, 8}, {8, 8}, {4, 8}, {4, 4},
-                                             {2, 4}, {2, 2}, {1, 2}};
     std::string rows;
     for (int pass = kind.laced ? 0 : 6; pass < 7; ++pass) {
-        const auto lines = [&](uint32_t side, int axis) {
-            const uint32_t start = kind.laced ? kStart[pass][axis] : 0;
-            const uint32_t step = kind.laced ? kStep[pass][axis] : 1;
-            return side > start ? (side - start + step - 1) / step : 0;
-        };
-        const uint32_t columns = lines(kind.width, 0);
-        if (columns == 0)
-            continue;
+        const uint32_t columns = kind.laced ? PNG_PASS_COLS(kind.width, pass) : kind.width;
+        const uint32_t lines = kind.laced ? PNG_PASS_ROWS(kind.height, pass) : kind.height;
         const size_t length = (size_t(columns) * size_t(kind.Channels() * kind.depth) + 7) / 8;
-        for (uint32_t y = 0; y < lines(kind.height, 1); ++y) {
+        for (uint32_t y = 0; y < lines && columns > 0; ++y) {
             rows += char(filter < 5 ? uint32_t(filter) : random() % 5);
             for (size_t i = 0; i < length; ++i)
                 rows += char(random() % 3 == 0 ? random() : 255);
@@ -93,36 +91,32 @@ inline std::string Rows(const Kind& kind, int filter, std::mt19937& random) {
     return rows;
 }
 
-inline std::string Palette(int depth, std::mt19937& random) {
-    std::string palette;
-    for (int i = 0; i < 3 << depth; ++i)
-        palette += char(random());
-    return Chunk("PLTE", palette);
-}
-
-/// Some pixels of the picture are transparent with it.
-inline std::string Trns(const Kind& kind, std::mt19937& random) {
-    if (kind.type == 3)
-        return Chunk("tRNS", std::string(size_t(1) << (kind.depth - 1), char(random())));
-    const int key = kind.depth == 16 ? 0xFFFF : (1 << kind.depth) - 1;
-    std::string sample{char(key >> 8), char(key)};
-    return Chunk("tRNS", kind.type == 0 ? sample : sample + sample + sample);
+/// The palette of a picture that needs one, and what makes some pixels transparent without a
+/// channel for that.
+inline std::string Colors(const Kind& kind, std::mt19937& random) {
+    if (kind.type > 3)
+        return "";
+    if (kind.type < 3) {
+        const int key = kind.depth == 16 ? 0xFFFF : (1 << kind.depth) - 1;
+        const std::string sample{char(key >> 8), char(key)};
+        return Chunk("tRNS", kind.type == 0 ? sample : sample + sample + sample);
+    }
+    std::string palette(size_t(3) << kind.depth, '\0');
+    std::ranges::generate(palette, [&] { return char(random()); });
+    return Chunk("PLTE", palette) +
+           Chunk("tRNS", std::string(size_t(1) << (kind.depth - 1), char(random())));
 }
 
 /// A file in memory that has a name as long as the object lives.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::string& bytes) : m_file(memfd_create("png", 0)) {
-        if (m_file < 0 || write(m_file, bytes.data(), bytes.size()) != ssize_t(bytes.size()))
+struct TemporaryFile {
+    explicit TemporaryFile(const std::string& bytes) {
+        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
             std::abort();
+        std::fflush(file.get());
     }
-    ~TemporaryFile() { close(m_file); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    std::string Name() const { return "/proc/self/fd/" + std::to_string(m_file); }
-
-private:
-    int m_file;
+    std::string Name() const { return "/proc/self/fd/" + std::to_string(fileno(file.get())); }
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file{fdopen(memfd_create("png", 0), "w"),
+                                                         std::fclose};
 };
 
 /// A box on a plain buffer of blue, green, red, 255; 15 twips are a pixel.
@@ -153,9 +147,8 @@ public:
     void Cls() override { std::fill(pixels.begin(), pixels.end(), uint8_t{0}); }
     void StretchBlt(int x, int y, int width, int height, const png::Bitmap& source, int sourceWidth,
                     int sourceHeight) override {
-        painted = width == sourceWidth && height == sourceHeight; // nothing is ever scaled
+        m_unscaled = width == sourceWidth && height == sourceHeight; // as always
         drawn = {width, height};
-        bits = source.Header().BitCount;
         std::vector<uint8_t> row(4 * size_t(source.Width()));
         for (int line = 0; line < std::min(source.Height(), Lines() - y); ++line) {
             source.CopyRow(line, row.data());
@@ -172,10 +165,11 @@ public:
         }
         return true;
     }
-    void PictureFromImage() override { kept = true; }
+    void PictureFromImage() override { painted = m_unscaled; }
 
     int Columns() const { return std::max(0, m_width - 2 * m_border); }
     int Lines() const { return std::max(0, m_height - 2 * m_border); }
+    std::pair<int, int> Size() const { return {Columns(), Lines()}; }
     std::vector<uint8_t>::iterator At(int x, int y) {
         return pixels.begin() + 4 * (ptrdiff_t(y) * Columns() + x);
     }
@@ -186,13 +180,12 @@ public:
     bool topLevel = false;
     bool painted = false;
     std::pair<int, int> drawn;
-    bool kept = false;
-    int bits = 0;
 
 private:
     static double In(png::ScaleMode unit) { return unit == png::ScaleMode::Twips ? 15 : 1; }
     void Fit() { pixels.resize(size_t(4) * size_t(Columns()) * size_t(Lines())); }
 
+    bool m_unscaled = false;
     int m_border;
     int m_width;
     int m_height;
