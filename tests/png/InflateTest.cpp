@@ -154,32 +154,31 @@ TEST(InflateTest, DamagedBlocksKeepWhatCameBefore) {
 }
 
 TEST(InflateTest, CodesThatCannotBeBuiltLeaveTheStream) {
-    // The lengths of the codes of a, b and the end.
+    // The lengths of the codes of a, b and the end; then one literal and the end.
     const auto codes = [](uint8_t a, uint8_t b, uint8_t end, size_t distances) {
         std::vector<uint8_t> lengths(257);
         lengths['a'] = a, lengths['b'] = b, lengths[256] = end;
         lengths.resize(257 + distances, 1);
-        return Stream().Codes(true, lengths).Bits(2, 2); // one literal and the end
+        return Stream().Codes(true, lengths).Bits(2, 2);
     };
-    const std::string behind(400, '\0');
-    EXPECT_EQ(Read("a"), Inflated(codes(1, 0, 1, 2).Take() + behind));
-    // Code length symbols, as the order 16, 17, 18, 0, ... has them: too few, too many; then 16
-    // comes first, or 18 leads past the end.
-    const auto heads = [](uint32_t first, uint32_t third, uint32_t fourth, uint32_t last) {
+    // The lengths of the codes for 16, 18, 0 and 1 in a code of lengths.
+    const auto head = [](uint32_t repeat, uint32_t nulls, uint32_t zero, uint32_t one) {
         std::vector<uint32_t> lengths(18);
-        lengths[0] = first, lengths[2] = third, lengths[3] = fourth, lengths[17] = last;
+        lengths[0] = repeat, lengths[2] = nulls, lengths[3] = zero, lengths[17] = one;
         return Stream().Dynamic(true, 2, lengths);
     };
-    Stream few = heads(0, 2, 0, 1);
+    Stream few = head(0, 2, 0, 1);
     few.Bits(0, 1).Code(2, 2).Bits(127, 7).Code(2, 2).Bits(106, 7).Bits(0, 3).Bits(2, 2);
-    const Stream past = heads(1, 1, 0, 0).Bits(1, 1).Bits(127, 7).Bits(1, 1).Bits(127, 7);
-    for (const Stream& stream :
-         {codes(1, 0, 1, 1), codes(1, 0, 1, 3), codes(1, 1, 1, 2), codes(2, 0, 1, 2), few,
-          heads(0, 1, 1, 1), heads(1, 1, 0, 0).Bits(0, 8), past}) {
+    const Stream first = head(1, 1, 0, 0).Bits(0, 8); // nothing to repeat
+    const Stream past = head(1, 1, 0, 0).Bits(1, 1).Bits(127, 7).Bits(1, 1).Bits(127, 7);
+    const std::string behind(400, '\0');
+    for (const Stream& stream : {codes(1, 0, 1, 1), codes(1, 0, 1, 3), codes(1, 1, 1, 2),
+                                 codes(2, 0, 1, 2), few, head(0, 1, 1, 1), first, past}) {
         const std::string bytes = stream.Take() + behind;
         EXPECT_EQ((Outcome{bytes, 0, "Error in tree creation (Static)"}), Inflated(bytes));
     }
-    EXPECT_EQ(Read("", -1), Inflated(past.Take().substr(0, 9))); // it only ends early
+    EXPECT_EQ(Read("a"), Inflated(codes(1, 0, 1, 2).Take() + behind)); // such ones can
+    EXPECT_EQ(Read("", -1), Inflated(past.Take().substr(0, 9)));       // it only ends early
 }
 
 // Streams by zlib, whole, cut, changed, and read with a buffer too small for them; the same objects

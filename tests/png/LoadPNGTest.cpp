@@ -3,7 +3,6 @@
 #include "PngFile.h"
 #include "png/CBitmap.h"
 
-#include <cstdio>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -16,13 +15,18 @@ using Pixels = std::vector<uint8_t>;
 // Where the last byte of the first chunk stands, which is the header.
 constexpr size_t kInterlacing = 28;
 
+std::string WithByte(std::string file, size_t at, int value) {
+    file[at] = char(value);
+    return file;
+}
+
 // The file's pixels as red, green, blue, alpha, by libpng.
 Pixels Reference(const std::string& file) {
     png_structp reader = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
     png_infop info = png_create_info_struct(reader);
-    const TemporaryFile temporary(file);
-    std::FILE* source = std::fopen(temporary.Name().c_str(), "rb");
-    png_init_io(reader, source);
+    const TemporaryFile source(file);
+    std::rewind(source.file.get());
+    png_init_io(reader, source.file.get());
     png_set_add_alpha(reader, 255, PNG_FILLER_AFTER);
     constexpr int kChange =
         PNG_TRANSFORM_EXPAND | PNG_TRANSFORM_STRIP_16 | PNG_TRANSFORM_GRAY_TO_RGB;
@@ -33,7 +37,6 @@ Pixels Reference(const std::string& file) {
         pixels.insert(pixels.end(), row, row + png_get_rowbytes(reader, info));
     }
     png_destroy_read_struct(&reader, &info, nullptr);
-    std::fclose(source);
     return pixels;
 }
 
@@ -133,9 +136,7 @@ TEST_F(LoadPNGTest, PixelsOfUnusualFiles) {
     Open(File({0, 8, false, 1000, 300}, "", Deflated(std::string(300300, '\0'))));
     EXPECT_EQ(4 * 1000 * 300U, box.pixels.size()); // it grew a thousandfold
     // What isn't deflated is taken as it is, behind its first two bytes.
-    std::string plain = File({0, 8}, "", "xx\0\x55"s);
-    plain[kInterlacing - 2] = 1; // the compression method
-    Open(plain);
+    Open(WithByte(File({0, 8}, "", "xx\0\x55"s), kInterlacing - 2, 1)); // the compression method
     EXPECT_EQ(0x55, box.pixels[0]);
 }
 
@@ -243,30 +244,23 @@ TEST_F(LoadPNGTest, ChunksTellWhatTheyTell) {
     EXPECT_DOUBLE_EQ(0.45455, decoder.gama());
     EXPECT_EQ("31.12.1999 23:59:07", decoder.ModiTime());
 
-    const std::string palette = Chunk("PLTE", "\1\2\3\4\5\6");
-    const struct {
-        int type, depth;
-        std::string data;
-        int32_t color;
-    } backgrounds[] = {
-        {0, 4, "\0\2"s, 0x222222},
-        {4, 8, "\0\x80"s, 0x808080},
-        {0, 2, "\0\4"s, 0},
-        {2, 16, "\xFF\xFF\x80\0\0\x40"s, 0x0080FF},
-        {0, 16, "\2\0"s, 0x0080FF}, // past the table: stays
-        {3, 8, "\1", 0x060504},
-        {3, 8, "\2", 0},
-        {2, 8, "\1", 0},
-        {0, 4, "\0\xF"s, 0xFFFFFF},
-        {2, 8, "\1\x80\0\2\0\3"s, 0x030380}, // runs over
-        {6, 1, std::string(6, '\xFF'), int32_t(0xFEFF0001)},
-        {2, 0, std::string(6, '\1'), 0}, // no depth at all
-    };
-    for (const auto& [type, depth, data, color] : backgrounds) {
-        open(palette + Chunk("bKGD", data), type, depth);
+    const auto expect = [&](int32_t color, int type, int depth, const std::string& data) {
+        open(Chunk("PLTE", "\1\2\3\4\5\6") + Chunk("bKGD", data), type, depth);
         EXPECT_EQ(color, decoder.BkgdColor()) << type << depth;
         EXPECT_TRUE(decoder.HasBKGDChunk());
-    }
+    };
+    expect(0x222222, 0, 4, "\0\2"s);
+    expect(0x808080, 4, 8, "\0\x80"s);
+    expect(0, 0, 2, "\0\4"s);
+    expect(0x0080FF, 2, 16, "\xFF\xFF\x80\0\0\x40"s);
+    expect(0x0080FF, 0, 16, "\2\0"s); // past the table: stays
+    expect(0x060504, 3, 8, "\1");
+    expect(0, 3, 8, "\2");
+    expect(0xFFFFFF, 0, 4, "\0\xF"s);
+    expect(0, 2, 8, "\1");
+    expect(0x030380, 2, 8, "\1\x80\0\2\0\3"s); // runs over
+    expect(int32_t(0xFEFF0001), 6, 1, std::string(6, '\xFF'));
+    expect(0, 2, 0, std::string(6, '\1')); // no depth at all
     Open(kSignature + Chunk("IHDR", Long(11) + Long(12) + "\x0D\x0E\x0F\x10\x11") +
          Chunk("unKn", std::string(99999, 'x')) + Chunk("IDAT", "xxx") + kEnd);
     const auto told = [](const png::LoadPNG& of) {
@@ -289,31 +283,29 @@ TEST_F(LoadPNGTest, DamagedFilesPaintNothing) {
     const std::string good = File(kind, "", Deflated(Rows(kind, 5, random)));
     const std::string nulls = Deflated(std::string(999, '\0'));
     const std::string codes(50, '\5'); // can't be built, which gives a message
-    std::string told;
-    const auto expect = [&](int error, const std::string& file, const std::string& message) {
-        png::LoadPNG fresh;
-        fresh.PicBox(&box);
-        fresh.MessageBox([&](const std::string& text) { told = text; });
-        told.clear();
-        EXPECT_EQ(0, fresh.OpenPNG(TemporaryFile(file).Name()));
-        EXPECT_EQ(std::tuple(false, error, message),
-                  std::tuple(box.painted, fresh.ErrorNumber(), told));
+    const auto expect = [&](int error, const std::string& message,
+                            const std::vector<std::string>& files) {
+        for (const std::string& file : files) {
+            png::LoadPNG fresh;
+            fresh.PicBox(&box);
+            std::string told;
+            fresh.MessageBox([&](const std::string& text) { told = text; });
+            EXPECT_EQ(0, fresh.OpenPNG(TemporaryFile(file).Name()));
+            EXPECT_EQ(std::tuple(false, error, message),
+                      std::tuple(box.painted, fresh.ErrorNumber(), told));
+        }
     };
-    for (const std::string& file : {""s, kSignature.substr(0, 7), "x" + good.substr(1)})
-        expect(1, file, "");
-    for (const std::string& file :
-         {kSignature, good.substr(0, good.size() - 12), good.substr(0, good.size() - 4),
-          kSignature + Long(0x80000000) + "IDATabc", kSignature + Long(0x7FFFFFFF) + "IDATabc"})
-        expect(3, file, "");
-    expect(4, File(kind, "", ""), "");
-    for (const std::string& header : {""s, Chunk("IHDR", "ab")})
-        expect(0, kSignature + header + Chunk("IDAT", nulls) + kEnd, "");
-    for (const std::string& data : {"x"s, "xx\7"s}) // a byte, a reserved block
-        expect(0, File(kind, "", data), "");
+    expect(1, "", {"", kSignature.substr(0, 7), "x" + good.substr(1)});
+    expect(3, "",
+           {kSignature, good.substr(0, good.size() - 12), good.substr(0, good.size() - 4),
+            kSignature + Long(0x80000000) + "IDATabc", kSignature + Long(0x7FFFFFFF) + "IDATabc"});
+    expect(4, "", {File(kind, "", "")});
+    const std::string rest = Chunk("IDAT", nulls) + kEnd;
+    expect(0, "", {kSignature + rest, kSignature + Chunk("IHDR", "ab") + rest});
+    expect(0, "", {File(kind, "", "x"), File(kind, "", "xx\7")});
     for (const bool laced : {false, true}) { // a byte too few
         const Kind whole{2, 8, laced, 7, 60};
-        const std::string rows = Rows(whole, 0, random);
-        expect(0, File(whole, "", Deflated(rows.substr(0, rows.size() - 1))), "");
+        expect(0, "", {File(whole, "", Deflated(Rows(whole, 0, random).substr(1)))});
     }
     // No picture, but codes are read whatever the header says.
     for (const Kind& header :
@@ -322,29 +314,25 @@ TEST_F(LoadPNGTest, DamagedFilesPaintNothing) {
           Kind{2, 8, false, 5, 0xFFFFFFFF}, Kind{0, 8, true, 0x80000000, 3},
           Kind{0, 8, false, 3, 0x80000000}, Kind{3, 16, false, 3, 2}, Kind{5, 8, false, 3, 2},
           Kind{2, 3, true, 9, 9}}) {
-        expect(0, File(header, "", nulls), "");
-        std::string file = File(header, "", codes);
-        for (const char interlacing : {file[kInterlacing], '\2'}) {
-            file[kInterlacing] = interlacing;
-            expect(0, file, "Error in tree creation (Static)");
-        }
+        const std::string file = File(header, "", codes);
+        expect(0, "", {File(header, "", nulls)});
+        expect(0, "Error in tree creation (Static)", {file, WithByte(file, kInterlacing, 2)});
     }
     // Codes behind the bytes for which there is room aren't.
     const std::string full = Stream().Stored(false, std::string(102, 'x')).Take();
-    std::string laced = File({0, 8, true, 9, 9}, "", "xx" + full + codes);
-    laced[kInterlacing] = 2;
-    expect(0, laced, "");
+    const std::string laced = File({0, 8, true, 9, 9}, "", "xx" + full + codes);
+    expect(0, "", {WithByte(laced, kInterlacing, 2)});
+    // Image data is none of the next file, the last checksum needn't be whole, and a failure stays
+    // until the next one.
     for (const char* name : {"/nowhere", "/dev/zero"})
         decoder.OpenPNG(name);
     EXPECT_EQ(1, decoder.ErrorNumber());
-    Open(good.substr(0, good.size() - 14)); // its image data is none of the next file
-    Open(good.substr(0, good.size() - 1));  // the last checksum needn't be whole
-    EXPECT_TRUE(box.painted);
-    EXPECT_EQ(3, decoder.ErrorNumber()); // and the earlier failure stays
+    Open(good.substr(0, good.size() - 14));
+    Open(good.substr(0, good.size() - 1));
+    EXPECT_EQ(std::pair(true, 3), std::pair(box.painted, decoder.ErrorNumber()));
     box.painted = false;
     Open(File(kind, "", ""));
-    EXPECT_FALSE(box.painted);
-    EXPECT_EQ(4, decoder.ErrorNumber());
+    EXPECT_EQ(std::pair(false, 4), std::pair(box.painted, decoder.ErrorNumber()));
 }
 
 // Cut anywhere and with any byte changed: no crash, and nothing read that isn't there.
@@ -360,11 +348,8 @@ TEST_F(LoadPNGTest, EveryCutAndEveryChangedByteIsSurvived) {
             box.painted = false;
             Open(file.substr(0, at));
             ASSERT_EQ(at > file.size() - 4, box.painted) << at; // only its last checksum
-            for (const int bit : {0, 7, int(random() % 8)}) {
-                std::string changed = file;
-                changed[at] = char(changed[at] ^ 1 << bit);
-                Open(changed);
-            }
+            for (const int bit : {0, 7, int(random() % 8)})
+                Open(WithByte(file, at, file[at] ^ 1 << bit));
         }
     }
 }

@@ -115,7 +115,7 @@ struct TemporaryFile {
         std::fflush(file.get());
     }
     std::string Name() const { return "/proc/self/fd/" + std::to_string(fileno(file.get())); }
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file{fdopen(memfd_create("png", 0), "w"),
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file{fdopen(memfd_create("png", 0), "w+"),
                                                          std::fclose};
 };
 
