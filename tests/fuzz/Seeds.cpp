@@ -56,59 +56,42 @@ Seeds Streams() {
     return seeds;
 }
 
-Seeds RichTexts() {
-    const std::string head = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss Uno;}"
-                             "{\\f1\\fcharset128 Dos{\\*\\falt Otra};}}"
-                             "{\\colortbl;\\red255;\\green128\\blue1;}";
-    const std::string bodies[] = {
-        " a\r\nb\\par c\\\nd\\line e\\tab f\\page\\sect",
-        "\\b n\\b0\\i c\\i0\\ul s\\ulnone\\strike t\\fs40\\cf1\\highlight2 g\\super 2\\plain x",
-        "\\pard\\qc\\li720\\ri360\\fi-360\\sb120\\sa240\\sl480\\slmult1\\tqr\\tx2000 a\\tab b\\par",
-        "\\'e1\\'80\\f1\\'93\\'fa\\f0\\u8364 ?\\u-10179 ?\\u-8704 ?{\\uc2\\u225 ab}\\uc0\\u233 b",
-        "\\trowd\\cellx900\\cellx1800\\intbl a\\par b\\cell c\\cell\\row\\pard d",
-        "{\\*\\otro x{y}}{\\info{\\title t}}{\\header h}{\\v o}{\\pict\\bin4 }}\\\\}{\\pntext 1.}",
-        "{\\field{\\*\\fldinst HYPERLINK}{\\*\\fldrslt c}}{\\caps m{\\scaps v\\up6 a}\\dn6 b}",
-    };
-    Seeds seeds;
-    for (const std::string& body : bodies)
-        seeds.push_back(head + body + '}');
-    return seeds;
-}
+const std::string kRichText =
+    "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss Uno;}"
+    "{\\f1\\fcharset128 Dos{\\*\\falt Otra};}}{\\colortbl;\\red255;\\green128\\blue1;}"
+    " a\r\nb\\par c\\\nd\\line e\\tab f\\page\\sect"
+    "\\b n\\b0\\i c\\i0\\ul s\\ulnone\\strike t\\fs40\\cf1\\highlight2 g\\super 2\\plain x"
+    "\\pard\\qc\\li720\\ri360\\fi-360\\sb120\\sa240\\sl480\\slmult1\\tqr\\tx2000 a\\tab b\\par"
+    "\\'e1\\'80\\f1\\'93\\'fa\\f0\\u8364 ?\\u-10179 ?\\u-8704 ?{\\uc2\\u225 ab}\\uc0\\u233 b"
+    "\\trowd\\cellx900\\cellx1800\\intbl a\\par b\\cell c\\cell\\row\\pard d"
+    "{\\*\\otro x{y}}{\\info{\\title t}}{\\header h}{\\v o}{\\pict\\bin4 }}\\\\}{\\pntext 1.}"
+    "{\\field{\\*\\fldinst HYPERLINK}{\\*\\fldrslt c}}{\\caps m{\\scaps v\\up6 a}\\dn6 b}}";
 
-Seeds Profiles() {
-    return {"[inicio]\r\nejecuciones=7\r\n[general]\r\nnuevo=si\r\n",
-            "; uno\r\nsuelta=0\r\n[ General ]\r\n;nuevo=a\r\nNUEVO =  no  \r\nnuevo=dos\r\n",
-            "[general]\nnuevo=\" con blancos \"\n[INICIO]\nEjecuciones=a=b;c",
-            "\xEF\xBB\xBF[inicio]\n\n[general]\r\n[inicio]\rnuevo"};
-}
+const Seeds kProfiles = {
+    "[inicio]\r\nejecuciones=7\r\n[general]\r\nnuevo=si\r\n",
+    "; uno\r\nsuelta=0\r\n[ General ]\r\n;nuevo=a\r\nNUEVO =  no  \r\nnuevo=dos\r\n",
+    "[general]\nnuevo=\" con blancos \"\n[INICIO]\nEjecuciones=a=b;c",
+    "\xEF\xBB\xBF[inicio]\n\n[general]\r\n[inicio]\rnuevo"};
 
-Seeds Texts() {
-    return {"",
-            "print(1)\r\nend\rx\n",
-            "a\xF1o \x80",
-            "-- \xC2\xA1"
-            "a\xC3\xB1o! \xE2\x82\xAC \xF0\x9F\x98\x80\r\n",
-            "\xEF\xBB\xBF"
-            "a\xC3\xB1o",
-            "\xEF\xBB\xBF\xF1",
-            "\xFF\xFE"
-            "a\0\xF1\0\x3D\xD8\x00\xDE"s,
-            "\xFE\xFF"
-            "\0a\0\xF1\xD8\x3D\xDE\x00"s,
-            "\xFF\xFE\x3D\xD8"s,
-            "a\0b"s};
-}
-
-Seeds Versions() {
-    return {"\"3.0.0\"", "3.1, x\r\n", " \t\"4.0\r\n", "\xEF\xBB\xBF\"2\"", std::string(300, '9')};
-}
+// In several encodings, with marks and without, and one that is none.
+const Seeds kTexts = {"print(1)\r\nend\rx\n",
+                      "a\361o \200",
+                      "-- \302\241a\303\261o! \360\237\230\200\r\n",
+                      "\357\273\277a\303\261o",
+                      "\357\273\277\361",
+                      "\377\376a\0\361\0\75\330\0\336"s,
+                      "\376\377\0a\0\361\330\75\336\0"s,
+                      "\377\376\75\330",
+                      "a\0b"s};
 
 } // namespace
 
 int main(int, char* arguments[]) {
-    const std::pair<const char*, Seeds> targets[] = {
-        {"png_fuzz", Pictures()},     {"inflate_fuzz", Streams()}, {"rtf_fuzz", RichTexts()},
-        {"profile_fuzz", Profiles()}, {"text_fuzz", Texts()},      {"version_fuzz", Versions()}};
+    const std::pair<const char*, Seeds> targets[] = {{"png_fuzz", Pictures()},
+                                                     {"inflate_fuzz", Streams()},
+                                                     {"rtf_fuzz", {kRichText}},
+                                                     {"profile_fuzz", kProfiles},
+                                                     {"text_fuzz", kTexts}};
     for (const auto& [target, seeds] : targets) {
         const auto folder = std::filesystem::path(arguments[1]) / target;
         std::filesystem::create_directories(folder);

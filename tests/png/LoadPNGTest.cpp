@@ -335,14 +335,13 @@ TEST_F(LoadPNGTest, DamagedFilesPaintNothing) {
     EXPECT_EQ(std::pair(false, 4), std::pair(box.painted, decoder.ErrorNumber()));
 }
 
-// Cut anywhere and with any byte changed: no crash, and nothing read that isn't there.
+// Whatever the header says, only what is there is read. Of a cut file nothing is painted.
 TEST_F(LoadPNGTest, EveryCutAndEveryChangedByteIsSurvived) {
     decoder.SetAlpha(true);
     decoder.SetTrans(true);
-    for (const Kind& kind :
-         {Kind{3, 4, true, 13, 9}, Kind{2, 16, false, 6, 5}, Kind{6, 8, true, 5, 5}}) {
+    for (const Kind& kind : {Kind{3, 4, true, 13, 9}, Kind{2, 16, false, 6, 5}}) {
         const std::string chunks =
-            Chunk("bKGD", "\1") + Colors(kind, random) + Chunk("zTXt", "K\0\0"s + Deflated("text"));
+            Colors(kind, random) + Chunk("zTXt", "K\0\0"s + Deflated("text"));
         const std::string file = File(kind, chunks, Deflated(Rows(kind, 5, random)));
         for (size_t at = 0; at < file.size(); ++at) {
             box.painted = false;

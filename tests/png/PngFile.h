@@ -119,22 +119,21 @@ struct TemporaryFile {
                                                          std::fclose};
 };
 
-/// A box on a plain buffer of blue, green, red, 255; 15 twips are a pixel.
-class MemoryBox : public png::PictureBox {
-public:
-    class Owner : public png::ScaleOwner {
-    public:
-        png::ScaleMode ScaleMode() const override { return unit; }
-        void ScaleMode(png::ScaleMode value) override { unit = value; }
-        png::ScaleMode unit = png::ScaleMode::Twips;
-    };
-
-    explicit MemoryBox(int width = 0, int height = 0, int border = 0)
-        : m_border(border), m_width(width + 2 * border), m_height(height + 2 * border) {
-        Fit();
-    }
+template<class Window>
+struct Scaled : Window {
     png::ScaleMode ScaleMode() const override { return unit; }
     void ScaleMode(png::ScaleMode value) override { unit = value; }
+    png::ScaleMode unit = png::ScaleMode::Pixels;
+};
+
+/// A box on a plain buffer of blue, green, red, 255; 15 twips are a pixel.
+class MemoryBox : public Scaled<png::PictureBox> {
+public:
+    explicit MemoryBox(int width = 0, int height = 0, int border = 0)
+        : m_border(border), m_width(width + 2 * border), m_height(height + 2 * border) {
+        parent.unit = png::ScaleMode::Twips;
+        Fit();
+    }
     png::ScaleOwner* Parent() override { return topLevel ? nullptr : &parent; }
     double Width() const override { return m_width * In(parent.unit); }
     void Width(double value) override { m_width = int(value / In(parent.unit)), Fit(); }
@@ -157,11 +156,10 @@ public:
         }
     }
     bool GetDIBits(int x, int y, int width, int height, std::span<uint8_t> to) const override {
-        for (int line = 0; line < height; ++line) {
-            uint8_t* row = &to[size_t(height - 1 - line) * png::RowStride(size_t(width), 24)];
-            for (int column = 0; column < width; ++column)
-                std::copy_n(const_cast<MemoryBox*>(this)->At(x + column, y + line), 3,
-                            row + 3 * column);
+        for (int i = 0; i < width * height; ++i) {
+            const size_t row = size_t(height - 1 - i / width);
+            std::copy_n(At(x + i % width, y + i / width), 3,
+                        &to[row * png::RowStride(size_t(width), 24) + size_t(3 * (i % width))]);
         }
         return true;
     }
@@ -170,13 +168,10 @@ public:
     int Columns() const { return std::max(0, m_width - 2 * m_border); }
     int Lines() const { return std::max(0, m_height - 2 * m_border); }
     std::pair<int, int> Size() const { return {Columns(), Lines()}; }
-    std::vector<uint8_t>::iterator At(int x, int y) {
-        return pixels.begin() + 4 * (ptrdiff_t(y) * Columns() + x);
-    }
+    uint8_t* At(int x, int y) const { return pixels.data() + 4 * (ptrdiff_t(y) * Columns() + x); }
 
-    Owner parent;
-    png::ScaleMode unit = png::ScaleMode::Pixels;
-    std::vector<uint8_t> pixels;
+    Scaled<png::ScaleOwner> parent;
+    mutable std::vector<uint8_t> pixels;
     bool topLevel = false;
     bool painted = false;
     std::pair<int, int> drawn;
