@@ -15,15 +15,16 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
     const auto ours = recipes::Loops().Decoded(stream, expected);
     if (!ours)
         std::abort();
-    if (!ours->message.empty())
+    const auto& [bytes, result, message] = *ours;
+    if (!message.empty())
         return 0; // incomplete codes are refused
     stream.insert(0, "\x78\1");
     std::string theirs(1 << 18, '\0');
     uLong length = uLong(theirs.size());
     uncompress(reinterpret_cast<Bytef*>(theirs.data()), &length,
                reinterpret_cast<const Bytef*>(stream.data()), uLong(stream.size()));
-    const size_t both = std::min(size_t(length), ours->data.size());
-    if (theirs.compare(0, both, ours->data, 0, both) != 0)
+    const size_t both = std::min(size_t(length), bytes.size());
+    if (theirs.compare(0, both, bytes, 0, both) != 0)
         std::abort();
     return 0;
 }

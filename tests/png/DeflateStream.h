@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace recipes {
@@ -45,10 +46,8 @@ public:
     Stream& Match(uint32_t length, uint32_t distance) {
         const Part back = PartOf(distance - 1, 1);
         const Part size = length == 258 ? Part{28, 0, 0} : PartOf(length - 3, 2);
-        return Literal(257 + size.symbol)
-            .Bits(size.value, size.bits)
-            .Code(back.symbol, 5)
-            .Bits(back.value, back.bits);
+        Literal(257 + size.symbol).Bits(size.value, size.bits);
+        return Code(back.symbol, 5).Bits(back.value, back.bits);
     }
     /// The complement of the length is wrong by some bits.
     Stream& Stored(bool last, const std::string& bytes, uint32_t wrong = 0) {
@@ -93,13 +92,8 @@ private:
     size_t m_count = 0;
 };
 
-/// What one call of Inflate leaves behind.
-struct Outcome {
-    std::string data;
-    int32_t result = 0;
-    std::string message;
-    bool operator==(const Outcome&) const = default;
-};
+/// What one call of Inflate leaves behind: data, result, message.
+using Outcome = std::tuple<std::string, int32_t, std::string>;
 
 /// An inflater for each of the loops, which must agree; it keeps what it keeps between streams.
 class Loops {
@@ -112,16 +106,15 @@ public:
     std::optional<Outcome> Decoded(const std::string& stream, int32_t expected, bool wide = false) {
         std::array<Outcome, 3> outcomes;
         for (size_t i = 0; i < outcomes.size(); ++i) {
-            Outcome& outcome = outcomes[i];
-            m_inflaters[i].MessageBox([&](const std::string& text) { outcome.message = text; });
+            auto& [bytes, result, message] = outcomes[i];
+            m_inflaters[i].MessageBox([&told = message](const std::string& text) { told = text; });
             png::Bytes data({reinterpret_cast<const uint8_t*>(stream.data()), stream.size()});
             int32_t room = expected;
-            m_inflaters[i].Inflate(data, room, wide, outcome.result);
-            outcome.data.assign(data.begin(), data.end());
+            m_inflaters[i].Inflate(data, room, wide, result);
+            bytes.assign(data.begin(), data.end());
         }
-        if (outcomes[0] != outcomes[1] || outcomes[0] != outcomes[2])
-            return std::nullopt;
-        return outcomes[0];
+        const bool agree = outcomes[0] == outcomes[1] && outcomes[0] == outcomes[2];
+        return agree ? std::optional(outcomes[0]) : std::nullopt;
     }
 
 private:

@@ -4,7 +4,6 @@
 #include "DeflateStream.h"
 #include "PngFile.h"
 
-#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -35,27 +34,8 @@ std::optional<Outcome> Inflated(const std::string& stream, int32_t expected = 10
     return Loops().Decoded(stream, expected);
 }
 
-// What stands behind the stream in every file.
-const std::string kChecksum = "\1\2\3\4";
-// As much that the accelerated loops run.
-const std::string kMore(99, 'x');
-
-TEST(InflateTest, WideLengths) {
-    Stream wide;
-    wide.Fixed(true).Literals("x").Literal(285).Bits(704, 16).Code(0, 5).End();
-    for (const std::string& behind : {kChecksum, kMore})
-        EXPECT_EQ(Read(std::string(708, 'x')), Loops().Decoded(wide.Take() + behind, 1000, true));
-}
-
-TEST(InflateTest, StoredBlocks) {
-    const std::string none = Stream().Stored(true, "").Take();
-    const std::string some = Stream().Stored(false, "ab").Take();
-    EXPECT_EQ(Read(""), Inflated(none + kChecksum));
-    EXPECT_EQ(Read("abc", -2), Inflated(Stream().Stored(true, "abc", 1).Take()));
-    EXPECT_EQ(Read("", -1), Inflated(some.substr(0, some.size() - 1)));
-    for (const char head : {'\0', '\7'}) // the block isn't the last one, but no other comes
-        EXPECT_EQ(Read("ab", -1), Inflated(some + head));
-}
+const std::string kChecksum = "\1\2\3\4"; // stands behind the stream in every file
+const std::string kMore(99, 'x');         // as much that the accelerated loops run
 
 // Codes of 1 to 15 bits: bytes 0 to 14 have one bit more each, the end of the block as many as the
 // last.
@@ -92,16 +72,11 @@ TEST(InflateTest, StoredBlocksAfterOthers) {
 
 TEST(InflateTest, MatchesOfEveryLengthAndDistance) {
     std::mt19937 random(3);
-    const auto bytes = [&](size_t count) {
-        std::string made(count, '\0');
-        std::ranges::generate(made, [&] { return char(random()); });
-        return made;
-    };
-    std::string text = bytes(65000);
+    std::string text = Bytes(65000, 256, random);
     Stream stream;
     stream.Stored(false, text).Fixed(true);
     const auto add = [&](uint32_t length, uint32_t distance) {
-        const std::string next = bytes(std::min(distance, 40U));
+        const std::string next = Bytes(std::min(distance, 40U), 256, random);
         for (uint32_t i = 0; i < length; ++i)
             text += text[text.size() - distance];
         text += next;
@@ -120,6 +95,10 @@ TEST(InflateTest, MatchesOfEveryLengthAndDistance) {
     stream.End();
     for (const int more : {999, -100}) // with and without more room
         EXPECT_TRUE(Read(text) == Inflated(stream.Take() + kChecksum, int32_t(text.size()) + more));
+    Stream wide;
+    wide.Fixed(true).Literals("x").Literal(285).Bits(704, 16).Code(0, 5).End();
+    for (const std::string& behind : {kChecksum, kMore})
+        EXPECT_EQ(Read(std::string(708, 'x')), Loops().Decoded(wide.Take() + behind, 1000, true));
 }
 
 // One byte more than the capacity still finds a place; more bytes are cut at the capacity.
@@ -142,15 +121,18 @@ TEST(InflateTest, TheOutputHasItsEnd) {
 
 TEST(InflateTest, DamagedBlocksKeepWhatCameBefore) {
     const auto start = [](bool last) { return Stream().Fixed(last).Literals("a"); };
-    for (const std::string& behind : {std::string(), std::string(63, '\0')}) {
-        const std::string tooFar = start(true).Match(3, 2).Take();
-        const std::string reserved = start(false).End().Bits(7, 3).Take();
-        for (const std::string& stream : {tooFar, reserved})
-            EXPECT_EQ(Read("a", -1), Inflated(stream + behind));
-    }
-    EXPECT_EQ(Read("ab", -1), Inflated(start(true).Literals("b").Take())); // no end
-    EXPECT_EQ(Read("a", -1), Inflated(start(true).Literal(284).Bits(0, 3).Take()));
+    const Stream tooFar = start(true).Match(3, 2), reserved = start(false).End().Bits(7, 3);
+    for (const Stream& stream : {tooFar, reserved, start(true).Literal(284).Bits(0, 3)})
+        EXPECT_EQ(Read("a", -1), Inflated(stream.Take()));
+    for (const Stream& stream : {tooFar, reserved})
+        EXPECT_EQ(Read("a", -1), Inflated(stream.Take() + std::string(63, '\0')));
+    EXPECT_EQ(Read("a", -1), Inflated(start(true).Take())); // no end
     EXPECT_EQ(Read("", -1), Inflated(""));
+    EXPECT_EQ(Read("abc", -2), Inflated(Stream().Stored(true, "abc", 1).Take()));
+    const std::string stored = Stream().Stored(false, "ab").Take();
+    EXPECT_EQ(Read("", -1), Inflated(stored.substr(0, stored.size() - 1)));
+    for (const char head : {'\0', '\7'}) // the block isn't the last one, but no other comes
+        EXPECT_EQ(Read("ab", -1), Inflated(stored + head));
 }
 
 TEST(InflateTest, CodesThatCannotBeBuiltLeaveTheStream) {
@@ -188,7 +170,7 @@ TEST(InflateTest, AllLoopsReadWhatZlibWrites) {
     Loops loops;
     for (int round = 0; round < 200 && !HasFailure(); ++round) {
         const size_t size = 1 + random() % (round % 10 == 0 ? 70000 : 3000);
-        const std::string text = Repetitive(size, 1 + random() % 256, random);
+        const std::string text = Bytes(size, 1 + random() % 256, random, 3);
         const std::string stream = Deflated(text, int(random() % 10)).substr(2);
         EXPECT_EQ(Read(text), loops.Decoded(stream, int32_t(size)));
         EXPECT_TRUE(loops.Decoded(stream, int32_t(random() % size) - 100));

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <png.h>
 #include <random>
@@ -41,13 +40,13 @@ inline std::string Deflated(const std::string& bytes, int level = 6) {
     return packed;
 }
 
-/// Bytes with many repetitions.
-inline std::string Repetitive(size_t size, uint32_t letters, std::mt19937& random) {
-    std::string text(size, '\0');
+/// Bytes below a number; of four so many repeat what stands before them.
+inline std::string Bytes(size_t size, uint32_t below, std::mt19937& random, uint32_t repeats = 0) {
+    std::string made(size, '\0');
     for (size_t i = 0; i < size; ++i)
-        text[i] = char(i > 40 && random() % 4 != 0 ? text[i - 1 - random() % 2 * 37]
-                                                   : random() % letters);
-    return text;
+        made[i] = char(i > 40 && random() % 4 < repeats ? made[i - 1 - random() % 2 * 37]
+                                                        : random() % below);
+    return made;
 }
 
 /// Colour type and depth of every kind of picture.
@@ -101,17 +100,14 @@ inline std::string Colors(const Kind& kind, std::mt19937& random) {
         const std::string sample{char(key >> 8), char(key)};
         return Chunk("tRNS", kind.type == 0 ? sample : sample + sample + sample);
     }
-    std::string palette(size_t(3) << kind.depth, '\0');
-    std::ranges::generate(palette, [&] { return char(random()); });
-    return Chunk("PLTE", palette) +
+    return Chunk("PLTE", Bytes(size_t(3) << kind.depth, 256, random)) +
            Chunk("tRNS", std::string(size_t(1) << (kind.depth - 1), char(random())));
 }
 
 /// A file in memory that has a name as long as the object lives.
 struct TemporaryFile {
     explicit TemporaryFile(const std::string& bytes) {
-        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
-            std::abort();
+        std::fwrite(bytes.data(), 1, bytes.size(), file.get());
         std::fflush(file.get());
     }
     std::string Name() const { return "/proc/self/fd/" + std::to_string(fileno(file.get())); }
@@ -129,18 +125,18 @@ struct Scaled : Window {
 /// A box on a plain buffer of blue, green, red, 255; 15 twips are a pixel.
 class MemoryBox : public Scaled<png::PictureBox> {
 public:
-    explicit MemoryBox(int width = 0, int height = 0, int border = 0)
-        : m_border(border), m_width(width + 2 * border), m_height(height + 2 * border) {
+    explicit MemoryBox(int width = 0, int height = 0, int frame = 0)
+        : columns(width), lines(height), border(frame) {
         parent.unit = png::ScaleMode::Twips;
         Fit();
     }
     png::ScaleOwner* Parent() override { return topLevel ? nullptr : &parent; }
-    double Width() const override { return m_width * In(parent.unit); }
-    void Width(double value) override { m_width = int(value / In(parent.unit)), Fit(); }
-    double Height() const override { return m_height * In(parent.unit); }
-    void Height(double value) override { m_height = int(value / In(parent.unit)), Fit(); }
-    double ScaleWidth() const override { return Columns() * In(unit); }
-    double ScaleHeight() const override { return Lines() * In(unit); }
+    double Width() const override { return (columns + 2 * border) * In(parent.unit); }
+    void Width(double value) override { columns = Inner(value), Fit(); }
+    double Height() const override { return (lines + 2 * border) * In(parent.unit); }
+    void Height(double value) override { lines = Inner(value), Fit(); }
+    double ScaleWidth() const override { return columns * In(unit); }
+    double ScaleHeight() const override { return lines * In(unit); }
     double TwipsPerPixelX() const override { return 15; }
     double TwipsPerPixelY() const override { return 15; }
     void Cls() override { std::fill(pixels.begin(), pixels.end(), uint8_t{0}); }
@@ -149,10 +145,10 @@ public:
         m_unscaled = width == sourceWidth && height == sourceHeight; // as always
         drawn = {width, height};
         std::vector<uint8_t> row(4 * size_t(source.Width()));
-        for (int line = 0; line < std::min(source.Height(), Lines() - y); ++line) {
+        for (int line = 0; line < std::min(source.Height(), lines - y); ++line) {
             source.CopyRow(line, row.data());
-            const int columns = std::min(source.Width(), Columns() - x);
-            std::copy_n(row.begin(), 4 * std::max(0, columns), At(x, y + line));
+            const int shown = std::min(source.Width(), columns - x);
+            std::copy_n(row.begin(), 4 * std::max(0, shown), At(x, y + line));
         }
     }
     bool GetDIBits(int x, int y, int width, int height, std::span<uint8_t> to) const override {
@@ -165,11 +161,10 @@ public:
     }
     void PictureFromImage() override { painted = m_unscaled; }
 
-    int Columns() const { return std::max(0, m_width - 2 * m_border); }
-    int Lines() const { return std::max(0, m_height - 2 * m_border); }
-    std::pair<int, int> Size() const { return {Columns(), Lines()}; }
-    uint8_t* At(int x, int y) const { return pixels.data() + 4 * (ptrdiff_t(y) * Columns() + x); }
+    std::pair<int, int> Size() const { return {columns, lines}; }
+    uint8_t* At(int x, int y) const { return pixels.data() + 4 * (ptrdiff_t(y) * columns + x); }
 
+    int columns, lines, border;
     Scaled<png::ScaleOwner> parent;
     mutable std::vector<uint8_t> pixels;
     bool topLevel = false;
@@ -178,12 +173,10 @@ public:
 
 private:
     static double In(png::ScaleMode unit) { return unit == png::ScaleMode::Twips ? 15 : 1; }
-    void Fit() { pixels.resize(size_t(4) * size_t(Columns()) * size_t(Lines())); }
+    int Inner(double size) const { return std::max(0, int(size / In(parent.unit)) - 2 * border); }
+    void Fit() { pixels.resize(size_t(4) * size_t(columns) * size_t(lines)); }
 
     bool m_unscaled = false;
-    int m_border;
-    int m_width;
-    int m_height;
 };
 
 } // namespace recipes
