@@ -6,22 +6,14 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 
 namespace player {
 
 // A script in a folder of its own, with a folder around it that isn't the script's.
 class ScriptTest : public ::testing::Test {
 protected:
-    ScriptTest() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "scriptXXXXXX").string();
-        around = mkdtemp(pattern.data());
-        folder = around / "juego";
-        std::filesystem::create_directory(folder);
-    }
     ~ScriptTest() override { std::filesystem::remove_all(around); }
 
     static void Put(const std::filesystem::path& path, const std::string& content) {
@@ -35,25 +27,21 @@ protected:
 
     // The error of the script, or nothing.
     std::string Run(const std::string& source) {
-        Options options;
-        options.folder = folder;
-        Player player(options);
-        player.powerFolder = around / "power";
-        if (prepare)
-            prepare(player);
-        const auto failure = LuaHost(player).Run(source, "prueba.lua");
-        exitCode = player.exitCode;
-        lines = player.stage.Lines();
-        traceback = failure ? failure->traceback : "";
+        failure = LuaHost(player).Run(source, player.options.name);
         return failure ? failure->message : "";
     }
+    // A failed assert tells the script's line.
+    void Passes(const std::string& source) { EXPECT_EQ(Run(source), ""); }
 
-    std::filesystem::path around;
-    std::filesystem::path folder;
-    std::function<void(Player&)> prepare; // before the script runs
-    int exitCode = 0;
-    std::deque<std::string> lines; // that it printed
-    std::string traceback;
+    const std::filesystem::path around = [] {
+        std::string pattern = (std::filesystem::temp_directory_path() / "scriptXXXXXX").string();
+        const std::filesystem::path made = mkdtemp(pattern.data());
+        std::filesystem::create_directory(made / "juego");
+        return made;
+    }();
+    const std::filesystem::path folder = around / "juego";
+    Player player{std::get<Options>(ReadOptions({folder / "prueba.lua"}))};
+    std::optional<Failure> failure;
 };
 
 } // namespace player
