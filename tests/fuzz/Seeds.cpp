@@ -77,11 +77,10 @@ const Seeds kTexts = {"print(1)\r\nend\rx\n a\361o \200", "a\303\261o! \360\237\
 } // namespace
 
 int main(int, char* arguments[]) {
-    const std::pair<const char*, Seeds> targets[] = {{"png_fuzz", Pictures()},
-                                                     {"inflate_fuzz", Streams()},
-                                                     {"rtf_fuzz", {kRichText}},
-                                                     {"profile_fuzz", kProfiles},
-                                                     {"text_fuzz", kTexts}};
+    const std::pair<const char*, Seeds> targets[] = {
+        {"png_fuzz", Pictures()},  {"inflate_fuzz", Streams()},
+        {"rtf_fuzz", {kRichText}}, {"profile_fuzz", kProfiles},
+        {"text_fuzz", kTexts},     {"version_fuzz", {"3.1, x\r\n", " \"2\""}}};
     for (const auto& [target, seeds] : targets) {
         const auto folder = std::filesystem::path(arguments[1]) / target;
         std::filesystem::create_directories(folder);
