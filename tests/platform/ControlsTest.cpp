@@ -1,17 +1,72 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/DirListBox.h"
+#include "platform/DriveListBox.h"
+#include "platform/Drives.h"
+#include "platform/Failure.h"
+#include "platform/FileListBox.h"
 #include "platform/ImageList.h"
-#include "platform/Line.h"
 #include "platform/ListView.h"
+#include "platform/Paths.h"
+#include "platform/PictureBox.h"
+#include "support/TestHome.h"
 
-#include <QHeaderView>
-#include <QListView>
+#include <QAbstractItemView>
+#include <QSignalSpy>
 #include <QTest>
+#include <array>
 #include <gtest/gtest.h>
-
+#include <sys/stat.h>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace platform;
+
+namespace {
+
+constexpr uint32_t kBack = 0x102030;
+
+class PictureBoxTest : public testing::Test {
+protected:
+    PictureBoxTest() {
+        QPalette palette;
+        palette.setColor(QPalette::Window, QColor::fromRgb(kBack));
+        box.setPalette(palette);
+        box.Width(4 * 15);
+        box.Height(3 * 15);
+    }
+    // Pixels of 1, 2, 3 and so on, `width` to a row, as many rows as there is room for.
+    static png::Bitmap Numbered(int width, int height) {
+        png::Bytes bits(static_cast<size_t>(4 * width * height));
+        std::fill(bits.begin(), bits.end(), uint8_t{0});
+        for (int i = 0; i < width * height; ++i)
+            bits[static_cast<size_t>(4 * i)] = static_cast<uint8_t>(i + 1);
+        png::BitmapInfoHeader header;
+        header.Width = width;
+        header.Height = -height;
+        header.BitCount = 32;
+        return {header, {}, std::move(bits)};
+    }
+    // What GetDIBits reads of 4 x 3 pixels: numbers, R for red and . for the background.
+    std::string Seen(int x = 0, int y = 0) {
+        std::array<uint8_t, 36> bits{};
+        EXPECT_TRUE(box.GetDIBits(x, y, 4, 3, bits));
+        std::string seen;
+        for (const size_t row : {24, 12, 0}) { // the lowest one comes first
+            for (size_t at = row; at < row + 12; at += 3) {
+                const uint32_t pixel =
+                    bits[at] | uint32_t{bits[at + 1]} << 8 | uint32_t{bits[at + 2]} << 16;
+                seen += pixel == kBack      ? '.'
+                        : pixel == 0xFF0000 ? 'R'
+                                            : static_cast<char>('0' + pixel);
+            }
+            seen += ' ';
+        }
+        return seen;
+    }
+    PictureBox box;
+};
+
+} // namespace
 
 TEST(ListView, TellsItsColumnsAndOpensTheChosenRow) {
     QPixmap red(16, 16);
@@ -22,25 +77,19 @@ TEST(ListView, TellsItsColumnsAndOpensTheChosenRow) {
     ListView list;
     list.resize(500, 300);
     list.show();
+    list.ColumnHeaderIcons(&icons);
     const std::pair<ColumnHeader, int> headers[] = {
         {{u"Nombre"_s, 1500, Qt::AlignLeft, u"a"_s}, HDF_STRING | HDF_IMAGE},
-        {{u"Tamaño"_s, 3000, Qt::AlignRight}, HDF_STRING | HDF_RIGHT},
         {{u"Fecha"_s, 750, Qt::AlignHCenter}, HDF_STRING | HDF_CENTER}};
-    list.ColumnHeaderIcons(&icons);
     for (int i = 0; const auto& [header, format] : headers) {
         list.AddColumnHeader(header);
         EXPECT_EQ(list.HeaderItem(i)->fmt, format);
-        EXPECT_EQ(list.HeaderItem(i)->text, header.text);
-        EXPECT_EQ(list.HeaderItem(i)->image.isNull(), i != 0);
-        EXPECT_EQ(list.Header()->sectionSize(i++), header.width / 15);
+        EXPECT_EQ(list.HeaderItem(i++)->image.isNull(), header.icon.isEmpty());
     }
-    EXPECT_FALSE(list.HeaderItem(3) || list.HeaderItem(-1));
+    EXPECT_FALSE(list.HeaderItem(2) || list.HeaderItem(-1));
     for (const QString& name : {u"uno"_s, u"a\uF03Ab"_s, u"tres"_s})
-        list.AddItem({name, {}, u"a"_s, {u"10"_s}});
-    EXPECT_EQ(list.Count(), 3);
-    EXPECT_EQ(list.Text(2, 0), u"a:b"_s);
-    EXPECT_EQ(list.Text(3, 1) + list.Text(3, 2), u"10"_s);
-    const QAbstractItemModel& model = *list.findChild<QListView*>()->model();
+        list.AddItem({name, {}, u"a"_s, {}});
+    EXPECT_EQ(list.Text(2, 0) + list.Text(3, 1), u"a:b"_s);
     std::vector<int> opened;
     list.OnDblClick([&] { opened.push_back(list.SelectedIndex()); });
     for (const auto display : {ListDisplay::List, ListDisplay::Report}) {
@@ -50,29 +99,170 @@ TEST(ListView, TellsItsColumnsAndOpensTheChosenRow) {
         view->clearSelection();
         QTest::keyClick(view, Qt::Key_Down); // the first arrow only chooses
         QTest::keyClick(view, Qt::Key_Return);
-        const auto at = [&](int row) { return view->visualRect(model.index(row, 0)).center(); };
+        const auto at = [&](int row) {
+            return view->visualRect(view->model()->index(row, 0)).center();
+        };
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, at(2));
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, at(2));
         QTest::mouseDClick(view->viewport(), Qt::RightButton, {}, at(0));
-        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, {400, 250});
         EXPECT_EQ(std::exchange(opened, {}), (std::vector{1, 3})) << int(display);
     }
     list.ClearItems();
     EXPECT_EQ(list.Count() + list.SelectedIndex(), 0);
 }
 
-TEST(Line, IsBlackAndWhiteInTurn) {
-    QWidget box;
-    box.resize(40, 40);
-    Line line(&box);
-    line.X1(25 * 15);
-    line.Y1(7 * 15);
-    line.X2(10.9F * 15);
-    line.Y2(7 * 15);
-    EXPECT_EQ(line.geometry(), QRect(10, 7, 16, 1));
-    const QImage drawn = box.grab().toImage();
-    for (const auto& [x, color] : {std::pair(25, 0U), {21, 0xFFFFFFU}, {17, 0U}, {13, 0xFFFFFFU}})
-        EXPECT_EQ(drawn.pixel(x, 7) & 0xFFFFFF, color) << x;
-    line.Y2(9 * 15);
-    EXPECT_EQ(line.geometry(), QRect(10, 7, 16, 3));
+TEST(FileListBox, ListsTheMatchingFilesAndTellsEachChoice) {
+    const support::TestHome home;
+    for (const char* name : {"b.PNG", "A.png", "c.jpg", ".d.png", "lat\xED.png"})
+        home.Put(name, "x");
+    ::mkfifo((home.Root() / "f.png").c_str(), 0600); // would block its reader
+    std::filesystem::create_directory(home.Root() / "g.png");
+    FileListBox files;
+    files.Pattern(u"*.png"_s);
+    ASSERT_EQ(files.count(), 3);
+    EXPECT_EQ(files.item(2)->text(), u"lat\uFFFD.png"_s);
+    files.show();
+    const QSignalSpy clicks(&files, &FileListBox::Click);
+    EXPECT_EQ(files.FileName(), QString());
+    QTest::keyClick(&files, Qt::Key_Down);
+    EXPECT_EQ(files.FileName(), u"A.png"_s);
+    QTest::keyClick(&files, Qt::Key_End);
+    EXPECT_EQ(ToNative(files.Path() + u'\\' + files.FileName()), home.Root() / "lat\xED.png");
+    const QPoint second = files.visualItemRect(files.item(1)).center();
+    QTest::mouseClick(files.viewport(), Qt::LeftButton, {}, second);
+    QTest::mouseClick(files.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_EQ(files.FileName(), u"b.PNG"_s);
+    EXPECT_EQ(clicks.count(), 4);
+    std::filesystem::remove(home.Root() / "lat\xED.png"); // the toolkit can't
+    for (const QString& nowhere : {u"Q:\\"_s, u"C:\\no"_s, u"C:\\A.png"_s, QString()}) {
+        files.Path(nowhere);
+        EXPECT_EQ(files.count(), 0);
+    }
+    EXPECT_EQ(clicks.count(), 4);
+}
+
+TEST(DirListBox, ShowsTheWayToAFolderAndWhatIsInIt) {
+    const support::TestHome home;
+    home.Put("a/dos/x", "");
+    home.Put("a/Uno/x", "");
+    home.Put("a/archivo", "");
+    DirListBox folders;
+    folders.resize(200, 200);
+    folders.show();
+    folders.Path(u"C:\\a"_s);
+    const auto items = [&] {
+        return folders.findItems(QString(), Qt::MatchContains | Qt::MatchRecursive);
+    };
+    const auto texts = [&] {
+        QStringList list;
+        for (const QTreeWidgetItem* item : items())
+            list.append(item->text(0));
+        return list.join(u' ');
+    };
+    EXPECT_EQ(texts(), u"C:\\ a dos Uno"_s);
+    const QSignalSpy changes(&folders, &DirListBox::Change);
+    const QPoint last = folders.visualItemRect(items().constLast()).center();
+    QTest::mouseClick(folders.viewport(), Qt::LeftButton, {}, last);
+    EXPECT_EQ(changes.count(), 0);
+    QTest::mouseDClick(folders.viewport(), Qt::LeftButton, {}, last);
+    EXPECT_EQ(folders.Path(), u"C:\\a\\Uno"_s);
+    EXPECT_EQ(texts(), u"C:\\ a Uno"_s);
+    QTest::keyClick(&folders, Qt::Key_Home);
+    QTest::keyClick(&folders, Qt::Key_Return);
+    EXPECT_EQ(folders.Path(), u"C:\\"_s);
+    EXPECT_EQ(texts(), u"C:\\ a programa"_s);
+    EXPECT_EQ(changes.count(), 2);
+    folders.Path(u"Q:"_s);
+    EXPECT_EQ(texts(), u"Q:\\"_s);
+}
+
+TEST(DriveListBox, TellsOnlyAnotherDrive) {
+    const support::TestHome home;
+    DriveListBox drives;
+    drives.Drive(u"Z:"_s);
+    const QSignalSpy changes(&drives, &DriveListBox::Change);
+    drives.Refresh();
+    for (const QString& drive : {u"Z:"_s, u"C:"_s}) {
+        drives.Drive(drive);
+        EXPECT_EQ(changes.count(), drive == u"C:");
+    }
+    for (const char* there : {"F=/tmp", "G=/"}) {
+        qputenv("QUILLMARK_DRIVES", there);
+        ResetCurrentDrives();
+        drives.Refresh();
+        EXPECT_EQ(drives.Drive(), changes.count() == 1 ? u"C:"_s : QString());
+        drives.Drive(u"F:"_s);
+    }
+    EXPECT_EQ(changes.count(), 3);
+    qputenv("QUILLMARK_DRIVES", "");
+}
+
+TEST_F(PictureBoxTest, WhatIsDrawnLiesOverThePictureUntilItBecomesIt) {
+    QImage half(2, 2, QImage::Format_ARGB32);
+    half.fill(QColor(255, 255, 255, 0));
+    half.setPixelColor(1, 0, Qt::red);
+    box.Picture(half);
+    EXPECT_EQ(Seen(), ".R.. .... .... ");
+    EXPECT_EQ(Seen(-1, 1), "0... 0... 0000 ");        // black outside
+    box.StretchBlt(2, 1, 2, 9, Numbered(2, 1), 2, 9); // as far as there are pixels
+    EXPECT_EQ(Seen(), ".R.. ..12 .... ");
+    box.Cls();
+    EXPECT_EQ(Seen(), ".R.. .... .... ");
+    box.StretchBlt(-1, 0, 3, 2, Numbered(3, 2), 3, 2);
+    box.PictureFromImage();
+    box.Cls();
+    EXPECT_EQ(Seen(), "23.. 56.. .... ");
+    box.StretchBlt(0, 0, 4, 2, Numbered(2, 1), 2, 1); // twice as large
+    EXPECT_EQ(Seen(), "1122 1122 .... ");
+    box.Picture(QImage());
+    EXPECT_EQ(Seen(), ".... .... .... ");
+}
+
+TEST_F(PictureBoxTest, SizesAreInTheUnitAsked) {
+    box.BorderStyle(platform::BorderStyle::Single);
+    EXPECT_EQ(box.ScaleWidth(), 30);
+    box.ScaleMode(png::ScaleMode::Pixels);
+    EXPECT_EQ(box.ScaleWidth(), 2);
+    EXPECT_EQ(box.Width(), 60);
+    box.Parent()->ScaleMode(png::ScaleMode::Pixels);
+    EXPECT_EQ(box.Height(), 3);
+    box.Width(1e12);
+    box.Height(1e12);
+    EXPECT_EQ(box.Width(), QWIDGETSIZE_MAX);
+    EXPECT_THROW(box.StretchBlt(0, 0, 1, 1, Numbered(1, 1), 1, 1), Failure);
+    box.Width(-1);
+    EXPECT_EQ(box.Width(), 0);
+    std::array<uint8_t, 4> bits{};
+    EXPECT_FALSE(box.GetDIBits(0, 0, 1, 1, bits));
+}
+
+TEST_F(PictureBoxTest, MouseAndKeysMoveAndClick) {
+    box.Width(40 * 15);
+    box.Height(30 * 15);
+    QImage picture(4, 4, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    box.Picture(picture);
+    box.BorderStyle(platform::BorderStyle::Single);
+    box.show();
+    const QImage seen = box.grab().toImage();
+    EXPECT_EQ(seen.pixelColor(1, 1), Qt::green);
+    EXPECT_EQ(seen.pixelColor(4, 4), Qt::green);
+    EXPECT_EQ(seen.pixelColor(5, 4).rgb() & 0xFFFFFF, kBack);
+    QString told;
+    const auto note = [&](float x, float y) { told += u" %1,%2"_s.arg(x).arg(y); };
+    QObject::connect(&box, &PictureBox::MouseMove, &box, note);
+    QObject::connect(&box, &PictureBox::Click, &box, [&](float x, float y) {
+        told += u" clic"_s;
+        note(x, y);
+    });
+    box.PointAt(20, 40);
+    for (const char* keys : {"Right, Shift+Down, Shift+Left, Up", "Shift+Right, Space"})
+        QTest::keySequence(&box, QKeySequence(QString::fromLatin1(keys)));
+    QTest::mouseMove(&box, {9, 3});
+    QTest::mouseClick(&box, Qt::LeftButton, {}, {7, 3});
+    QTest::mouseClick(&box, Qt::RightButton, {}, {7, 3});
+    QTest::mousePress(&box, Qt::LeftButton, {}, {7, 3});
+    QTest::mouseRelease(&box, Qt::LeftButton, {}, {70, 3});
+    EXPECT_EQ(told.toStdString(), " 30,30 30,180 0,180 0,165 150,165 150,165 clic 150,165 120,30 "
+                                  "90,30 clic 90,30 90,30 90,30");
 }

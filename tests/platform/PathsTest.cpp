@@ -2,6 +2,8 @@
 #include "platform/Paths.h"
 #include "platform/Drives.h"
 #include "platform/Failure.h"
+#include "platform/Program.h"
+#include "support/Copies.h"
 #include "support/TestHome.h"
 
 #include <gtest/gtest.h>
@@ -12,16 +14,11 @@ namespace fs = std::filesystem;
 
 TEST(Paths, GoThereAndBack) {
     const support::TestHome home;
-    const std::string names[] = {"juego.lua",
-                                 "con blancos y ñ.qmk",
-                                 "C:\\raro?.lua",
-                                 "dos\"comillas\"*<>|",
-                                 "salto\nde linea",
-                                 "latin1 \xF1 roto",
-                                 "\xEF\x80\xBA privado", // U+F03A, which stands for a colon
-                                 "😀",
-                                 "\xEF\xBB\xBFmarca",
-                                 " blancos alrededor "};
+    // U+F03A stands for a colon.
+    const std::string names[] = {
+        "juego.lua",         "con blancos y ñ.qmk", "C:\\raro?.lua",        "dos\"comillas\"*<>|",
+        "salto\nde linea",   "latin1 \xF1 roto",    "\xEF\x80\xBA privado", "😀",
+        "\xEF\xBB\xBFmarca", " blancos alrededor "};
     for (const std::string& name : names) {
         home.Put("carpeta/" + name, "x");
         const QString path = FromNative(home.Root() / "carpeta" / name);
@@ -58,33 +55,76 @@ TEST(Paths, RelativeOnesStartAtTheCurrentDirectory) {
     home.Put("una/dos/x.lua", "x");
     fs::current_path(home.Root() / "una");
     EXPECT_EQ(ToNative(u"dos\\.\\x.lua"_s), home.Root() / "una/dos/x.lua");
-    EXPECT_EQ(ToNative(u"..\\..\\..\\x"_s),
-              home.Root() / "x"); // no way out of a drive
-    EXPECT_EQ(ToNative(u"\\x"_s), home.Root() / "x");
+    for (const QString& x : {u"\\x"_s, u"..\\..\\..\\x"_s}) // no way out of a drive
+        EXPECT_EQ(ToNative(x), home.Root() / "x");
     for (const QString& bad : {QString(), u"Q:\\x"_s, QString(u'a') + QChar(u'\0')})
         EXPECT_THROW(ToNative(bad), Failure);
-}
-
-TEST(Paths, OutliveTheCurrentDirectory) {
-    const support::TestHome home;
-    fs::create_directory(home.Root() / "fugaz");
-    fs::current_path(home.Root() / "fugaz");
-    fs::remove(home.Root() / "fugaz");
+    fs::remove_all(home.Root() / "una"); // they outlive it
     EXPECT_EQ(FromNative("x.lua"), u"Z:\\x.lua"_s);
     EXPECT_EQ(ToNative(u"x.lua"_s), fs::path("/x.lua"));
 }
 
 TEST(Drives, OverridesAddAndReplaceLetters) {
     Drives drives("/home/ana", u"E=/mnt/psp;c=/otra/;mal;F=relativa;G=/"_s);
-    std::string letters;
-    for (const Drive& drive : drives.List())
-        letters += drive.letter;
-    EXPECT_NE(letters.find('E'), std::string::npos);
-    EXPECT_EQ(letters.find('F'), std::string::npos);
     EXPECT_EQ(drives.Root(u'C'), fs::path("/otra"));
     EXPECT_EQ(drives.Root(u'e'), fs::path("/mnt/psp"));
-    EXPECT_EQ(drives.Root(u'1'), std::nullopt);
+    for (const QChar none : {u'F', u'1'})
+        EXPECT_EQ(drives.Root(none), std::nullopt);
     EXPECT_EQ(drives.Holding("/mnt/psp/PSP").letter, 'E');
     EXPECT_EQ(drives.Holding("/mnt/psp2").root, "/"); // a longer name, not a folder below
     EXPECT_EQ(drives.Holding("/otra").letter, 'C');
+}
+
+TEST(Program, ItsFolderIsFilledWithoutTouchingWhatIsThere) {
+    const support::TestHome home;
+    const std::string data = "prefijo/share/quillmark/";
+    const std::string player = "prefijo/libexec/quillmark/QM/jugar";
+    const QByteArray example(1 << 24, 'x');
+    home.Put(data + "config.ini", "nuevo");
+    home.Put(data + "Code/codea", example);
+    home.Put(player, "#!/bin/sh");
+    home.Put("programa/config.ini", "del usuario");
+    fs::permissions(home.Root() / (data + "Code/codea"), fs::perms(0444));
+    fs::permissions(home.Root() / player, fs::perms(0755));
+    fs::create_directories(home.Root() / "programa/QM");
+    fs::create_symlink("/no/hay", home.Root() / "programa/QM/jugar"); // of a former installation
+    EXPECT_TRUE(support::InCopies([&](int) {
+        PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
+        return home.Get("programa/Code/codea") == example;
+    }));
+    EXPECT_TRUE(CanRun(home.Root() / "programa/QM/jugar"));
+    EXPECT_TRUE(fs::is_symlink(home.Root() / "programa/QM/jugar"));
+    EXPECT_EQ(ProgramFolder(), u"C:\\programa"_s);
+    EXPECT_EQ(home.Get("programa/config.ini"), "del usuario");
+    const auto permissions = fs::status(home.Root() / "programa/Code/codea").permissions();
+    EXPECT_NE(permissions & fs::perms::owner_write, fs::perms::none);
+}
+
+TEST(Program, ItsFolderWithoutAnOverride) {
+    const support::TestHome home;
+    home.Put("prefijo/bin/quillmark", "");
+    qunsetenv("QUILLMARK_HOME");
+    PrepareProgramFolder(home.Root() / "prefijo/bin/quillmark");
+    EXPECT_EQ(ProgramFolder(), u"C:\\prefijo\\bin"_s);
+    qputenv("XDG_DATA_HOME", (home.Root() / "datos").c_str());
+    PrepareProgramFolder("/proc/no/se/escribe/quillmark");
+    EXPECT_EQ(ProgramFolder(), u"C:\\datos\\quillmark"_s);
+    EXPECT_TRUE(fs::is_directory(home.Root() / "datos/quillmark"));
+    PrepareProgramFolder("/usr/bin/quillmark"); // whoever starts it
+    EXPECT_EQ(ProgramFolder(), u"C:\\datos\\quillmark"_s);
+    qunsetenv("HOME");
+    FindHome();
+    EXPECT_TRUE(fs::is_directory(qgetenv("HOME").toStdString()));
+}
+
+TEST(Program, TheCommandLineIsOnePath) {
+    const support::TestHome home;
+    fs::create_directories(home.Root() / "mis juegos");
+    fs::current_path(home.Root() / "mis juegos");
+    EXPECT_EQ(CommandLinePath({}), QString());
+    EXPECT_EQ(CommandLinePath({"uno", "y", "dos.lua"}), u"C:\\mis juegos\\uno y dos.lua"_s);
+    EXPECT_EQ(CommandLinePath({"/etc/\"x\""}), u"Z:\\etc\\\uF022x\uF022"_s);
+    ChangeDirectory(u"C:\\"_s);
+    EXPECT_EQ(fs::current_path(), home.Root());
+    EXPECT_THROW(ChangeDirectory(u"C:\\nada"_s), Failure);
 }
