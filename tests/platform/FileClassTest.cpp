@@ -76,10 +76,9 @@ TEST_F(FileClassTest, TheRegistryKeepsKeysAndValuesAsGiven) {
 }
 
 TEST_F(FileClassTest, CommandsAreTakenApart) {
-    PutPlayer("programa/QM/luaplayer");
-    PutPlayer("programa/con");
-    PutPlayer("programa/con blancos %1");
-    PutPlayer("bin/quillmark");
+    for (const char* name :
+         {"programa/QM/luaplayer", "programa/con", "programa/con blancos %1", "bin/quillmark"})
+        PutPlayer(name);
     const auto parsed = [&](const QString& line) {
         const Command command = ParseCommand(line);
         return QString::fromStdString(fs::relative(command.program, home.Root())) + u'|' +

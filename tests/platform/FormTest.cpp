@@ -134,7 +134,6 @@ TEST(Timer, NeverRunsInsideItsOwnHandler) {
     timer.Interval(1);
     timer.Enabled(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return form.events.size() >= 6; }));
-    timer.Enabled(false);
     EXPECT_FALSE(form.events.contains(u"<<"));
 }
 
@@ -155,7 +154,6 @@ TEST(Arrange, CoversTheAreaOrStaysInside) {
     }
     EXPECT_EQ(TileHorizontallyRects(kArea, 3)[2].width(), kArea.width());
     EXPECT_EQ(TileVerticallyRects(kArea, 3)[2].height(), kArea.height());
-
     const auto cascade = CascadeRects(kArea, 40, 25);
     EXPECT_EQ(cascade[1].topLeft(), QPoint(25, 25));
     const auto icons = IconRects(kArea, 9, QSize(160, 30));
@@ -165,7 +163,6 @@ TEST(Arrange, CoversTheAreaOrStaysInside) {
         for (const QRect& rect : rects)
             EXPECT_TRUE(all.contains(rect));
     }
-
     // Those that keep their sizes stand at the right, inside whatever they cover.
     const auto stack = StackRects(kArea, {{200, 300}, {100, 400}, {300, 500}, {900, 100}});
     EXPECT_EQ(
@@ -223,14 +220,12 @@ TEST(Dialogs, FileNamesAreTakenAsTypedAndMoveTheCurrentDirectory) {
     EXPECT_EQ(dialog.FileName(), u"C:\\juegos\\sin extensión"_s);
     EXPECT_EQ(dialog.FileTitle(), u"sin extensión"_s);
     EXPECT_EQ(std::filesystem::current_path(), home.Root() / "juegos");
-
     type(u"viejo.qmk"_s); // is there, and nobody asks
     dialog.ShowSave();
     EXPECT_EQ(dialog.FileName(), u"C:\\juegos\\viejo.qmk"_s);
     WhenShown<QFileDialog>([](QFileDialog* box) { QTest::keyClick(box, Qt::Key_Escape); });
     dialog.ShowSave();
     EXPECT_EQ(dialog.FileName(), QString());
-
     type(u"no está.lua"_s); // the opening will say so
     EXPECT_EQ(CurrentDialogs().AskOpenName({nullptr, u"Abrir"_s, {}, {}}),
               u"C:\\juegos\\no está.lua"_s);

@@ -38,10 +38,8 @@ TEST(Paths, GoThereAndBack) {
 
 TEST(Paths, NamesAreFoundWhateverTheirCase) {
     const support::TestHome home;
-    home.Put("PSP/Game/EBOOT.PBP", "x");
-    home.Put("PSP/game2/a", "x");
-    home.Put("Doble", "x");
-    home.Put("DOBLE", "x");
+    for (const char* name : {"PSP/Game/EBOOT.PBP", "PSP/game2/a", "Doble", "DOBLE"})
+        home.Put(name, "x");
     EXPECT_EQ(ToNative(u"c:\\psp\\GAME\\eboot.pbp"_s), home.Root() / "PSP/Game/EBOOT.PBP");
     EXPECT_EQ(ToNative(u"C:\\Doble"_s), home.Root() / "Doble");
     EXPECT_EQ(ToNative(u"C:\\dOBLE"_s), home.Root() / "DOBLE");

@@ -83,7 +83,7 @@ TEST(RtfReader, TellsTheTextFromTheRest) {
          u"á.ábá\nácáé"_s},
         {"\\u-10179?x\\u65535?\\u8233?y\\u0?", u"?x\ny"_s},
         {"{\\*\\otro x{y}}{\\stylesheet{\\s1 z;}}{\\info{\\title t}}{\\header h}a"
-         "{\\pict\\bin4 }}\\\\{\\u233 ?}}b{\\field{\\*\\fldinst HYPERLINK}{\\*\\fldrslt c}}\\nada "
+         "{\\pict\\bin4 }}\\\\{\\u233 ?}}b{\\field{\\*\\fldinst HYPERLINK}{\\*\\fldrslt c}}\\nada5 "
          "d",
          u"abcd"_s},
         {"{\\v oculto}a{\\pntext 1.{\\tab}}b{\\listtext\\tab}c{\\listtext\\fi-9\\tab}d",
@@ -125,7 +125,6 @@ TEST(RtfReader, GivesParagraphsTheirLook) {
     const QList<QTextOption::Tab> tabs = {{24, QTextOption::LeftTab}, {72, QTextOption::RightTab}};
     EXPECT_EQ(hanging.tabPositions(), tabs);
     EXPECT_EQ(ParagraphOf("\\qr\\li720\\tx1440 x\\par\\pard a"), ParagraphOf("a"));
-
     using B = QTextBlockFormat;
     const std::tuple<const char*, B::LineHeightTypes, double> spacings[] = {
         {"\\sl360\\slmult1 a", B::ProportionalHeight, 150},
@@ -199,14 +198,12 @@ TEST(DocumentFormatter, KnowsTablesTabsAndTheRoom) {
     QTextDocument table; // whose cells are lines of their own
     table.setHtml(u"a<table><tr><td>b<br>c</td><td>d<br>e</td></tr></table>f"_s);
     EXPECT_GE(Pages(table, 9000, 400).size(), 6);
-
     QTextDocument tabs(u"\ta "_s.repeated(30));
     const auto narrow = Pages(tabs, 9000, 400).size();
     QTextOption option;
     option.setTabStopDistance(300);
     tabs.setDefaultTextOption(option);
     EXPECT_GT(Pages(tabs, 9000, 400).size(), narrow);
-
     const QTextDocument document(u"a"_s);
     EXPECT_TRUE(Pages(document, -1, 9000).empty());
     EXPECT_TRUE(Pages(document, 9000, -1).empty());

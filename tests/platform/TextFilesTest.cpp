@@ -18,17 +18,17 @@ TEST(ProfileFile, ReadsAsTheFormatIsKnown) {
     const QByteArray file = "; inicio\r\nsuelta=0\r\n[ Inicio ]\r\n;clave=comentario\r\n"
                             "CLAVE =  uno  \r\nclave=dos\r\nentre=\" con blancos \"\r\nvacia=\r\n"
                             "igual=a=b;c\r\n[otra]\nclave=tres\n[inicio]\nsolo=cuatro\n";
+    // Of two sections of a name the first one counts, and so does the first of two keys.
     const std::tuple<const char*, const char*, std::optional<QByteArray>> questions[] = {
         {"inicio", "clave", "uno"},
         {"INICIO", "Entre", " con blancos "},
         {"inicio", "vacia", ""},
         {"inicio", "igual", "a=b;c"},
         {"otra", "clave", "tres"},
-        {"inicio", "solo", std::nullopt}, // the first section of a name counts
+        {"inicio", "solo", std::nullopt},
         {"inicio", ";clave", std::nullopt},
         {"nada", "clave", std::nullopt},
-        {"inicio", "suelta", std::nullopt},
-    };
+        {"inicio", "suelta", std::nullopt}};
     for (const auto& [section, key, value] : questions)
         EXPECT_EQ(ProfileValue(file, section, key), value) << section << ' ' << key;
     EXPECT_EQ(ProfileValue("\xEF\xBB\xBF[a]\nb=c", "a", "b"), "c");
@@ -108,14 +108,11 @@ TEST(TextEncoding, UnchangedTextIsTheSameBytes) {
     EXPECT_EQ(DecodeText(big).utf8, spanish.toUtf8());
 }
 
-TEST(TextEncoding, UndefinedBytesTravelAsControls) {
+TEST(TextEncoding, NothingIsLostInTheCodePageOrForLackOfIt) {
     EXPECT_EQ(FromCodePage("\x81\x8D\x8F\x90\x9D\x80"), u"\u0081\u008D\u008F\u0090\u009D\u20AC"_s);
     EXPECT_EQ(ToCodePage(u"\u0081\u20AC\u00FF"), QByteArray("\x81\x80\xFF"));
     EXPECT_EQ(ToCodePage(u"\u0080"), std::nullopt);
     EXPECT_EQ(ToCodePageLossy(u"a\u2192\U0001F600ñ"), QByteArray("a??\xF1"));
-}
-
-TEST(TextEncoding, NothingIsLostThatDoesNotFitTheCodePage) {
     const QByteArray arrow = u"ñ → x"_s.toUtf8();
     for (const QByteArray& text : {arrow, u"\uFEFFabc"_s.toUtf8()})
         EXPECT_EQ(EncodeText(text, TextEncoding::CodePage).bytes, text);
