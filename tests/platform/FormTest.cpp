@@ -164,11 +164,9 @@ TEST(Arrange, CoversTheAreaOrStaysInside) {
             EXPECT_TRUE(all.contains(rect));
     }
     // Those that keep their sizes stand at the right, inside whatever they cover.
-    const auto stack = StackRects(kArea, {{200, 300}, {100, 400}, {300, 500}, {900, 100}});
-    EXPECT_EQ(
-        stack,
-        (std::vector<QRect>{
-            {800, 0, 200, 300}, {900, 300, 100, 400}, {500, 0, 300, 500}, {0, 500, 900, 100}}));
+    const std::vector<QRect> stack = {
+        {800, 0, 200, 300}, {900, 300, 100, 400}, {500, 0, 300, 500}, {0, 500, 900, 100}};
+    EXPECT_EQ(StackRects(kArea, {{200, 300}, {100, 400}, {300, 500}, {900, 100}}), stack);
     EXPECT_EQ(StackRects(kArea, {{1200, 900}})[0], QRect(0, 0, 1200, 900));
     EXPECT_EQ(MovedInside({-5, 650, 100, 60}, kArea), QRect(0, 640, 100, 60));
 }

@@ -43,9 +43,8 @@ TestHome::TestHome() {
 
 TestHome::~TestHome() {
     fs::current_path("/");
-    std::error_code ignored; // the folder's owner tries again
-    fs::remove_all(Root(),
-                   ignored); // names in other encodings, too, which the toolkit can't remove
+    std::error_code ignored; // the folder itself goes again with its object
+    fs::remove_all(Root(), ignored);
 }
 
 QString TestHome::Put(const std::string& name, const QByteArray& bytes) const {
