@@ -5,6 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/FileListBox.h"
 #include "platform/ImageList.h"
+#include "platform/Line.h"
 #include "platform/ListView.h"
 #include "platform/Paths.h"
 #include "platform/PictureBox.h"
@@ -238,6 +239,10 @@ TEST_F(PictureBoxTest, MouseAndKeysMoveAndClick) {
     EXPECT_EQ(seen.pixelColor(1, 1), Qt::green);
     EXPECT_EQ(seen.pixelColor(4, 4), Qt::green);
     EXPECT_EQ(seen.pixelColor(5, 4).rgb() & RGB_MASK, kBack);
+    Line line(&box);
+    line.X2(40 * 15);
+    line.show();
+    EXPECT_EQ(box.childAt(7, 1), nullptr); // the mouse goes through it
     QString told;
     const auto note = [&](float x, float y) { told += u" %1,%2"_s.arg(x).arg(y); };
     QObject::connect(&box, &PictureBox::MouseMove, &box, note);

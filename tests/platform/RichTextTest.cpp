@@ -74,6 +74,7 @@ TEST(RtfReader, TellsTheTextFromTheRest) {
          u"{\\} \u00AD\u2011—–‘’“”•."_s},
         {"\\'e1\\'80\xF1\\'zz", u"á€ñzz"_s},
         {"\\ansicpg1251 \\'cf", u"П"_s},
+        {"\\ansicpg949 \\'b0\\'a1", u"가"_s},
         {"\\ansicpg65001 \\'c3\\'a1\\'e2\\'82\\'ac", u"á€"_s},
         {"{\\fonttbl\\f0\\fcharset128 A;\\f1\\fcharset2 B;\\f2\\fcharset0 C;}\\ansicpg1251"
          "\\f0 \\'93\\'fa{\\f1\\'b7}{\\f2\\'e1}\\f3\\'e1",
