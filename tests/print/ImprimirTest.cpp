@@ -15,10 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Word {
-    int page;
-    double left, top, right, bottom; // points
-};
+// Where words stand, in points; each page is taken to be 1000 high and the first begins at 1000.
+using Words = QMultiHash<QString, QRectF>;
 
 class ImprimirTest : public support::MainWindow {
 protected:
@@ -32,42 +30,52 @@ protected:
         });
         principal.MostrarImprimir(QString());
         window = dynamic_cast<print::Imprimir*>(principal.ActiveForm());
-        text = Find<QTextEdit>("RichTextBox1");
+        text = Find<QTextEdit>(u"RichTextBox"_s, 1);
     }
     ~ImprimirTest() override { platform::ReplaceCurrentPrinter({}); }
     template<class Widget>
-    Widget* Find(const char* name) {
-        return window->findChild<Widget*>(QString::fromLatin1(name));
+    Widget* Find(const QString& name, int number) {
+        return window->findChild<Widget*>(name + QString::number(number));
     }
-    void Set(const char* field, const QString& value) { Find<QLineEdit>(field)->setText(value); }
-    void Click(const char* button) { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
+    void Set(int field, const QString& value) { Find<QLineEdit>(u"Text"_s, field)->setText(value); }
+    QPushButton* Command(int number) { return Find<QPushButton>(u"Command"_s, number); }
+    void Click(int command, const QString& message = {}) {
+        if (!message.isEmpty())
+            dialogs.Expect(message, platform::Answer::Ok);
+        QTest::mouseClick(Command(command), Qt::LeftButton);
+    }
+    void Open(const QString& name, const QString& message = {}) {
+        dialogs.ExpectName(name);
+        Click(1, message);
+    }
     QString Output(QStringList arguments) {
         QProcess process;
         process.start(u"pdftotext"_s, arguments << file << u"-"_s);
         process.waitForFinished();
         return QString::fromUtf8(process.readAllStandardOutput());
     }
-    // Where the text begins with such a margin.
-    double Left(const QString& margin) {
-        Set("Text4", margin);
-        Set("Text5", u"500"_s);
-        Click("Command2");
-        return Words().value(u"viejo"_s).left;
-    }
-    QMultiHash<QString, Word> Words() {
+    Words Printed() {
         static const QRegularExpression word(
             u"<page|xMin=\"(.*?)\" yMin=\"(.*?)\" xMax=\"(.*?)\" yMax=\"(.*?)\">(.*?)<"_s);
-        QMultiHash<QString, Word> words;
-        int page = 0;
+        Words words;
+        double page = 0;
         for (const auto& match : word.globalMatch(Output({u"-bbox"_s}))) {
+            const auto at = [&](int i) { return match.captured(i).toDouble(); };
+            const QRectF box({at(1), page + at(2)}, QPointF(at(3), page + at(4)));
             if (match.captured(5).isNull())
-                ++page;
+                page += 1000;
             else
-                words.insert(match.captured(5),
-                             {page, match.captured(1).toDouble(), match.captured(2).toDouble(),
-                              match.captured(3).toDouble(), match.captured(4).toDouble()});
+                words.insert(match.captured(5), box);
         }
         return words;
+    }
+    static double InPage(double y) { return std::fmod(y, 1000); }
+    // Where the text begins with such a margin.
+    double Left(const QString& margin) {
+        Set(4, margin);
+        Set(5, u"500"_s);
+        Click(2);
+        return Printed().value(u"viejo"_s).left();
     }
 
     QString file = QString::fromStdString((home.Root() / "salida.pdf").native());
@@ -77,137 +85,106 @@ protected:
 
 } // namespace
 
-TEST_F(ImprimirTest, TheWindowSaysWhatItsFieldsAreFor) {
-    EXPECT_EQ(window->Caption(), u" Ejemplo de impresión de un RichTextBox "_s);
-    QStringList shown;
-    for (const char* name :
-         {"Command1", "Command2", "Frame2", "Frame3", "Label1", "Label2", "Label3", "Label4",
-          "Label5", "Label6", "Text1", "Text2", "Text3", "Text6"})
-        shown += Find<QWidget>(name)->property("text").toString() +
-                 Find<QWidget>(name)->property("title").toString();
-    EXPECT_EQ(shown.join(u'|'),
-              u" Abrir archivo |Imprimir RichTextbox |Opciones|Margenes en Twips|"
-              "Texto del Encabezado:|Texto del Pie|Superior|Izquierdo|Derecho|Inferior|"
-              "Text1|Text1|500|500"_s);
-    EXPECT_EQ(text->font().family(), u"Times New Roman"_s);
-    EXPECT_EQ(Find<QTextEdit>("txtFile")->font().family(), u"Arial"_s);
-    dialogs.ExpectName(QString());
-    Click("Command1");
-    QStringList filters;
-    for (const platform::FileFilter& filter : dialogs.questions.back().filters)
-        filters += {filter.name, filter.pattern};
-    EXPECT_EQ(filters.join(u'|'),
-              u"Archivos RTF|*.RTF|Archivos de texto|*.Txt|Todos los Archivos|*.*"_s);
-    EXPECT_EQ(text->toPlainText(), QString());
-}
-
 TEST_F(ImprimirTest, EveryLineIsPrintedOnceWithinTheMargins) {
+    EXPECT_EQ(window->Caption(), u" Ejemplo de impresión de un RichTextBox "_s);
+    EXPECT_EQ(Command(1)->text() + Command(2)->text(), u" Abrir archivo Imprimir RichTextbox "_s);
     QStringList lines;
     for (int i = 1; i <= 200; ++i)
         lines += u"l%1"_s.arg(i);
     const QString wide = u"\niiiiiiiiii MMMMMMMMMM"_s + u" ancho"_s.repeated(50);
     home.Put("lineas.txt", (lines.join(u"\r\n"_s) + wide).toLatin1());
-    dialogs.ExpectName(u"C:\\lineas.txt"_s);
-    Click("Command1");
+    Open(u"C:\\lineas.txt"_s);
+    QStringList filters;
+    for (const platform::FileFilter& filter : dialogs.questions.back().filters)
+        filters += filter.name + u'=' + filter.pattern;
+    EXPECT_EQ(filters.join(u'|'),
+              u"Archivos RTF=*.RTF|Archivos de texto=*.Txt|Todos los Archivos=*.*"_s);
     EXPECT_EQ(text->toPlainText(), lines.join(u'\n') + wide);
-    Set("Text1", u"Cabecera"_s);
-    Set("Text2", u"ppp PPP"_s);
-    Set("Text3", u"1440"_s);
-    Set("Text4", u"2880"_s);
-    Set("Text5", u"2160"_s);
-    Set("Text6", u"1000"_s);
-    Click("Command2");
-    const QMultiHash<QString, Word> words = Words();
-    int page = 1;
+    const QStringList values = u"Cabecera,ppp PPP,1440,2880,2160,1000"_s.split(u',');
+    for (int i = 0; i < values.size(); ++i)
+        Set(i + 1, values[i]);
+    Click(2);
+    const Words words = Printed();
     double last = 0;
     double lowest = 0;
     for (const QString& line : lines) {
         ASSERT_EQ(words.count(line), 1) << line.toStdString();
-        const Word word = words.value(line);
-        EXPECT_NEAR(word.left, 144, 1);
-        EXPECT_GT(word.top, 70);
-        lowest = std::max(lowest, word.bottom);
-        EXPECT_TRUE(word.page == page ? word.top > last : word.page == page + 1);
-        page = word.page;
-        last = word.top;
+        const QRectF box = words.value(line);
+        EXPECT_NEAR(box.left(), 144, 1);
+        EXPECT_GT(InPage(box.top()), 70);
+        EXPECT_GT(box.top(), last);
+        last = box.top();
+        lowest = std::max(lowest, InPage(box.bottom()));
     }
-    EXPECT_GT(page, 2);
     EXPECT_NEAR(lowest, 842 - 50 - 8, 9); // the last line that fits
     double right = 0;
-    for (const Word& word : words.values(u"ancho"_s))
-        right = std::max(right, word.right);
+    for (const QRectF& box : words.values(u"ancho"_s))
+        right = std::max(right, box.right());
     EXPECT_NEAR(right, 595 - 108 - 16, 17);
-    const auto width = [&](const QString& word) {
-        return words.value(word).right - words.value(word).left;
-    };
-    EXPECT_GT(width(u"MMMMMMMMMM"_s), 2 * width(u"iiiiiiiiii"_s)); // in the body's own font
-    EXPECT_NEAR(width(u"ppp"_s), width(u"PPP"_s), 0.1);            // of equal letters
-    EXPECT_NEAR(width(u"ppp"_s), 3 * 0.6 * 11, 0.5);
-    EXPECT_NEAR((words.value(u"ppp"_s).left + words.value(u"PPP"_s).right) / 2, 595 / 2.0, 1);
-    ASSERT_EQ(words.count(u"Cabecera"_s), page);
-    const Word header = words.value(u"Cabecera"_s);
-    EXPECT_NEAR((header.left + header.right) / 2, 595 / 2.0, 1);
-    EXPECT_NEAR((header.top + header.bottom) / 2, 36, 3);
-    const Word number = words.value(QString::number(page));
-    EXPECT_NEAR(number.right, 595, 1);
-    EXPECT_NEAR((number.top + number.bottom) / 2, 842 - 25, 3);
+    // In the body's own font, and the rest in one of equal letters.
+    EXPECT_GT(words.value(u"MMMMMMMMMM"_s).width(), 2 * words.value(u"iiiiiiiiii"_s).width());
+    const QRectF lower = words.value(u"ppp"_s);
+    const QRectF upper = words.value(u"PPP"_s);
+    EXPECT_NEAR(lower.width(), upper.width(), 0.1);
+    EXPECT_NEAR(lower.width(), 3 * 0.6 * 11, 0.5);
+    EXPECT_NEAR((lower.left() + upper.right()) / 2, 595 / 2.0, 1);
+    const auto page = static_cast<int>(last / 1000);
+    EXPECT_GT(page, 2);
+    EXPECT_EQ(words.count(u"Cabecera"_s), page);
+    EXPECT_NEAR(InPage(words.value(u"Cabecera"_s).center().y()), 36, 3);
+    const QRectF number = words.value(QString::number(page));
+    EXPECT_NEAR(number.right(), 595, 1);
+    EXPECT_NEAR(InPage(number.center().y()), 842 - 25, 3);
 }
 
 TEST_F(ImprimirTest, RichTextIsPrintedInItsOwnShape) {
     home.Put("carta.rtf",
              "{\\rtf1{\\fonttbl{\\f0 Arial;}}\\f0\\fs24 uno\\par\\li1440\\fs48 dos\\par"
              "\\page\\page tres\\par}");
-    dialogs.ExpectName(u"C:\\carta.rtf"_s);
-    Click("Command1");
-    Set("Text2", QString());
-    Click("Command2");
-    const QMultiHash<QString, Word> words = Words();
-    EXPECT_NEAR(words.value(u"uno"_s).left, 25, 1);
-    EXPECT_NEAR(words.value(u"dos"_s).left, 25 + 72, 2);
-    EXPECT_NEAR(words.value(u"dos"_s).bottom - words.value(u"dos"_s).top, 24 * 1.15, 4);
-    EXPECT_EQ(words.value(u"dos"_s).page, 1);
-    EXPECT_EQ(words.value(u"tres"_s).page, 3);
-    EXPECT_EQ(words.values(u"Text1"_s).size(), 3);
+    Open(u"C:\\carta.rtf"_s);
+    Set(2, QString());
+    Click(2);
+    const Words words = Printed();
+    EXPECT_NEAR(words.value(u"uno"_s).left(), 25, 1);
+    const QRectF second = words.value(u"dos"_s);
+    EXPECT_NEAR(second.left(), 25 + 72, 2);
+    EXPECT_NEAR(second.height(), 24 * 1.15, 4);
+    EXPECT_LT(second.bottom(), 2000);
+    EXPECT_GT(words.value(u"tres"_s).top(), 3000);
     home.Put("rota.rtf", "{\\rtf1 a\\b b");
-    dialogs.ExpectName(u"C:\\rota.rtf"_s);
-    dialogs.Expect(u"incompleto"_s, platform::Answer::Ok);
-    Click("Command1");
+    Open(u"C:\\rota.rtf"_s, u"incompleto"_s);
     EXPECT_EQ(text->toPlainText(), u"ab"_s);
     home.Put("llana.txt", "c");
-    dialogs.ExpectName(u"C:\\llana.txt"_s);
-    Click("Command1");
+    Open(u"C:\\llana.txt"_s);
     EXPECT_EQ(text->fontWeight(), QFont::Normal);
 }
 
 TEST_F(ImprimirTest, WhatCannotBeReadOrPrintedIsSaid) {
     text->setPlainText(u"viejo"_s);
-    dialogs.ExpectName(u"C:\\falta.rtf"_s);
-    dialogs.Expect(u"falta.rtf"_s, platform::Answer::Ok);
-    Click("Command1");
-    EXPECT_EQ(text->toPlainText(), u"viejo"_s);
-    dialogs.ExpectName(QString()); // the name of the last pick stays
-    dialogs.Expect(u"falta.rtf"_s, platform::Answer::Ok);
-    Click("Command1");
-    for (const QString& margin :
-         {u"1,5,5"_s, u"x"_s, QString(), u"2147483647,6"_s, u"-3e9"_s, u"nan"_s}) {
-        Set("Text5", margin);
-        dialogs.Expect(u"El margen \"Derecho\" no es un número válido: \"%1\"."_s.arg(margin),
-                       platform::Answer::Ok);
-        Click("Command2");
+    Open(QString());
+    for (const QString& name : {u"C:\\falta.rtf"_s, QString()}) // the last pick stays
+        Open(name, u"falta.rtf"_s);
+    const std::tuple<int, QString, QString> wrong[] = {
+        {6, u"Inferior"_s, u"1,5,5"_s}, {5, u"Derecho"_s, u"x"_s},
+        {4, u"Izquierdo"_s, QString()}, {3, u"Superior"_s, u"2147483647,6"_s},
+        {3, u"Superior"_s, u"-3e9"_s},  {3, u"Superior"_s, u"nan"_s}};
+    for (const auto& [field, name, margin] : wrong) { // the upper fields are read first
+        Set(field, margin);
+        Click(2, u"El margen \"%1\" no es un número válido: \"%2\"."_s.arg(name, margin));
     }
     EXPECT_FALSE(QFile::exists(file));
+    for (const int field : {3, 6})
+        Set(field, u"500"_s);
     EXPECT_EQ(Left(u"1440,5"_s), Left(u"1440"_s));
     EXPECT_EQ(Left(u" 1441.5 "_s), Left(u"1442"_s));
     EXPECT_NE(Left(u"1441"_s), Left(u"1442"_s));
-    Set("Text5", u" -20 "_s);
-    Set("Text6", u"20000"_s);
-    dialogs.Expect(u"márgenes"_s, platform::Answer::Ok);
-    Click("Command2");
-    EXPECT_TRUE(Output({}).contains(u"Página 1"_s));
-    EXPECT_FALSE(Output({}).contains(u"Página 2"_s));
+    Set(5, u" -20 "_s);
+    Set(6, u"20000"_s);
+    Click(2, u"márgenes"_s);
+    const QString pages = Output({});
+    EXPECT_TRUE(pages.contains(u"Página 1"_s) && !pages.contains(u"Página 2"_s));
     file = u"/no/hay/x.pdf"_s;
-    dialogs.Expect(u"impresora"_s, platform::Answer::Ok);
-    Click("Command2");
+    Click(2, u"impresora"_s);
 }
 
 TEST_F(ImprimirTest, TheFileOfThePrintDialogIsWritten) {
@@ -222,8 +199,8 @@ TEST_F(ImprimirTest, TheFileOfThePrintDialogIsWritten) {
     EXPECT_TRUE(Output({}).contains(u"while"_s));
     text->setPlainText(u"carta"_s);
     window->Show();
-    Click("Command2");
-    EXPECT_EQ(Words().count(u"carta"_s), 1);
-    EXPECT_NEAR(Words().value(u"1"_s).right, 420, 1);
+    Click(2);
+    EXPECT_EQ(Printed().count(u"carta"_s), 1);
+    EXPECT_NEAR(Printed().value(u"1"_s).right(), 420, 1);
     platform::KeepPrinterFile({});
 }
