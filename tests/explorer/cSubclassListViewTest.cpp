@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTest>
 #include <QTreeView>
@@ -14,6 +15,50 @@ using namespace Qt::StringLiterals;
 using namespace explorer;
 
 namespace {
+
+// Nine cells of 4 pixels and one pixel more; cell n is of the red 20 * n.
+QPixmap Skin() {
+    QImage image(4 * kCeldas + 1, 30, QImage::Format_RGB32);
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+            image.setPixelColor(x, y, QColor(x / 4 * 20, 0, 0));
+    return QPixmap::fromImage(image);
+}
+
+QPixmap Filled(const QColor& color, int side) {
+    QPixmap pixmap(side, side);
+    pixmap.fill(color);
+    return pixmap;
+}
+
+// Titles are blue, or green if raised.
+EstadoCabecera Estado(int columnaActiva) {
+    EstadoCabecera estado;
+    estado.PonerSkin(Skin());
+    estado.TextNormalColor = 0xC00000;
+    estado.TextResalteColor = 0x00C000;
+    estado.tamanoIcono = QSize(8, 8);
+    estado.columnaActiva = columnaActiva;
+    return estado;
+}
+
+QImage Pintada(const std::vector<ColumnaCabecera>& columnas, const EstadoCabecera& estado) {
+    QImage imagen(140, 20, QImage::Format_RGB32);
+    imagen.fill(Qt::white);
+    QPainter pintor(&imagen);
+    PintarCabecera(pintor, imagen.rect(), columnas, estado);
+    return imagen;
+}
+
+// Where something is drawn in a colour that the skin hasn't.
+QRect Tinta(const QImage& imagen, int (QColor::*parte)() const) {
+    QRect tinta;
+    for (int x = 0; x < imagen.width(); ++x)
+        for (int y = 0; y < imagen.height(); ++y)
+            if ((imagen.pixelColor(x, y).*parte)() > 100)
+                tinta |= QRect(x, y, 1, 1);
+    return tinta;
+}
 
 // Counts what is painted of a header.
 struct Paints : QObject {
@@ -31,7 +76,7 @@ struct Paints : QObject {
 class CSubclassListViewTest : public testing::Test {
 protected:
     CSubclassListViewTest() {
-        icons.AddImage(u"verde"_s, Filled(Qt::green));
+        icons.AddImage(u"verde"_s, Filled(Qt::green, 16));
         list.ColumnHeaderIcons(&icons);
         list.AddColumnHeader({u"Nombre"_s, 1500, Qt::AlignLeft, u"verde"_s});
         list.AddColumnHeader({QString(40, u'i'), 1500, Qt::AlignRight});
@@ -41,25 +86,13 @@ protected:
         list.show();
         skin.SubClassListView(platform::HandleOf(&list));
     }
-    static QPixmap Filled(const QColor& color) {
-        QPixmap pixmap(16, 16);
-        pixmap.fill(color);
-        return pixmap;
-    }
-    // Nine cells of 4 pixels, each of a red of its own.
-    static QPixmap Skin() {
-        QImage image(36, 30, QImage::Format_RGB32);
-        for (int x = 0; x < image.width(); ++x)
-            for (int y = 0; y < image.height(); ++y)
-                image.setPixelColor(x, y, QColor(x / 4 * 20, 0, 0));
-        return QPixmap::fromImage(image);
-    }
     // The red at the left end of each column, which is 60 under the mouse and 120 pressed.
     QList<int> Ends() {
-        const QImage header = Viewport()->grab().toImage();
-        return {Red(header, 1), Red(header, 101), Red(header, 201)};
+        const QImage header = Header();
+        const auto red = [&](int x) { return header.pixelColor(x, 2).red(); };
+        return {red(1), red(101), red(201)};
     }
-    static int Red(const QImage& image, int x) { return image.pixelColor(x, 2).red(); }
+    QImage Header() { return Viewport()->grab().toImage(); }
     QWidget* Viewport() { return list.Header()->viewport(); }
     void Move(int x, int y = 5) { QTest::mouseMove(Viewport(), {x, y}); }
 
@@ -70,16 +103,93 @@ protected:
 
 } // namespace
 
+TEST(DisposicionCabecera, TextAndIconStandAsTheFormatSays) {
+    // Of columns from 10 on, 20 high, with a title of 30 x 13 and icons of 16 x 16; -1: no icon.
+    const std::tuple<int, int, bool, int, int> casos[] = {
+        {0, 101, false, 19, -1},     {16384, 101, true, 19, -1},  {16385, 101, false, 72, -1},
+        {16386, 101, false, 46, -1}, {18432, 101, false, 44, 19}, {18432, 101, true, 19, 49},
+        {18433, 101, false, 72, 47}, {18433, 101, true, 56, 86},  {18434, 101, false, 52, 27},
+        {18434, 101, true, 36, 66},  {18432, 21, false, 44, 19},  {18432, 20, false, 44, -1},
+        {18433, 40, false, 11, -1}};
+    for (const auto& [fmt, ancho, derecha, texto, icono] : casos) {
+        const Columna columna = {{10, 0, ancho, 20}, {30, 13}, {16, 16}};
+        const Posiciones posiciones = Disponer(columna, CasoDe(fmt).value(), derecha);
+        EXPECT_EQ(QPoint(texto, 4), posiciones.texto) << fmt << derecha;
+        EXPECT_EQ(icono, posiciones.conIcono ? posiciones.icono.x() : -1) << fmt << derecha;
+        EXPECT_EQ(2, posiciones.icono.y());
+        EXPECT_EQ(ancho - 18 - (fmt >= 18432 ? 16 : 0), AnchoTitulo(columna, CasoDe(fmt).value()));
+    }
+    EXPECT_FALSE(CasoDe(1).has_value());
+    EXPECT_EQ(12, AnchoCelda(112)); // 12.4
+    EXPECT_EQ(2, Redondeado(2.5));
+    const auto medir = [](const QString& titulo) { return int(titulo.size()) * 10; };
+    const std::tuple<QString, int, QString> titulos[] = {
+        {u"Nombre"_s, 60, u"Nombre"_s},       {u"Nombre"_s, 59, u"No..."_s},
+        {u"Nombre"_s, 40, u"N..."_s},         {u"Nombre"_s, 39, QString()},
+        {u"Nombre"_s, -5, QString()},         {QString(), -5, QString()},
+        {u"N\U0001F600mbre"_s, 59, u"N..."_s}};
+    for (const auto& [titulo, ancho, recortado] : titulos)
+        EXPECT_EQ(recortado, Recortar(titulo, ancho, medir)) << ancho;
+}
+
+TEST(PinturaCabecera, ColumnsShowTheCellsOfTheirLook) {
+    const QPixmap icono = Filled(Qt::green, 8);
+    const std::vector<ColumnaCabecera> columnas = {{{0, 0, 60, 20}, QString(), 16384, {}},
+                                                   {{60, 0, 60, 20}, QString(), 18432, icono},
+                                                   {{120, 0, 5, 20}, QString(), 7, icono}};
+    // The red of the cells, and the colour and the place of the icon.
+    const std::tuple<bool, bool, std::array<int, 4>, QColor, QPoint> aspectos[] = {
+        {true, true, {0, 0, 0, 40}, QColor(Qt::green), {69, 6}},
+        {false, false, {60, 80, 80, 100}, QColor(Qt::green), {69, 6}},
+        {false, true, {120, 140, 140, 160}, QColor(70, 127, 0), {70, 7}}};
+    for (const auto& [sinResalte, pulsado, rojos, color, donde] : aspectos) {
+        EstadoCabecera estado = Estado(1);
+        estado.sinResalte = sinResalte;
+        estado.pulsado = pulsado;
+        const QImage imagen = Pintada(columnas, estado);
+        const auto rojo = [&](int x) { return imagen.pixelColor(x, 1).red(); };
+        EXPECT_EQ(rojos, (std::array{rojo(61), rojo(64), rojo(100), rojo(118)}));
+        EXPECT_EQ(rojos[1] == 0 ? 20 : rojos[1], rojo(115)); // the background's end
+        EXPECT_EQ(40, rojo(58));                             // the column before is always normal
+        EXPECT_EQ(0, rojo(40));
+        EXPECT_EQ(40, rojo(123)); // narrower than its ends
+        EXPECT_EQ(20, rojo(126)); // the background begins at column 1 of the skin, ends in cell 1
+        const QColor visto = imagen.pixelColor(donde + QPoint(1, 1));
+        EXPECT_NEAR(color.red(), visto.red(), 2);
+        EXPECT_NEAR(color.green(), visto.green(), 2);
+        EXPECT_EQ(QRect(donde, QSize(8, 8)), Tinta(imagen, &QColor::green));
+    }
+}
+
+TEST(PinturaCabecera, TitlesHaveTheColourTheFontAndTheRoomOfTheirLook) {
+    const auto tinta = [](const EstadoCabecera& estado, int letras, auto parte) {
+        return Tinta(Pintada({{{0, 0, 90, 20}, QString(letras, u'H'), 16384, {}}}, estado), parte);
+    };
+    const QRect normal = tinta(Estado(-1), 20, &QColor::blue);
+    EXPECT_NEAR(10, normal.left(), 1);
+    EXPECT_GT(normal.right(), 60);
+    EXPECT_LT(normal.right(), 81); // cut, so that it doesn't come to the end of the column
+    EXPECT_NEAR(10, normal.center().y(), 1);
+    EstadoCabecera estado = Estado(0);
+    EXPECT_EQ(normal, tinta(estado, 20, &QColor::green));
+    estado.pulsado = true;
+    EXPECT_EQ(normal.translated(1, 1), tinta(estado, 20, &QColor::green));
+    EstadoCabecera negrita = Estado(-1);
+    negrita.HedersFontBlod = true;
+    EXPECT_GT(tinta(negrita, 1, &QColor::blue).width(),
+              tinta(Estado(-1), 1, &QColor::blue).width());
+}
+
 TEST_F(CSubclassListViewTest, TheHeaderKeepsItsOwnPaintingWithoutASkin) {
-    const QImage own = Viewport()->grab().toImage();
+    const QImage own = Header();
     const int height = list.Header()->height();
     skin.SkinPicture(Skin());
     EXPECT_EQ(list.Header()->height(), 30);
-    EXPECT_NE(Viewport()->grab().toImage(), own);
+    EXPECT_NE(Header(), own);
     EXPECT_EQ(Ends(), (QList{0, 0, 0}));
     skin.SkinPicture(QPixmap());
     EXPECT_EQ(list.Header()->height(), height);
-    EXPECT_EQ(Viewport()->grab().toImage(), own);
+    EXPECT_EQ(Header(), own);
     support::ScriptedDialogs dialogs;
     dialogs.Expect(u"Invalid window handle"_s, platform::Answer::Ok);
     skin.SubClassListView(platform::HandleOf(Viewport())); // not a list
@@ -129,7 +239,7 @@ TEST_F(CSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
     EXPECT_EQ(skin.GetListviewColumn(window, 2), u"dos"_s);
     EXPECT_EQ(skin.GetListviewColumn(window, 3), QString());
     skin.SkinPicture(Skin());
-    EXPECT_EQ(Viewport()->grab().toImage().pixelColor(15, 15), QColor(Qt::green));
+    EXPECT_EQ(Header().pixelColor(15, 15), QColor(Qt::green));
     QTest::qWait(1);
     Paints paints;
     Viewport()->installEventFilter(&paints);
@@ -153,5 +263,5 @@ TEST_F(CSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
     QTest::qWait(1);
     EXPECT_EQ(paints.area, Viewport()->rect()); // the background doesn't scroll
     list.findChild<QTreeView*>()->horizontalScrollBar()->setValue(0);
-    EXPECT_NE(Viewport()->grab().toImage().pixelColor(15, 15), QColor(Qt::green));
+    EXPECT_NE(Header().pixelColor(15, 15), QColor(Qt::green));
 }
