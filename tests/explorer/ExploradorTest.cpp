@@ -3,7 +3,6 @@
 #include "platform/Drives.h"
 #include "platform/Frame.h"
 #include "platform/ListView.h"
-#include "platform/PictureBox.h"
 #include "platform/Registry.h"
 #include "support/MainWindow.h"
 
@@ -60,14 +59,11 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
     EXPECT_EQ(window->ScaleHeight(), 8715);
     EXPECT_EQ(window->Shell()->x(), platform::ToPixels(8000));
     EXPECT_EQ(window->focusWidget(), Find<platform::ListView>("ListView1")->focusProxy());
-    const auto* box = Find<platform::PictureBox>("Picture1");
-    EXPECT_TRUE(box && box->isAncestorOf(Find<platform::Frame>("Frame1")));
     for (const char* name : {"Boton1", "Boton3", "Boton5"}) {
         const auto* button = Find<QToolButton>(name);
         EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text()));
-        const QImage normal = button->icon().pixmap(24, QIcon::Normal).toImage();
-        EXPECT_FALSE(normal.isNull());
-        EXPECT_NE(normal, button->icon().pixmap(24, QIcon::Active).toImage());
+        EXPECT_NE(button->icon().pixmap(24, QIcon::Normal).toImage(),
+                  button->icon().pixmap(24, QIcon::Active).toImage());
     }
     Click("Boton1");
     EXPECT_EQ(Frame(), QString());
@@ -80,18 +76,14 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
     Enter(u"juegos"_s);
     Click("Boton1");
     EXPECT_EQ(Frame(), u"C:\\"_s);
-    const explorer::Explorador* first = window;
-    Open();
-    EXPECT_EQ(window, first);
+    Open(); // the same window
     EXPECT_EQ(window->cFile()->path(), u"C:\\"_s);
     window->Unload();
     // Before the rest of its load the rows are read, and the window may go then.
     QTimer::singleShot(0, [this] {
-        for (platform::Form* form : principal.Forms())
-            if (form->Caption() == u"Explorador"_s) {
-                EXPECT_NE(form->Shell()->x(), platform::ToPixels(8000));
-                form->Unload();
-            }
+        platform::Form* form = principal.Forms().at(0);
+        EXPECT_NE(form->Shell()->x(), platform::ToPixels(8000));
+        form->Unload();
     });
     Press("mnuherramientasExplorador");
     EXPECT_EQ(principal.ActiveForm(), nullptr);
@@ -113,20 +105,15 @@ TEST_F(ExploradorTest, TheHeaderHasTheSkinOfTheProgramsFolder) {
     EXPECT_EQ(list->Header()->height(), 25);
     window->setColumnHeader(u"C:\\programa\\Skin.bmp"_s, 0xFF0000, 0x00FF00);
     QWidget* header = list->Header()->viewport();
-    // How many pixels have the normal colour, and how many that under the mouse.
-    const auto pixels = [header] {
-        const QImage image = header->grab().toImage();
-        std::pair<int, int> found;
-        for (int i = 0; i < image.width() * image.height(); ++i) {
-            const QColor color = image.pixelColor(i % image.width(), i / image.width());
-            found.first += color.blue() > 100;
-            found.second += color.green() > 100;
-        }
-        return found;
+    const auto shows = [header](QRgb part) {
+        const QImage image = header->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        const std::span row(reinterpret_cast<const QRgb*>(image.constBits()),
+                            static_cast<size_t>(image.width() * image.height()));
+        return std::ranges::any_of(row, [&](QRgb pixel) { return (pixel & part) > part / 2; });
     };
-    EXPECT_TRUE(pixels().first > 0 && pixels().second == 0);
-    QTest::mouseMove(header, {20, 5});
-    EXPECT_TRUE(pixels().first > 0 && pixels().second > 0);
+    EXPECT_TRUE(shows(qRgba(0, 0, 255, 0)) && !shows(qRgba(0, 255, 0, 0)));
+    QTest::mouseMove(header, {20, 5}); // over one of its columns
+    EXPECT_TRUE(shows(qRgba(0, 0, 255, 0)) && shows(qRgba(0, 255, 0, 0)));
     window->Unload();
     home.Put("programa/Skin.bmp", "BM");
     Open();
