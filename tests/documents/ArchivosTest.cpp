@@ -8,17 +8,27 @@ using platform::Answer;
 using ArchivosTest = support::MainWindow;
 
 TEST_F(ArchivosTest, AScriptKeepsTheFileItWasSavedTo) {
-    home.Put("b/x", "");
     const auto saveAs = [&](const char* entrada, const QString& ruta) {
         dialogs.ExpectName(ruta);
         Press(entrada);
     };
+    const QString noHay = u"C:\\no\\hay.qmk"_s; // fails, and says nothing
     Press("mnuarchivonuevo");
+    Active()->Caption(u"copia de Nuevo script 1.lua"_s);
+    for (const QString& ruta : {QString(), noHay}) {
+        saveAs("mnuarchivoguardar", ruta);
+        EXPECT_EQ(Active()->Caption(), u"copia de Nuevo script 1.lua"_s);
+    }
     saveAs("mnuarchivoguardar", u"C:\\a.qmk"_s);
+    EXPECT_EQ(Active()->Caption(), u"a.qmk"_s);
     const QByteArray text = home.Get("a.qmk");
-    std::filesystem::current_path(home.Root() / "b");
+    EXPECT_TRUE(text.startsWith("while true do\r"));
+    std::filesystem::current_path("/");
     Type(u"1"_s);
-    Press("mnuarchivoguardar");
+    for (const char16_t* caption : {u"nuevo script 1", u"Nuevo script", u"Nuevo  script 1"}) {
+        Active()->Caption(QString::fromUtf16(caption));
+        Press("mnuarchivoguardar"); // without a question
+    }
     EXPECT_EQ(home.Get("a.qmk"), "1" + text);
     saveAs("mnuarchivocomo", u"C:\\otro.qmk"_s);
     Type(u"2"_s);
@@ -31,33 +41,28 @@ TEST_F(ArchivosTest, AScriptKeepsTheFileItWasSavedTo) {
     EXPECT_EQ(home.Get("a.qmk"), "1" + text);
     EXPECT_EQ(home.Get("c.lua"), "12" + text);
     EXPECT_EQ(Active()->Caption(), u"otro.qmk"_s);
-    saveAs("mnuarchivocomo", QString());
-    saveAs("mnuarchivocomo", u"C:\\no\\hay.qmk"_s); // fails, and leaves name and path
+    saveAs("mnuarchivocomo", noHay);                                   // leaves name and path
     EXPECT_THROW(Active()->Abrir(u"C:\\no.lua"_s), platform::Failure); // so does this
     Type(u"4"_s);
     dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
     Active()->Unload();
     EXPECT_EQ(home.Get("otro.qmk"), "1234" + text);
-    Press("mnuarchivonuevo");
+
+    Abrir(home.Put("lejos/x", "uno"));
     Type(u"5"_s);
+    Press("mnuarchivoguardar");
+    EXPECT_TRUE(Active()->flagGuardar); // for good
+    EXPECT_EQ(home.Get("lejos/x"), "5uno");
+    Press("mnuarchivonuevo");
+    Type(u"6"_s);
+    dialogs.Expect(u"¿Guardar cambios?"_s, Answer::No);
     dialogs.Expect(u"¿Guardar cambios?"_s, Answer::Yes);
     saveAs("mnuventanacerrar", u"C:\\d"_s);
-    EXPECT_EQ(home.Get("d"), "5" + text);
-    QStringList patterns;
+    EXPECT_EQ(home.Get("d"), "6" + text);
+    QStringList filters;
     for (const platform::FileQuestion& question : dialogs.questions)
-        patterns.append(question.filters.at(0).name + u'|' + question.filters.at(0).pattern);
-    const QString qmk = u"Archivos .qmk|*.qmk"_s;
-    EXPECT_EQ(patterns, QStringList({qmk, qmk, u"Archivos .lua|*.lua"_s, qmk, qmk, qmk}));
-}
-
-TEST_F(ArchivosTest, SavingWithOnlyAToolWindowSaysNothing) {
-    Press("mnuopcionesconfiguracion");
-    principal.mnuarchivoguardar_Click();
-    dialogs.ExpectName(u"C:\\x.qmk"_s);
-    principal.mnuarchivocomo_Click();
-    EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_EQ(home.Get("x.qmk"), "");
-    principal.ActiveForm()->Unload();
-    dialogs.Expect(u"No hay documentos para guardar"_s, Answer::Ok);
-    principal.mnuarchivocomo_Click();
+        filters.append(question.filters.at(0).name + u'|' + question.filters.at(0).pattern);
+    filters.removeDuplicates();
+    EXPECT_EQ(filters, QStringList({u"Archivos .qmk|*.qmk"_s, u"Archivos .lua|*.lua"_s,
+                                    u"Archivos Quillmark (*.qmk)|*.qmk"_s}));
 }

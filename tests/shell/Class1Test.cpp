@@ -30,7 +30,7 @@ protected:
         guardado.removeAll(u"-"_s);
         return guardado;
     }
-    QString Visibles() {
+    static QString Visibles(platform::MenuArray& entradas) {
         QStringList textos;
         for (int i = 1; i <= entradas.Count(); ++i) {
             if (entradas(i).isVisible())
@@ -48,23 +48,19 @@ protected:
 
 } // namespace
 
-TEST_F(Class1Test, AnEmptyListKeepsItsDesignEntry) {
-    EXPECT_EQ(entradas.Count(), 25);
-    EXPECT_EQ(Visibles(), u"Recientes"_s);
-    EXPECT_TRUE(separador->isVisible());
-    EXPECT_EQ(lista.ObtenerPath(1), QString());
-}
-
 TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
+    EXPECT_EQ(entradas.Count(), 25);
+    EXPECT_EQ(Visibles(entradas), u"Recientes"_s); // an empty list keeps its design entry
+    EXPECT_TRUE(separador->isVisible());
     for (const char* nombre : {"a", "b", "c", "d", "e", "f", "A", "f", "g"})
         lista.NuevoElemento(Ruta(QString::fromLatin1(nombre)));
-    EXPECT_EQ(Visibles(), u"1 g|2 f|3 A|4 e|5 d|6 c"_s);
+    EXPECT_EQ(Visibles(entradas), u"1 g|2 f|3 A|4 e|5 d|6 c"_s);
     EXPECT_EQ(Guardado().size(), 6);
     // It is on the disk at once: the process may end without a goodbye.
     EXPECT_TRUE(home.Get(".config/Quillmark/Accesos Recientes.conf").contains("Lista"));
     EXPECT_EQ(lista.ObtenerPath(2), Ruta(u"f"_s));
-    EXPECT_EQ(lista.ObtenerPath(7), QString());
-    EXPECT_EQ(lista.ObtenerPath(0), QString());
+    for (const int none : {0, 7})
+        EXPECT_EQ(lista.ObtenerPath(none), QString());
 
     QMenu otro; // of the next start
     platform::MenuArray lasSuyas{&otro, otro.addAction(u"Recientes"_s), [](int) {}};
@@ -72,14 +68,22 @@ TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
     siguiente.Count(3);
     EXPECT_EQ(siguiente.Count(), 3);
     siguiente.Init(lasSuyas, *separador);
-    EXPECT_EQ(lasSuyas(2).text() + lasSuyas(3).text(), u"2 f3 A"_s);
-    EXPECT_TRUE(lasSuyas(3).isVisible());
-    EXPECT_FALSE(lasSuyas(4).isVisible());
+    EXPECT_EQ(Visibles(lasSuyas), u"1 g|2 f|3 A"_s);
     EXPECT_EQ(siguiente.ObtenerPath(3), Ruta(u"A"_s));
     EXPECT_EQ(siguiente.ObtenerPath(4), QString());
+
+    lista.EliminarLista();
+    lista.EliminarLista(); // nothing there now
+    EXPECT_EQ(Visibles(entradas), QString());
+    EXPECT_FALSE(separador->isVisible());
+    EXPECT_EQ(Guardado(), QStringList());
+    EXPECT_EQ(lista.ObtenerPath(1), QString());
+    lista.NuevoElemento(u"C:\\a&b\uF03A ñ.lua"_s);
+    EXPECT_EQ(Visibles(entradas), u"1 a&&b: ñ.lua"_s); // as it is, and no access key
+    EXPECT_TRUE(separador->isVisible());
 }
 
-TEST_F(Class1Test, TwoCopiesOfTheProgramLoseNoPathOfEachOther) {
+TEST_F(Class1Test, TwoCopiesLoseNoPathOfEachOtherAndAGapEndsTheList) {
     Class1 otra;
     otra.Count(6);
     otra.Init(entradas, *separador);
@@ -87,34 +91,12 @@ TEST_F(Class1Test, TwoCopiesOfTheProgramLoseNoPathOfEachOther) {
     otra.NuevoElemento(Ruta(u"b"_s));
     lista.NuevoElemento(Ruta(u"c"_s));
     EXPECT_EQ(Guardado(), QStringList({Ruta(u"c"_s), Ruta(u"b"_s), Ruta(u"a"_s)}));
-}
-
-TEST_F(Class1Test, AGapInTheKeysEndsTheList) {
-    for (const char* nombre : {"c", "b", "a"})
-        lista.NuevoElemento(Ruta(QString::fromLatin1(nombre)));
     platform::DeleteSetting(u"Accesos Recientes"_s, u"Lista"_s, u"2"_s);
     lista.Init(entradas, *separador);
-    EXPECT_EQ(lista.ObtenerPath(1), Ruta(u"a"_s));
+    EXPECT_EQ(lista.ObtenerPath(1), Ruta(u"c"_s));
     EXPECT_EQ(lista.ObtenerPath(2), QString());
     lista.NuevoElemento(Ruta(u"z"_s));
-    EXPECT_EQ(Guardado(), QStringList({Ruta(u"z"_s), Ruta(u"a"_s)}));
-}
-
-TEST_F(Class1Test, NamesShowAsTheyAre) {
-    lista.NuevoElemento(u"C:\\a&b\uF03A ñ.lua"_s);
-    EXPECT_EQ(Visibles(), u"1 a&&b: ñ.lua"_s);
-    EXPECT_EQ(Class1::NombreArchivo(u"C:\\x\\juego.lua"_s), u"juego.lua"_s);
-    EXPECT_EQ(Class1::NombreArchivo(u"juego.lua"_s), u"juego.lua"_s);
-}
-
-TEST_F(Class1Test, EliminarListaEmptiesEverything) {
-    lista.EliminarLista(); // nothing there yet
-    lista.NuevoElemento(Ruta(u"a"_s));
-    lista.EliminarLista();
-    EXPECT_EQ(Visibles(), QString());
-    EXPECT_FALSE(separador->isVisible());
-    EXPECT_EQ(Guardado(), QStringList());
-    EXPECT_EQ(lista.ObtenerPath(1), QString());
+    EXPECT_EQ(Guardado(), QStringList({Ruta(u"z"_s), Ruta(u"c"_s)}));
 }
 
 TEST_F(Class1Test, TheOpenDialogHasItsDefaults) {
@@ -124,10 +106,12 @@ TEST_F(Class1Test, TheOpenDialogHasItsDefaults) {
     dialogs.ExpectName(QString());
     EXPECT_EQ(lista.CommonDialog_Abrir(nullptr, u"Todo\0*.*\0"_s.left(9), u"C:\\"_s, u"Título"_s),
               QString());
-    EXPECT_EQ(dialogs.questions[0].title, u" Abrir archivo ... "_s);
-    ASSERT_EQ(dialogs.questions[0].filters.size(), 2U);
-    EXPECT_EQ(dialogs.questions[0].filters[0].name, u"Archivos Quillmark (*.qmk)"_s);
-    EXPECT_EQ(dialogs.questions[0].filters[1].pattern, u"*.lua"_s);
-    EXPECT_EQ(dialogs.questions[1].title, u"Título"_s);
-    EXPECT_EQ(dialogs.questions[1].filters[0].pattern, u"*.*"_s);
+    QStringList asked;
+    for (const platform::FileQuestion& question : dialogs.questions) {
+        asked.append(question.title);
+        for (const platform::FileFilter& filter : question.filters)
+            asked.append(filter.name + u' ' + filter.pattern);
+    }
+    EXPECT_EQ(asked, QStringList({u" Abrir archivo ... "_s, u"Archivos Quillmark (*.qmk) *.qmk"_s,
+                                  u"Archivos LUA (*.lua) *.lua"_s, u"Título"_s, u"Todo *.*"_s}));
 }

@@ -17,7 +17,7 @@ public:
         m_script.messages.push_back(message);
         const Step step = m_script.Next(Step::Message, message.text);
         EXPECT_TRUE(message.text.contains(step.text)) << message.text.toStdString();
-        return step.answer;
+        return step.answer.value();
     }
     QString AskOpenName(const platform::FileQuestion& question) override { return Name(question); }
     QString AskSaveName(const platform::FileQuestion& question) override { return Name(question); }
@@ -53,7 +53,7 @@ ScriptedDialogs::~ScriptedDialogs() {
     platform::ReplaceDialogs(std::move(m_before));
 }
 
-void ScriptedDialogs::Expect(const QString& text, platform::Answer answer) {
+void ScriptedDialogs::Expect(const QString& text, std::optional<platform::Answer> answer) {
     m_steps.push_back({text, answer, {}, {}, Step::Message});
 }
 

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace support {
@@ -20,8 +21,8 @@ public:
     ScriptedDialogs(const ScriptedDialogs&) = delete;
     ScriptedDialogs& operator=(const ScriptedDialogs&) = delete;
 
-    /// A message box whose text holds `text`, and the answer to it.
-    void Expect(const QString& text, platform::Answer answer);
+    /// A message box whose text holds `text`, and the answer to it; none: the box itself fails.
+    void Expect(const QString& text, std::optional<platform::Answer> answer);
     /// A file dialog, and the name that the user picks; empty: the user leaves.
     void ExpectName(const QString& name);
     /// A modal form, and what the user does in it.
@@ -38,7 +39,7 @@ private:
     class Stand;
     struct Step {
         QString text;
-        platform::Answer answer = platform::Answer::Ok;
+        std::optional<platform::Answer> answer;
         std::function<void(platform::Form&)> form;
         std::function<bool(QPrinter&)> printer;
         enum { Message, Name, Form, Printer } kind = Message;
