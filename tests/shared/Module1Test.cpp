@@ -7,20 +7,17 @@
 using namespace Qt::StringLiterals;
 namespace {
 
-class Module1Test : public testing::Test {
-protected:
-    QString Leer() const {
-        return Module1::LeerIni(Module1::RutaConfig(), u"general"_s, u"nuevo"_s, u"def"_s);
-    }
-    void Escribir(const QString& valor) const {
-        Module1::EscribirIni(Module1::RutaConfig(), u"general"_s, u"nuevo"_s, valor);
-    }
-    support::TestHome home;
-};
+QString Leer() {
+    return Module1::LeerIni(Module1::RutaConfig(), u"general"_s, u"nuevo"_s, u"def"_s);
+}
+void Escribir(const QString& valor) {
+    Module1::EscribirIni(Module1::RutaConfig(), u"general"_s, u"nuevo"_s, valor);
+}
 
 } // namespace
 
-TEST_F(Module1Test, ReadsTrimmedValuesAndFallsBackToTheDefault) {
+TEST(Module1Test, ReadsTrimmedValuesAndFallsBackToTheDefault) {
+    const support::TestHome home;
     EXPECT_EQ(Leer(), u"def"_s);
     const std::pair<QByteArray, QString> lines[] = {
         {"nuevo=  Si ", u"Si"_s},
@@ -39,7 +36,8 @@ TEST_F(Module1Test, ReadsTrimmedValuesAndFallsBackToTheDefault) {
     }
 }
 
-TEST_F(Module1Test, WritesOneKeyAndIsSilentAboutFailures) {
+TEST(Module1Test, WritesOneKeyAndIsSilentAboutFailures) {
+    const support::TestHome home;
     Escribir(u"no"_s);
     EXPECT_EQ(home.Get("programa/config.ini"), "[general]\r\nnuevo=no\r\n");
     Escribir(QString());

@@ -21,15 +21,6 @@ protected:
         lista.Count(6);
         lista.Init(entradas, *separador);
     }
-    // What a later start would read.
-    static QStringList Guardado() {
-        QStringList guardado;
-        for (int i = 1; i <= 10; ++i)
-            guardado.append(platform::GetSetting(u"Accesos Recientes"_s, u"Lista"_s,
-                                                 QString::number(i), u"-"_s));
-        guardado.removeAll(u"-"_s);
-        return guardado;
-    }
     static QString Visibles(platform::MenuArray& entradas) {
         QStringList textos;
         for (int i = 1; i <= entradas.Count(); ++i) {
@@ -37,6 +28,16 @@ protected:
                 textos.append(entradas(i).text());
         }
         return textos.join(u'|');
+    }
+    // What the menu of a later start shows.
+    static QString Guardado(quint8 cuantos) {
+        QMenu menu;
+        platform::MenuArray entradas{&menu, menu.addAction(u"Recientes"_s), [](int) {}};
+        Class1 lista;
+        lista.Count(cuantos);
+        EXPECT_EQ(lista.Count(), cuantos);
+        lista.Init(entradas, *menu.addSeparator());
+        return Visibles(entradas);
     }
 
     support::TestHome home;
@@ -55,28 +56,20 @@ TEST_F(Class1Test, APathMetAgainMovesToTheFrontAndTheOldestDropsOut) {
     for (const char* nombre : {"a", "b", "c", "d", "e", "f", "A", "f", "g"})
         lista.NuevoElemento(Ruta(QString::fromLatin1(nombre)));
     EXPECT_EQ(Visibles(entradas), u"1 g|2 f|3 A|4 e|5 d|6 c"_s);
-    EXPECT_EQ(Guardado().size(), 6);
+    EXPECT_EQ(Guardado(10), u"1 g|2 f|3 A|4 e|5 d|6 c"_s);
+    EXPECT_EQ(Guardado(3), u"1 g|2 f|3 A"_s);
     // It is on the disk at once: the process may end without a goodbye.
     EXPECT_TRUE(home.Get(".config/Quillmark/Accesos Recientes.conf").contains("Lista"));
+    lista.Init(entradas, *separador); // as it was stored
     EXPECT_EQ(lista.ObtenerPath(2), Ruta(u"f"_s));
     for (const int none : {0, 7})
         EXPECT_EQ(lista.ObtenerPath(none), QString());
-
-    QMenu otro; // of the next start
-    platform::MenuArray lasSuyas{&otro, otro.addAction(u"Recientes"_s), [](int) {}};
-    Class1 siguiente;
-    siguiente.Count(3);
-    EXPECT_EQ(siguiente.Count(), 3);
-    siguiente.Init(lasSuyas, *separador);
-    EXPECT_EQ(Visibles(lasSuyas), u"1 g|2 f|3 A"_s);
-    EXPECT_EQ(siguiente.ObtenerPath(3), Ruta(u"A"_s));
-    EXPECT_EQ(siguiente.ObtenerPath(4), QString());
 
     lista.EliminarLista();
     lista.EliminarLista(); // nothing there now
     EXPECT_EQ(Visibles(entradas), QString());
     EXPECT_FALSE(separador->isVisible());
-    EXPECT_EQ(Guardado(), QStringList());
+    EXPECT_EQ(Guardado(10), u"Recientes"_s);
     EXPECT_EQ(lista.ObtenerPath(1), QString());
     lista.NuevoElemento(u"C:\\a&b\uF03A ñ.lua"_s);
     EXPECT_EQ(Visibles(entradas), u"1 a&&b: ñ.lua"_s); // as it is, and no access key
@@ -90,13 +83,13 @@ TEST_F(Class1Test, TwoCopiesLoseNoPathOfEachOtherAndAGapEndsTheList) {
     lista.NuevoElemento(Ruta(u"a"_s));
     otra.NuevoElemento(Ruta(u"b"_s));
     lista.NuevoElemento(Ruta(u"c"_s));
-    EXPECT_EQ(Guardado(), QStringList({Ruta(u"c"_s), Ruta(u"b"_s), Ruta(u"a"_s)}));
+    EXPECT_EQ(Guardado(10), u"1 c|2 b|3 a"_s);
     platform::DeleteSetting(u"Accesos Recientes"_s, u"Lista"_s, u"2"_s);
     lista.Init(entradas, *separador);
     EXPECT_EQ(lista.ObtenerPath(1), Ruta(u"c"_s));
     EXPECT_EQ(lista.ObtenerPath(2), QString());
     lista.NuevoElemento(Ruta(u"z"_s));
-    EXPECT_EQ(Guardado(), QStringList({Ruta(u"z"_s), Ruta(u"c"_s)}));
+    EXPECT_EQ(Guardado(10), u"1 z|2 c"_s);
 }
 
 TEST_F(Class1Test, TheOpenDialogHasItsDefaults) {
