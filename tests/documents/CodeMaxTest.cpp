@@ -94,7 +94,7 @@ TEST_F(CodeMaxTest, HistoryBeginsWithTheFirstContent) {
     control.Undo();
     EXPECT_EQ(control.Text(), u"aórta"_s);
     control.SaveFile(u"C:\\x.lua"_s, false);
-    EXPECT_EQ(home.Get("x.lua"), u"aórta"_s.toUtf8()); // once it had to be
+    EXPECT_EQ(home.Get("x.lua"), u"aórta"_s.toUtf8()); // in UTF-8 still
     control.Undo();
     EXPECT_EQ(control.Text(), u"añil"_s);
     control.Redo();

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MDIForm1.h"
-#include "shell/MenuPrincipal.h"
 #include "support/MainWindow.h"
 
 #include <QApplication>
