@@ -102,7 +102,8 @@ TEST_F(FilesTest, WhatIsDoneIsOnTheDisk) {
         EXPECT_EQ(asked.toStdString(), expected);
     }
     fs::create_symlink("nada", home.Root() / "z");
-    for (const FoundFile& found : FindFiles(u"C:\\"_s, 99).value())
+    const auto everything = FindFiles(u"C:\\"_s, 99);
+    for (const FoundFile& found : everything.value())
         EXPECT_GT(found.lastWriteTime, 0) << found.name.toStdString(); // of a link itself, too
     EXPECT_EQ(ReadFileHead(a, 2) + ReadFileHead(a, 9), "trtres");
     fs::permissions(home.Root() / "a.lua", fs::perms(0751));
