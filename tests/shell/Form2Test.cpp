@@ -45,8 +45,8 @@ TEST_F(Form2Test, TheSettingsComeAndGo) {
     EXPECT_TRUE(Open("[general]\r\nnuevo=si\r\n[explorador]\r\npath=E\r\n"));
     EXPECT_EQ(Path()->text(), u"E"_s);
     Press("mnuopcionesconfiguracion");
-    EXPECT_EQ(principal.Forms().size(), 1U); // there is only one
-    QTest::keyClick(Check(), Qt::Key_Space);
+    EXPECT_EQ(principal.Forms().size(), 1U);                 // there is only one
+    QTest::keyClick(principal.focusWidget(), Qt::Key_Space); // in the box
     Path()->setText(u"F"_s);
     Click("Command2");
     EXPECT_EQ(Settings(), "[general]\r\nnuevo=no\r\n[explorador]\r\npath=F\r\n");
