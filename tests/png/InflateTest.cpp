@@ -97,6 +97,9 @@ TEST(InflateTest, MatchesOfEveryLengthAndDistance) {
         EXPECT_TRUE(Read(text) == Inflated(stream.Take() + kChecksum, int32_t(text.size()) + more));
     Stream wide;
     wide.Fixed(true).Literals("x").Literal(285).Bits(704, 16).Code(0, 5).End();
+    Stream none; // the length of a symbol that has none
+    none.Fixed(true).Literals("a").Literal(286).Code(0, 5).Literals("b").End();
+    EXPECT_EQ(Read("ab"), Inflated(none.Take() + kMore));
     for (const std::string& behind : {kChecksum, kMore})
         EXPECT_EQ(Read(std::string(708, 'x')), Loops().Decoded(wide.Take() + behind, 1000, true));
 }

@@ -144,7 +144,6 @@ TEST_F(LoadPNGTest, SettingsDecideWhereThePictureGoes) {
     EXPECT_EQ(std::pair(40, 20), box.Size());
     EXPECT_EQ((Pixels{0, 0, 0, 0, 0, 0, 255, 255, 255, 0, 0, 255}),
               Pixels(box.At(37, 3), box.At(40, 3)));
-
     decoder.SetAlpha(true); // half red over black, and black where nothing else was ever told
     decoder.SetToBkgrnd(false);
     Open(file);
@@ -182,7 +181,6 @@ TEST_F(LoadPNGTest, WhatLiesBelowComesFromABoxOrIsAColour) {
     decoder.BackgroundPicture(&small);
     Open(clear(2, 3));
     EXPECT_EQ(std::pair(2 + 100 / 15, 3 + 100 / 15), small.Size());
-
     MemoryBox large(9, 8); // it keeps its size, and what stands at X and Y counts
     for (size_t i = 0; i < large.pixels.size(); ++i)
         large.pixels[i] = uint8_t(i % 4 == 3 ? 255 : i);
@@ -205,7 +203,6 @@ TEST_F(LoadPNGTest, WhatLiesBelowComesFromABoxOrIsAColour) {
     decoder.BackgroundPicture(nullptr);
     Open(clear(1, 1));
     EXPECT_EQ((Pixels{3, 2, 1, 255}), box.pixels);
-
     decoder.PicBox(&stubborn); // no bitmap outlives a failure; only that of the memory is kept back
     stubborn.fail = [] { throw std::bad_alloc(); };
     EXPECT_NO_THROW(Open(clear(1, 1)));
