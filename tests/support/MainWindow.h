@@ -8,6 +8,7 @@
 
 #include <QAbstractScrollArea>
 #include <QMenu>
+#include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -35,11 +36,18 @@ protected:
         if (principal.FrmDoc && principal.FrmDoc != script)
             principal.FrmDoc->Show(); // into the new script, before which the explorer came
     }
-    QAction* Entrada(const char* nombre) { return principal.Entrada(QString::fromLatin1(nombre)); }
-    QAction* Reciente(int indice) {
-        QList<QAction*> entradas = Entrada("Pr")->menu()->actions();
-        return entradas.at(indice - 1);
+    // Opens a tool window, in which Find looks from then on.
+    void Open(const char* entrada) {
+        Press(entrada);
+        tool = principal.ActiveForm();
     }
+    template<class Widget = QWidget>
+    Widget* Find(const char* name) {
+        return tool->findChild<Widget*>(QString::fromLatin1(name));
+    }
+    void Click(const char* button) { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
+    QAction* Entrada(const char* nombre) { return principal.Entrada(QString::fromLatin1(nombre)); }
+    QAction* Reciente(int indice) { return Entrada("Pr")->menu()->actions().at(indice - 1); }
     documents::frmDocumento* Active() {
         return dynamic_cast<documents::frmDocumento*>(principal.ActiveForm());
     }
@@ -63,13 +71,12 @@ protected:
                                      std::filesystem::perms::owner_all);
     }
     QString Text() { return Active()->txtFile().Text(); }
-    // Whether a window stands in the middle, as sizes are told, to a pixel.
-    bool InTheMiddle(platform::Form* form) {
-        const QPoint corner = form->Shell()->pos();
-        const QSize size(form->Width(), form->Height());
-        const QSize rest = QSize(principal.Width(), principal.Height()) - size;
-        return qAbs(platform::ToTwips(corner.x()) - rest.width() / 2) <= platform::kTwipsPerPixel &&
-               qAbs(platform::ToTwips(corner.y()) - rest.height() / 2) <= platform::kTwipsPerPixel;
+    // Whether the window in front stands in the middle, as sizes are told, to a pixel.
+    bool InTheMiddle() {
+        const platform::Form* form = principal.ActiveForm();
+        const QPoint rest(principal.Width() - form->Width(), principal.Height() - form->Height());
+        const QPoint off = form->Shell()->pos() * platform::kTwipsPerPixel - rest / 2;
+        return qMax(qAbs(off.x()), qAbs(off.y())) <= platform::kTwipsPerPixel;
     }
     // All but the explorer, which comes with each new script.
     std::vector<platform::Form*> Windows() {
@@ -90,6 +97,7 @@ protected:
     ScriptedDialogs dialogs;
     shared::ValoresCompartidos compartido;
     shell::MDIForm1 principal{compartido, QString()};
+    QWidget* tool = &principal;
     int ended = 0;
 };
 

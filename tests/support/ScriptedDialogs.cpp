@@ -53,26 +53,10 @@ ScriptedDialogs::~ScriptedDialogs() {
     platform::ReplaceDialogs(std::move(m_before));
 }
 
-void ScriptedDialogs::Expect(const QString& text, std::optional<platform::Answer> answer) {
-    m_steps.push_back({text, answer, {}, {}, Step::Message});
-}
-
-void ScriptedDialogs::ExpectName(const QString& name) {
-    m_steps.push_back({name, {}, {}, {}, Step::Name});
-}
-
-void ScriptedDialogs::ExpectForm(std::function<void(platform::Form&)> use) {
-    m_steps.push_back({{}, {}, std::move(use), {}, Step::Form});
-}
-
-void ScriptedDialogs::ExpectPrinter(std::function<bool(QPrinter&)> use) {
-    m_steps.push_back({{}, {}, {}, std::move(use), Step::Printer});
-}
-
 ScriptedDialogs::Step ScriptedDialogs::Next(int kind, const QString& what) {
     if (m_steps.empty() || m_steps.front().kind != kind) {
         ADD_FAILURE() << "unexpected dialog: " << what.toStdString();
-        return {{}, platform::Answer::Cancel, {}, {}, Step::Message};
+        return {.answer = platform::Answer::Cancel};
     }
     Step step = std::move(m_steps.front());
     m_steps.pop_front();

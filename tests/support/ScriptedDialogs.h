@@ -18,17 +18,22 @@ class ScriptedDialogs {
 public:
     ScriptedDialogs();
     ~ScriptedDialogs();
-    ScriptedDialogs(const ScriptedDialogs&) = delete;
-    ScriptedDialogs& operator=(const ScriptedDialogs&) = delete;
 
     /// A message box whose text holds `text`, and the answer to it; none: the box itself fails.
-    void Expect(const QString& text, std::optional<platform::Answer> answer);
+    void Expect(const QString& text,
+                std::optional<platform::Answer> answer = platform::Answer::Ok) {
+        m_steps.push_back({.kind = Step::Message, .text = text, .answer = answer});
+    }
     /// A file dialog, and the name that the user picks; empty: the user leaves.
-    void ExpectName(const QString& name);
+    void ExpectName(const QString& name) { m_steps.push_back({.kind = Step::Name, .text = name}); }
     /// A modal form, and what the user does in it.
-    void ExpectForm(std::function<void(platform::Form&)> use);
+    void ExpectForm(std::function<void(platform::Form&)> use) {
+        m_steps.push_back({.kind = Step::Form, .form = std::move(use)});
+    }
     /// The print dialog or the page set-up, and what the user sets; a false answer leaves it.
-    void ExpectPrinter(std::function<bool(QPrinter&)> use);
+    void ExpectPrinter(std::function<bool(QPrinter&)> use) {
+        m_steps.push_back({.kind = Step::Printer, .printer = std::move(use)});
+    }
 
     /// All that was asked so far.
     std::vector<platform::Message> messages;
@@ -38,11 +43,11 @@ public:
 private:
     class Stand;
     struct Step {
-        QString text;
-        std::optional<platform::Answer> answer;
-        std::function<void(platform::Form&)> form;
-        std::function<bool(QPrinter&)> printer;
         enum { Message, Name, Form, Printer } kind = Message;
+        QString text = {};
+        std::optional<platform::Answer> answer = {};
+        std::function<void(platform::Form&)> form = {};
+        std::function<bool(QPrinter&)> printer = {};
     };
     Step Next(int kind, const QString& what);
 

@@ -15,14 +15,10 @@ namespace support {
 
 namespace fs = std::filesystem;
 
-namespace {
-
 QByteArray Bytes(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return QByteArray::fromStdString({std::istreambuf_iterator<char>(file), {}});
 }
-
-} // namespace
 
 QByteArray Shipped(const std::string& name) {
     return Bytes(fs::path(QUILLMARK_DATA) / name);
@@ -53,10 +49,6 @@ QString TestHome::Put(const std::string& name, const QByteArray& bytes) const {
     std::ofstream file(path, std::ios::binary);
     EXPECT_TRUE(file.write(bytes.data(), bytes.size()).flush()) << path;
     return platform::FromNative(path);
-}
-
-QByteArray TestHome::Get(const std::string& name) const {
-    return Bytes(Root() / name);
 }
 
 } // namespace support

@@ -8,6 +8,8 @@
 
 namespace support {
 
+/// The bytes of a file; empty if it isn't there.
+QByteArray Bytes(const std::filesystem::path& path);
 /// The bytes of a file that travels with the program, such as "Code/codehm".
 QByteArray Shipped(const std::string& name);
 
@@ -23,8 +25,8 @@ public:
     std::filesystem::path Root() const { return m_folder.path().toStdString(); }
     /// Writes a file below the home folder, with the folders above it; answers its program path.
     QString Put(const std::string& name, const QByteArray& bytes) const;
-    /// The bytes of a file below the home folder; empty if it isn't there.
-    QByteArray Get(const std::string& name) const;
+    /// The bytes of a file below the home folder.
+    QByteArray Get(const std::string& name) const { return Bytes(Root() / name); }
 
 private:
     QTemporaryDir m_folder;
