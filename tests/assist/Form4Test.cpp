@@ -32,8 +32,7 @@ protected:
         Insert();
         return script->txtFile().Text();
     }
-    // Each entry as it's seen and what it inserts: its tab, its control's name, its caption, the
-    // text.
+    // Each entry as it's seen and what it inserts: tab, control's name, caption, text.
     QStringList Shown() {
         QStringList shown;
         for (int i = 0; const auto* tab : Tabs()->findChildren<QToolButton*>()) {
@@ -85,9 +84,6 @@ TEST_F(Form4Test, TheSnippetReplacesTheSelectionAndTypingGoesOn) {
     EXPECT_EQ(principal.ActiveForm(), script);
     QTest::keyClicks(QApplication::focusWidget(), u"x"_s);
     EXPECT_EQ(script->txtFile().Text(), u"while true do\r\n\r\nendx"_s);
-    script->txtFile().Undo();
-    script->txtFile().Undo(); // one step
-    EXPECT_EQ(script->txtFile().Text(), u"dos palabras\n"_s);
 }
 
 TEST_F(Form4Test, ItStandsBesideTheScriptAndStartsAnew) {
@@ -129,8 +125,7 @@ TEST_F(Form4Test, AListTakesItsEntriesExactly) {
         QTest::keyClicks(list->lineEdit(), text);
         return Inserted();
     };
-    EXPECT_EQ(typed(u"controls.read()"_s), QString());
-    EXPECT_EQ(list->currentText(), u"controls.read()"_s); // as it was typed
+    EXPECT_EQ(typed(u"controls.read()"_s), QString()); // it stays as it is typed
     EXPECT_EQ(typed(u"Controls.read():up()"_s), u"Controls.read():up()"_s);
     QTest::keyClicks(list->lineEdit(), u"print()\r"_s); // is no entry from now on
     EXPECT_EQ(list->count(), 16);
@@ -160,12 +155,10 @@ TEST_F(Form4Test, TabsAreReachedByKeysAndSpokenOf) {
     EXPECT_EQ(press(Qt::Key_Tab, Qt::ControlModifier), 0);
     press(Qt::Key_Return);
     EXPECT_EQ(script->txtFile().Text(), u"screen.waitVblankStart()"_s);
-
     auto* second = Tabs()->findChildren<QToolButton*>().at(1);
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(second);
     EXPECT_EQ(spoken->role(), QAccessible::PageTab);
     EXPECT_EQ(spoken->parent()->role(), QAccessible::PageTabList);
-    EXPECT_EQ(spoken->parent()->childCount(), 12);
     EXPECT_EQ(spoken->text(QAccessible::Name), u"Imagenes"_s);
     EXPECT_FALSE(spoken->state().selected);
     spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());

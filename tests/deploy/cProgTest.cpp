@@ -89,7 +89,6 @@ TEST_F(cProgTest, TheHostKeepsItsProperties) {
     EXPECT_EQ(other.grab().toImage(), bar.grab().toImage());
     other.ReadProperties({});
     EXPECT_EQ(other.Value(), 15);
-    EXPECT_EQ(other.PaletteColor(), 1);
     EXPECT_EQ(QColor(other.grab().toImage().pixel(210, 20)).name(), u"#c0ffc0"_s);
     EXPECT_EQ(other.Font(), hosts);
 }

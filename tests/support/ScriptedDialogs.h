@@ -2,12 +2,15 @@
 #pragma once
 
 #include "platform/Dialogs.h"
+#include "platform/Form.h"
 
 #include <QStringList>
 #include <deque>
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace support {
@@ -16,8 +19,11 @@ namespace support {
 /// announced, in order, or the test fails; so does one that was announced and did not come.
 class ScriptedDialogs {
 public:
-    ScriptedDialogs();
-    ~ScriptedDialogs();
+    ScriptedDialogs() : m_before(platform::ReplaceDialogs(std::make_unique<Stand>(*this))) {}
+    ~ScriptedDialogs() {
+        EXPECT_TRUE(m_steps.empty()) << m_steps.size() << " announced dialogs did not come";
+        platform::ReplaceDialogs(std::move(m_before));
+    }
 
     /// A message box whose text holds `text`, and the answer to it; none: the box itself fails.
     void Expect(const QString& text,
@@ -41,15 +47,54 @@ public:
     QStringList printers; ///< "page" or "print"
 
 private:
-    class Stand;
     struct Step {
         enum { Message, Name, Form, Printer } kind = Message;
         QString text = {};
-        std::optional<platform::Answer> answer = {};
-        std::function<void(platform::Form&)> form = {};
-        std::function<bool(QPrinter&)> printer = {};
+        std::optional<platform::Answer> answer = platform::Answer::Cancel;
+        std::function<void(platform::Form&)> form = [](platform::Form&) {};
+        std::function<bool(QPrinter&)> printer = [](QPrinter&) { return false; };
     };
-    Step Next(int kind, const QString& what);
+
+    struct Stand : platform::Dialogs {
+        explicit Stand(ScriptedDialogs& owner) : script(owner) {}
+        platform::Answer Ask(const platform::Message& message) override {
+            script.messages.push_back(message);
+            const Step step = script.Next(Step::Message, message.text);
+            EXPECT_TRUE(message.text.contains(step.text)) << message.text.toStdString();
+            return step.answer.value();
+        }
+        QString AskOpenName(const platform::FileQuestion& question) override {
+            script.questions.push_back(question);
+            return script.Next(Step::Name, question.title).text;
+        }
+        QString AskSaveName(const platform::FileQuestion& question) override {
+            return AskOpenName(question);
+        }
+        void RunModal(platform::Form& form) override {
+            form.Show();
+            script.Next(Step::Form, form.Caption()).form(form);
+            form.Unload();
+        }
+        bool SetUpPage(QPrinter& printer, QWidget*) override { return SetUp(printer, "page"); }
+        bool SetUpPrint(QPrinter& printer, QWidget*) override { return SetUp(printer, "print"); }
+        bool SetUp(QPrinter& printer, const char* kind) {
+            script.printers.append(QString::fromLatin1(kind));
+            return script.Next(Step::Printer, script.printers.last()).printer(printer);
+        }
+
+        ScriptedDialogs& script;
+    };
+
+    Step Next(int kind, const QString& what) {
+        Step step;
+        if (m_steps.empty() || m_steps.front().kind != kind) {
+            ADD_FAILURE() << "unexpected dialog: " << what.toStdString();
+            return step;
+        }
+        step = std::move(m_steps.front());
+        m_steps.pop_front();
+        return step;
+    }
 
     std::deque<Step> m_steps;
     std::unique_ptr<platform::Dialogs> m_before;

@@ -51,6 +51,7 @@ TEST_F(Form7Test, WaitsIdleUntilItTellsEachStepAndCountsTheSeconds) {
         EXPECT_FALSE(timers.at(1)->isActive() || timers.at(2)->isActive());
         QString steps;
         const auto tell = [&] {
+            EXPECT_TRUE(timers.at(1)->isActive());
             for (int i = 0; i < 2; ++i) { // both have waited for their time
                 QTimerEvent elapsed(timers.at(i)->timerId());
                 QApplication::sendEvent(timers.at(i), &elapsed);
