@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Script.h"
 
-#include <sys/stat.h>
-
+#include <atomic>
+#include <fcntl.h>
 #include <functional>
+#include <sys/stat.h>
+#include <thread>
 
 namespace player {
 namespace {
@@ -92,6 +94,33 @@ TEST_F(FolderTest, ChangesNothingOutside) {
     EXPECT_FALSE(fs::is_symlink(folder / "enlace"));
     EXPECT_EQ(Get(around / "fuera.txt"), "fuera");
     EXPECT_FALSE(fs::exists(around / "nuevo.txt") || fs::exists(around / "n"));
+}
+
+// Somebody puts a link in the place of a folder and back, as fast as it goes.
+TEST_F(FolderTest, IsNotFooledByAFolderThatTurnsIntoALink) {
+    Put(around / "trampa/x", "fuera");
+    Put(folder / "puerta/x", "dentro");
+    fs::create_symlink("../trampa", folder / "otra");
+    const fs::path door = folder / "puerta";
+    const fs::path other = folder / "otra";
+    for (const Folder* tested : {&kernel, &walk}) {
+        std::atomic<bool> done = false;
+        std::thread swapper([&] {
+            while (!done)
+                renameat2(AT_FDCWD, door.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE);
+        });
+        int read = 0;
+        int refused = 0;
+        for (int i = 0; i < 20000 && (i < 2000 || read == 0 || refused == 0); ++i) {
+            refused += CodeOf([&] { read += tested->Read("puerta/x") == "dentro" ? 1 : -20000; });
+            CodeOf([&] { tested->Write("puerta/x", "dentro"); });
+        }
+        done = true;
+        swapper.join();
+        EXPECT_GT(read, 0); // one look outside would take more away than all the others give
+        EXPECT_GT(refused, 0);
+        EXPECT_EQ(Get(around / "trampa/x"), "fuera");
+    }
 }
 
 } // namespace
