@@ -77,7 +77,7 @@ int main(int argc, char** argv) {
         const QByteArray line = "local x = screen.width / 2 -- a comment\r\n";
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) ||
-            file.write(line.repeated(kilobytes * 1024 / line.size())) < 0)
+            file.write(line.repeated(qsizetype{kilobytes} * 1024 / line.size())) < 0)
             return 1;
         const std::string name = "keystroke_" + std::to_string(kilobytes) + "KB";
         benchmark::RegisterBenchmark(("theirs/" + name).c_str(), Alone, path)

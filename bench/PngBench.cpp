@@ -57,6 +57,7 @@ double Seconds(const Work& work, int times) {
 // The median time of each.
 std::vector<double> ByTurns(const std::vector<Work>& works) {
     std::vector<int> times;
+    times.reserve(works.size());
     for (const Work& work : works)
         times.push_back(std::max(1, int(kRoundSeconds / Seconds(work, 1))));
     std::vector<std::vector<double>> all(works.size());

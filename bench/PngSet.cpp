@@ -188,7 +188,7 @@ std::string Written(Canvas& canvas, const Format& format, Random& random) {
                  format.type, format.laced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE,
                  PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     if (format.type == PNG_COLOR_TYPE_PALETTE) {
-        std::array<png_color, 216> palette;
+        std::array<png_color, 216> palette{};
         for (int i = 0; i < 216; ++i)
             palette[size_t(i)] = {png_byte(i / 36 * 51), png_byte(i / 6 % 6 * 51),
                                   png_byte(i % 6 * 51)};

@@ -9,7 +9,7 @@
 #include <cstdlib>
 
 // The library that looks for fonts keeps what it found.
-extern "C" const char* __lsan_default_suppressions() {
+extern "C" const char* __lsan_default_suppressions() { // NOLINT(bugprone-reserved-identifier)
     return "leak:libfontconfig";
 }
 

@@ -34,7 +34,7 @@ protected:
     }
     static RegistryKey Register(const QString& extension, const QString& command) {
         RegSetValueA(HKEY_CLASSES_ROOT, extension, u"Script .LUA"_s);
-        const RegistryKey key = RegCreateKeyA(HKEY_CLASSES_ROOT, u"script .lua"_s);
+        RegistryKey key = RegCreateKeyA(HKEY_CLASSES_ROOT, u"script .lua"_s);
         RegSetValueA(key, u"shell\\open\\command"_s, command);
         return key;
     }

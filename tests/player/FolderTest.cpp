@@ -56,9 +56,9 @@ TEST_F(FolderTest, ReachesOnlyWhatIsBeneath) {
                 EXPECT_EQ(CodeOf([&] { tested->Read(path); }), code) << path;
     const std::pair<const char*, int> links[] = {
         {"enlace", ELOOP}, {"arriba/fuera.txt", ENOTDIR}, {"magia/fuera.txt", ENOTDIR}};
-    for (const auto& [path, walked] : links) {
-        EXPECT_EQ(CodeOf([&] { kernel.Read(path); }), EXDEV) << path;
-        EXPECT_EQ(CodeOf([&] { walk.Read(path); }), walked) << path;
+    for (const auto& link : links) {
+        EXPECT_EQ(CodeOf([&] { kernel.Read(link.first); }), EXDEV) << link.first;
+        EXPECT_EQ(CodeOf([&] { walk.Read(link.first); }), link.second) << link.first;
     }
     EXPECT_EQ(kernel.Read("dentro/a.txt"), "dentro");
     EXPECT_EQ(CodeOf([&] { walk.Read("dentro/a.txt"); }), ENOTDIR);

@@ -137,24 +137,31 @@ TEST(Overlay, TellsTheScriptsErrorAndWhatItPrinted) {
     CellFont font;
     const std::string row(58, '\xF1'); // as wide as it goes
     const std::string many = "x\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx";
-    const std::tuple<Failure, std::string, int, std::string, int> panels[] = {
+    struct Panel {
+        Failure failure;
+        std::string place;
+        int y;
+        std::string text;
+        int below;
+    };
+    const Panel panels[] = {
         {{"juego.lua:3: mal", "pila"}, "Archivo: juego.lua\nLínea: 3", 54, "mal", 72},
         {{"a:b:12: x: y", many + many}, "Archivo: a:b\nLínea: 12", 54, "x: y", 72},
         {{"a:1:x a:: y", "pila"}, "", 24, "a:1:x a:: y", 42},
         {{row + row + "\na\tb", "pila"}, "", 24, row + '\n' + row + "\na b", 66}};
-    for (const auto& [failure, place, y, text, below] : panels) {
+    for (const Panel& told : panels) {
         const auto panel = [&](Picture& p) {
             p.Fill({0, 0, kWidth, kHeight}, 0xF0202028);
             for (const int band : {0, 254})
                 p.Fill({0, band, kWidth, 18}, 0xFFB02020);
             font.Draw(p, 8, 3, "Error en el script", kWhite);
             font.Draw(p, 8, 257, "Escape: cerrar", kWhite);
-            font.Draw(p, 8, 24, place, kYellow);
-            font.Draw(p, 8, y, text, kWhite);
-            font.Draw(p, 8, below, failure.traceback.substr(0, 2 * 15 - 1), kGrey);
+            font.Draw(p, 8, 24, told.place, kYellow);
+            font.Draw(p, 8, told.y, told.text, kWhite);
+            font.Draw(p, 8, told.below, told.failure.traceback.substr(0, 2 * 15 - 1), kGrey);
         };
-        const auto drawn = [&](Picture& p) { DrawPanel(p, font, failure); };
-        EXPECT_TRUE(Sky(drawn).pixels == Sky(panel).pixels) << failure.message;
+        const auto drawn = [&](Picture& p) { DrawPanel(p, font, told.failure); };
+        EXPECT_TRUE(Sky(drawn).pixels == Sky(panel).pixels) << told.failure.message;
     }
     std::deque<std::string> lines(30, "x");
     lines.push_back(row + "dos");

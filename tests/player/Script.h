@@ -35,7 +35,7 @@ protected:
 
     const std::filesystem::path around = [] {
         std::string pattern = (std::filesystem::temp_directory_path() / "scriptXXXXXX").string();
-        const std::filesystem::path made = mkdtemp(pattern.data());
+        std::filesystem::path made = mkdtemp(pattern.data());
         std::filesystem::create_directory(made / "juego");
         return made;
     }();

@@ -179,7 +179,8 @@ TEST(InflateTest, AllLoopsReadWhatZlibWrites) {
         EXPECT_TRUE(loops.Decoded(stream, int32_t(random() % size) - 100));
         for (int damage = 0; damage < 5; ++damage) {
             std::string changed = stream.substr(0, 1 + random() % stream.size());
-            changed[random() % changed.size()] ^= char(1 << random() % 8);
+            char& byte = changed[random() % changed.size()];
+            byte = char(byte ^ 1 << random() % 8);
             EXPECT_TRUE(loops.Decoded(changed, int32_t(size)));
         }
     }

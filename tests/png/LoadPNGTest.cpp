@@ -114,7 +114,8 @@ TEST_F(LoadPNGTest, PixelsOfUnusualFiles) {
     // Index 1 isn't there: black, though a table of alphas names it.
     const std::string alphas = Chunk("tRNS", "\xFF\0"s);
     expect({3, 8, false, 2, 1}, Chunk("PLTE", rgb) + alphas, "\0\0\1"s, {30, 20, 10, 255}, black);
-    for (const std::string& wrong : {rgb, rgb + rgb + rgb}) // for one bit these are none
+    const std::string threefold = rgb + rgb + rgb;
+    for (const std::string& wrong : {rgb, threefold}) // for one bit these are none
         expect({3, 1, false, 2, 1}, Chunk("PLTE", wrong), "\0\x40"s, black, white);
     // More entries than 4 bits can name, and a grey key of which the low byte is past the table.
     expect({3, 4}, Chunk("PLTE", std::string(63, '\7')), "\0\xF0"s, {7, 7, 7, 255});
@@ -174,7 +175,7 @@ struct StubbornBox : MemoryBox {
 TEST_F(LoadPNGTest, WhatLiesBelowComesFromABoxOrIsAColour) {
     const auto clear = [](uint32_t width, uint32_t height) {
         return File({6, 8, false, width, height}, Chunk("bKGD", "\0\1\0\2\0\3"s),
-                    Deflated(std::string((4 * width + 1) * height, '\0')));
+                    Deflated(std::string((size_t{4} * width + 1) * height, '\0')));
     };
     decoder.SetAlpha(true);
     MemoryBox small(1, 1); // it grows by 100 twips more than it lacks
