@@ -3,6 +3,7 @@
 
 #include "assist/Catalogo.h"
 #include "platform/Handler.h"
+#include "platform/Silently.h"
 #include "ui_Form4.h"
 
 #include <QButtonGroup>

@@ -5,6 +5,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Handler.h"
 #include "platform/Paths.h"
+#include "platform/Silently.h"
 #include "png/LoadPNG.h"
 #include "ui_Form6.h"
 

@@ -2,6 +2,7 @@
 #include "assist/Plantillas.h"
 
 #include "platform/TextEncoding.h"
+#include "platform/TextFile.h"
 
 namespace assist {
 

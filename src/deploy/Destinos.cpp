@@ -3,6 +3,7 @@
 
 #include "platform/Failure.h"
 #include "platform/FileSystemObject.h"
+#include "platform/NativeNames.h"
 #include "platform/Paths.h"
 
 #include <QRegularExpression>

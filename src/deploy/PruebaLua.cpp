@@ -2,6 +2,7 @@
 #include "deploy/PruebaLua.h"
 
 #include "platform/Files.h"
+#include "platform/NativeNames.h"
 #include "platform/Paths.h"
 #include "platform/Program.h"
 #include "platform/TextEncoding.h"

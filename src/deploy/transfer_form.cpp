@@ -8,6 +8,7 @@
 #include "platform/Files.h"
 #include "platform/Handler.h"
 #include "platform/Program.h"
+#include "platform/Silently.h"
 #include "platform/TextEncoding.h"
 #include "ui_transfer_form.h"
 

@@ -7,6 +7,7 @@
 #include "platform/Failure.h"
 #include "platform/FileErrors.h"
 #include "platform/Files.h"
+#include "platform/TextFile.h"
 #include "platform/Twips.h"
 
 #include <QScopedValueRollback>

@@ -4,8 +4,8 @@
 #include "documents/CodeMaxConstants.h"
 #include "platform/Dialogs.h"
 #include "platform/Failure.h"
-#include "platform/Handler.h"
 #include "platform/Log.h"
+#include "platform/Silently.h"
 #include "shared/Temporal.h"
 #include "ui_frmDocumento.h"
 

@@ -3,7 +3,7 @@
 
 #include "platform/FileTime.h"
 #include "platform/FindFile.h"
-#include "platform/Paths.h"
+#include "platform/NativeNames.h"
 
 #include <QCollator>
 #include <array>

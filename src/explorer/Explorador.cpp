@@ -5,6 +5,7 @@
 #include "platform/Handler.h"
 #include "platform/LoadPicture.h"
 #include "platform/Program.h"
+#include "platform/Silently.h"
 #include "shared/Module1.h"
 #include "ui_Explorador.h"
 

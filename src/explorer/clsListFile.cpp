@@ -2,9 +2,9 @@
 #include "explorer/clsListFile.h"
 
 #include "platform/FileType.h"
-#include "platform/Handler.h"
 #include "platform/Program.h"
 #include "platform/ShellExecute.h"
+#include "platform/Silently.h"
 #include "platform/Twips.h"
 
 #include <QCoreApplication>

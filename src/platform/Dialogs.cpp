@@ -3,6 +3,7 @@
 
 #include "platform/Failure.h"
 #include "platform/Form.h"
+#include "platform/NativeNames.h"
 #include "platform/Paths.h"
 #include "platform/Program.h"
 

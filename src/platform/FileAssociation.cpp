@@ -3,10 +3,10 @@
 
 #include "platform/FileClass.h"
 #include "platform/Files.h"
-#include "platform/Handler.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
 #include "platform/ProfileFile.h"
+#include "platform/Silently.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/FileErrors.h"
 
-#include "platform/Paths.h"
+#include "platform/NativeNames.h"
 
 #include <algorithm>
 #include <array>

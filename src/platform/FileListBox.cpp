@@ -2,6 +2,7 @@
 #include "platform/FileListBox.h"
 
 #include "platform/FolderNames.h"
+#include "platform/NativeNames.h"
 #include "platform/Paths.h"
 #include "platform/ToolTip.h"
 

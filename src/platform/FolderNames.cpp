@@ -2,6 +2,7 @@
 #include "platform/FolderNames.h"
 
 #include "platform/Failure.h"
+#include "platform/NativeNames.h"
 #include "platform/Paths.h"
 
 #include <QDir>

@@ -2,7 +2,7 @@
 #include "platform/Form.h"
 
 #include "platform/Handler.h"
-#include "platform/Paths.h"
+#include "platform/NativeNames.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>

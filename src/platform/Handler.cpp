@@ -29,14 +29,4 @@ void RunHandler(const std::function<void()>& handler) {
     }
 }
 
-bool RunSilently(const std::function<void()>& handler) {
-    try {
-        handler();
-        return true;
-    } catch (const std::exception& error) {
-        qCWarning(lcQuillmark) << "a failure was ignored:" << error.what();
-        return false;
-    }
-}
-
 } // namespace platform

@@ -10,9 +10,6 @@ namespace platform {
 /// program goes on.
 void RunHandler(const std::function<void()>& handler);
 
-/// Runs what says nothing of its failures; they go to the log. Answers whether it ran to its end.
-bool RunSilently(const std::function<void()>& handler);
-
 /// Connects a signal to an event handler without arguments, run as above.
 template<class Sender, class Signal, class Receiver>
 void OnEvent(const Sender* sender, Signal signal, Receiver* receiver, void (Receiver::*handler)()) {

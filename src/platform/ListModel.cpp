@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/ListModel.h"
 
-#include "platform/Paths.h"
+#include "platform/NativeNames.h"
 #include "platform/ToolTip.h"
 
 namespace platform {

@@ -4,7 +4,7 @@
 #include "platform/FontOfHeight.h"
 #include "platform/Handler.h"
 #include "platform/ListModel.h"
-#include "platform/Paths.h"
+#include "platform/NativeNames.h"
 #include "platform/Twips.h"
 
 #include <QApplication>

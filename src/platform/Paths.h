@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArrayView>
 #include <QString>
 #include <filesystem>
 
 namespace platform {
 
 /// Program paths are what the program thinks in: C:\juegos\juego.lua. Native paths are this
-/// desktop's, as bytes. A character of a native name that a program path can't hold (\ : * ? " < >
-/// | and controls), and each byte that isn't UTF-8, travels as U+F000 + code, both ways.
+/// desktop's, as bytes; their names are told as in NativeNames.h.
 
 /// How the last name of a path is looked for. Whoever writes or deletes takes it as written, so
 /// that no other file is hit that differs in case.
@@ -23,11 +21,5 @@ std::filesystem::path ToNative(const QString& path, LastName lastName = LastName
 
 /// The program path of a native path; a relative one starts at the current directory.
 QString FromNative(const std::filesystem::path& native);
-/// A single name of a native path as a name of a program path.
-QString FromNativeName(QByteArrayView name);
-
-/// A name or path as people should read it: travelling characters as themselves, bytes that are no
-/// text as the replacement character.
-QString DisplayText(const QString& text);
 
 } // namespace platform

@@ -4,6 +4,7 @@
 #include "platform/Failure.h"
 #include "platform/FolderLock.h"
 #include "platform/Log.h"
+#include "platform/NativeNames.h"
 #include "platform/Paths.h"
 
 #include <QStandardPaths>

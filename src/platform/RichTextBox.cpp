@@ -3,9 +3,10 @@
 
 #include "platform/Failure.h"
 #include "platform/Files.h"
-#include "platform/Paths.h"
+#include "platform/NativeNames.h"
 #include "platform/RtfReader.h"
 #include "platform/TextEncoding.h"
+#include "platform/TextFile.h"
 
 namespace platform {
 

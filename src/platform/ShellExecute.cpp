@@ -3,10 +3,10 @@
 
 #include "platform/FileClass.h"
 #include "platform/FileErrors.h"
-#include "platform/Handler.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
 #include "platform/Program.h"
+#include "platform/Silently.h"
 
 #include <array>
 #include <cerrno>

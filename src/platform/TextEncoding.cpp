@@ -2,8 +2,7 @@
 #include "platform/TextEncoding.h"
 
 #include "platform/CodePage.h"
-#include "platform/FileErrors.h"
-#include "platform/Files.h"
+#include "platform/Failure.h"
 
 #include <QStringConverter>
 #include <algorithm>
@@ -114,16 +113,6 @@ EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted) {
 QByteArray EncodeForPlayer(const QString& text) {
     const auto bytes = ToCodePage(text);
     return bytes ? *bytes : text.toUtf8();
-}
-
-DecodedText ReadTextFile(const QString& path) {
-    const QByteArray bytes = ReadFile(path);
-    try {
-        return DecodeText(bytes);
-    } catch (const Failure& failure) {
-        throw Failure(failure.Code(), failure.Source(),
-                      FileFailureText(u"abrir", path, failure.Text()));
-    }
 }
 
 } // namespace platform

@@ -28,9 +28,6 @@ struct EncodedText {
 /// these.
 DecodedText DecodeText(const QByteArray& bytes);
 
-/// The same of a whole file, by program path; a failure's text names the file.
-DecodedText ReadTextFile(const QString& path);
-
 /// The bytes for a user's own file. A text that can't be held in the code page, or that would be
 /// read back otherwise from it, becomes UTF-8 without a mark.
 EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "png/Bytes.h"
+#include "png/Header.h"
 
 #include <cstdint>
 #include <span>
@@ -31,11 +32,6 @@ struct BitmapInfoHeader {
     uint32_t ClrUsed = 0;
     uint32_t ClrImportant = 0;
 };
-
-/// The bytes of a row of a device-independent bitmap: padded to a multiple of 4.
-constexpr size_t RowStride(size_t width, size_t bits) {
-    return (width * bits + 31) / 32 * 4;
-}
 
 /// A finished picture: header, colour table and rows, ready to be copied to a picture box.
 class Bitmap {

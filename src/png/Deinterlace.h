@@ -3,7 +3,7 @@
 #pragma once
 
 #include "png/Bytes.h"
-#include "png/Fields.h"
+#include "png/Header.h"
 
 #include <cstdint>
 #include <span>

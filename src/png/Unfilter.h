@@ -4,7 +4,7 @@
 #pragma once
 
 #include "png/Bytes.h"
-#include "png/Fields.h"
+#include "png/Header.h"
 
 #include <cstdint>
 #include <span>

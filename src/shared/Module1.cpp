@@ -4,10 +4,10 @@
 #include "platform/CodePage.h"
 #include "platform/Dialogs.h"
 #include "platform/FileAssociation.h"
-#include "platform/Handler.h"
 #include "platform/ProfileFile.h"
 #include "platform/Program.h"
 #include "platform/Registry.h"
+#include "platform/Silently.h"
 
 #include <array>
 #include <utility>

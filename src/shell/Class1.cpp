@@ -3,7 +3,7 @@
 
 #include "platform/CommonDialog.h"
 #include "platform/Failure.h"
-#include "platform/Paths.h"
+#include "platform/NativeNames.h"
 #include "platform/UserSettings.h"
 #include "shared/Module1.h"
 

@@ -16,6 +16,7 @@
 #include "platform/Handler.h"
 #include "platform/Program.h"
 #include "platform/ShellExecute.h"
+#include "platform/Silently.h"
 #include "print/Imprimir.h"
 #include "shared/Temporal.h"
 #include "shell/Form2.h"

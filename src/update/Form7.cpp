@@ -3,8 +3,8 @@
 
 #include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/Handler.h"
 #include "platform/Program.h"
+#include "platform/Silently.h"
 #include "shared/Module1.h"
 #include "ui_Form7.h"
 

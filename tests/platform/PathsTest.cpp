@@ -2,6 +2,7 @@
 #include "platform/Paths.h"
 #include "platform/Drives.h"
 #include "platform/Failure.h"
+#include "platform/NativeNames.h"
 #include "platform/Program.h"
 #include "support/Copies.h"
 #include "support/TestHome.h"
