@@ -2,8 +2,8 @@
 // How long 64 MiB take to be on the disk, against cp and sync, and how long the windows wait at
 // most meanwhile. The files are in TMPDIR, or in the system's folder for such files.
 #include "Ratio.h"
-#include "platform/CopyFile.h"
-#include "platform/Paths.h"
+#include "platform/files/CopyFile.h"
+#include "platform/files/Paths.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

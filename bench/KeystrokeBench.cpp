@@ -2,8 +2,8 @@
 // What one typed letter costs, painting included, in a document window and in QScintilla alone.
 #include "Ratio.h"
 #include "documents/frmDocumento.h"
-#include "platform/MDIFrame.h"
-#include "platform/Paths.h"
+#include "platform/files/Paths.h"
+#include "platform/forms/MDIFrame.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>

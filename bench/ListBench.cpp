@@ -3,8 +3,8 @@
 // sorting of the same folder, which shows nothing.
 #include "Ratio.h"
 #include "explorer/clsListFile.h"
-#include "platform/ListView.h"
-#include "platform/Paths.h"
+#include "platform/controls/ListView.h"
+#include "platform/files/Paths.h"
 
 #include <QApplication>
 #include <QDir>

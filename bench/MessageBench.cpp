@@ -2,7 +2,7 @@
 // What a message that nobody wants costs a watched window, by the number of messages that its owner
 // wants in each phase. "alone" is the same message to a window that isn't watched.
 #include "explorer/MensajesVentana.h"
-#include "platform/WindowMessages.h"
+#include "platform/forms/WindowMessages.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How long a script of 10 MB takes to open and to be seen, against QScintilla's own reading.
 #include "Ratio.h"
-#include "documents/CodeMax.h"
-#include "documents/CodeMaxConstants.h"
-#include "platform/Paths.h"
+#include "documents/editor/CodeMax.h"
+#include "documents/editor/CodeMaxConstants.h"
+#include "platform/files/Paths.h"
 
 #include <QApplication>
 #include <QFile>

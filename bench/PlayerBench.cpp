@@ -3,7 +3,7 @@
 // software renderer, onto a target with alpha and one without; the faster of these is the one to
 // beat. Sprites: any alpha at any pixel, and a disc with a soft edge. All run by turns; medians
 // count.
-#include "LuaHost.h"
+#include "player/LuaHost.h"
 
 #include <SDL.h>
 #include <algorithm>

@@ -5,9 +5,9 @@
 // nothing and keeps palettes and greys. Then the most memory that OpenPNG takes. All run by turns;
 // medians count.
 #include "PngSet.h"
-#include "png/Deinterlace.h"
-#include "png/Inflate.h"
 #include "png/LoadPNG.h"
+#include "png/inflate/Inflate.h"
+#include "png/rows/Deinterlace.h"
 
 #include <algorithm>
 #include <chrono>

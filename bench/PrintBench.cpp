@@ -2,8 +2,8 @@
 // How long a text takes to a PDF file, against the toolkit's own printing of the same text with the
 // same margins. Two lengths, to see that a page costs the same wherever it stands.
 #include "Ratio.h"
-#include "platform/RichTextBox.h"
-#include "platform/SystemPrinter.h"
+#include "platform/print/RichTextBox.h"
+#include "platform/print/SystemPrinter.h"
 #include "print/Class2.h"
 
 #include <QApplication>

@@ -2,9 +2,9 @@
 // The program's start with a blank script. The time in which the splash stands doesn't count, but
 // the making of it does.
 #include "FirstPaint.h"
-#include "platform/Clock.h"
-#include "platform/Program.h"
-#include "platform/Spanish.h"
+#include "platform/base/Clock.h"
+#include "platform/desktop/Spanish.h"
+#include "platform/files/Program.h"
 #include "shell/Dibujos.h"
 #include "shell/Form0.h"
 #include "shell/MDIForm1.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Audio.h"
+#include "player/Audio.h"
 
-#include "ScriptError.h"
+#include "player/ScriptError.h"
 
 #include <SDL.h>
 #include <cmath>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "FileDescriptor.h"
-#include "Voices.h"
+#include "player/FileDescriptor.h"
+#include "player/Voices.h"
 
 #include <SDL_mixer.h>
 #include <memory>

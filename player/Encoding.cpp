@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Encoding.h"
+#include "player/Encoding.h"
 
 #include <bit>
 #include <optional>

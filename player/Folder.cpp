@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Folder.h"
+#include "player/Folder.h"
 
-#include "Encoding.h"
-#include "Reason.h"
+#include "player/Encoding.h"
+#include "player/Reason.h"
 
 #include <dirent.h>
 #include <fcntl.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "FileDescriptor.h"
-#include "ScriptError.h"
+#include "player/FileDescriptor.h"
+#include "player/ScriptError.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "LuaHost.h"
+#include "player/LuaHost.h"
 
-#include "api/Api.h"
+#include "player/api/Api.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Failure.h"
-#include "Player.h"
-#include "ScriptError.h"
+#include "player/Failure.h"
+#include "player/Player.h"
+#include "player/ScriptError.h"
 
 #include <lua.hpp>
 #include <optional>

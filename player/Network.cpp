@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Network.h"
+#include "player/Network.h"
 
-#include "Reason.h"
-#include "ScriptError.h"
+#include "player/Reason.h"
+#include "player/ScriptError.h"
 
 #include <arpa/inet.h>
 #include <ifaddrs.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "FileDescriptor.h"
+#include "player/FileDescriptor.h"
 
 #include <netinet/in.h>
 #include <sys/socket.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Options.h"
+#include "player/Options.h"
 
 #include <charconv>
 #include <cstdlib>

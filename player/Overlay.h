@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Failure.h"
-#include "Typeface.h"
+#include "player/Failure.h"
+#include "player/Typeface.h"
 
 #include <deque>
 

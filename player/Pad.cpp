@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Pad.h"
+#include "player/Pad.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Stage.h"
+#include "player/Stage.h"
 
 #include <SDL.h>
 #include <span>

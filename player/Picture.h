@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Color.h"
-#include "Memory.h"
+#include "player/Color.h"
+#include "player/Memory.h"
 
 #include <cstddef>
 #include <span>

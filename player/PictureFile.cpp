@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "PictureFile.h"
+#include "player/PictureFile.h"
 
-#include "ScriptError.h"
+#include "player/ScriptError.h"
 
 #include <SDL.h>
 #include <SDL_image.h>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Audio.h"
-#include "Folder.h"
-#include "Memory.h"
-#include "Network.h"
-#include "Options.h"
-#include "Stage.h"
-#include "Typeface.h"
+#include "player/Audio.h"
+#include "player/Folder.h"
+#include "player/Memory.h"
+#include "player/Network.h"
+#include "player/Options.h"
+#include "player/Stage.h"
+#include "player/Typeface.h"
 
 struct lua_State;
 

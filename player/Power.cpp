@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Power.h"
+#include "player/Power.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Screen.h"
+#include "player/Screen.h"
 
-#include "Overlay.h"
-#include "PictureFile.h"
+#include "player/Overlay.h"
+#include "player/PictureFile.h"
 
 #include <SDL_image.h>
 #include <cstring>

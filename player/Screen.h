@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Failure.h"
-#include "Options.h"
-#include "Pad.h"
-#include "Picture.h"
-#include "Stage.h"
-#include "Typeface.h"
+#include "player/Failure.h"
+#include "player/Options.h"
+#include "player/Pad.h"
+#include "player/Picture.h"
+#include "player/Stage.h"
+#include "player/Typeface.h"
 
 #include <SDL.h>
 #include <memory>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Stage.h"
+#include "player/Stage.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Typeface.h"
+#include "player/Typeface.h"
 
-#include "Encoding.h"
+#include "player/Encoding.h"
 
 #include <algorithm>
 #include <array>

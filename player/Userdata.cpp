@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Userdata.h"
+#include "player/Userdata.h"
 
 #include <algorithm>
 

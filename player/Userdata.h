@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "LuaHost.h"
+#include "player/LuaHost.h"
 
 #include <cmath>
 #include <new>

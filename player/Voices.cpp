@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Voices.h"
+#include "player/Voices.h"
 
 #include <algorithm>
 #include <cmath>

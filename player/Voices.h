@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Memory.h"
+#include "player/Memory.h"
 
 #include <array>
 #include <cstdint>

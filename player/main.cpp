@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "LuaHost.h"
-#include "Options.h"
-#include "Player.h"
-#include "Screen.h"
+#include "player/LuaHost.h"
+#include "player/Options.h"
+#include "player/Player.h"
+#include "player/Screen.h"
 
 #include <SDL_thread.h>
 #include <chrono>

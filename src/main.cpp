@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Handler.h"
-#include "platform/Program.h"
-#include "platform/Spanish.h"
+#include "platform/desktop/Spanish.h"
+#include "platform/files/Program.h"
+#include "platform/forms/Handler.h"
 #include "shared/ValoresCompartidos.h"
 #include "shell/Dibujos.h"
 #include "shell/Form0.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Player.h"
+#include "player/Player.h"
 
 #include <lua.hpp>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Color.h"
+#include "player/Color.h"
 
-#include "Userdata.h"
-#include "api/Api.h"
+#include "player/Userdata.h"
+#include "player/api/Api.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Pad.h"
-#include "Userdata.h"
-#include "api/Api.h"
+#include "player/Pad.h"
+#include "player/Userdata.h"
+#include "player/api/Api.h"
 
 namespace player {
 namespace {

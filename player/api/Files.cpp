@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "api/Files.h"
+#include "player/api/Files.h"
 
-#include "Userdata.h"
+#include "player/Userdata.h"
 
 #include <array>
 #include <cstdio>

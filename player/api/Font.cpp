@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Typeface.h"
+#include "player/Typeface.h"
 
-#include "Encoding.h"
-#include "Userdata.h"
-#include "api/Api.h"
-#include "api/Image.h"
+#include "player/Encoding.h"
+#include "player/Userdata.h"
+#include "player/api/Api.h"
+#include "player/api/Image.h"
 
 namespace player {
 namespace {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "api/Image.h"
+#include "player/api/Image.h"
 
-#include "PictureFile.h"
-#include "Typeface.h"
-#include "Userdata.h"
-#include "api/Api.h"
+#include "player/PictureFile.h"
+#include "player/Typeface.h"
+#include "player/Userdata.h"
+#include "player/api/Api.h"
 
 namespace player {
 namespace {

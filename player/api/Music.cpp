@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Userdata.h"
-#include "api/Api.h"
+#include "player/Userdata.h"
+#include "player/api/Api.h"
 
 #include <algorithm>
 

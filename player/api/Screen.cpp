@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Userdata.h"
-#include "api/Api.h"
-#include "api/Image.h"
+#include "player/Userdata.h"
+#include "player/api/Api.h"
+#include "player/api/Image.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Power.h"
-#include "Userdata.h"
-#include "api/Api.h"
-#include "api/Files.h"
+#include "player/Power.h"
+#include "player/Userdata.h"
+#include "player/api/Api.h"
+#include "player/api/Files.h"
 
 #include <cstdio>
 

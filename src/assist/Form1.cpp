@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assist/Form1.h"
 
-#include "platform/Dialogs.h"
-#include "platform/Handler.h"
+#include "platform/forms/Dialogs.h"
+#include "platform/forms/Handler.h"
 #include "ui_Form1.h"
 
 #include <QRegularExpression>

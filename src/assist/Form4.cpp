@@ -2,8 +2,8 @@
 #include "assist/Form4.h"
 
 #include "assist/Catalogo.h"
-#include "platform/Handler.h"
-#include "platform/Silently.h"
+#include "platform/base/Silently.h"
+#include "platform/forms/Handler.h"
 #include "ui_Form4.h"
 
 #include <QButtonGroup>

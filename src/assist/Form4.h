@@ -2,7 +2,7 @@
 #pragma once
 
 #include "documents/frmDocumento.h"
-#include "platform/Form.h"
+#include "platform/forms/Form.h"
 
 #include <QPointer>
 #include <memory>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assist/Form5.h"
 
-#include "platform/Failure.h"
-#include "platform/Handler.h"
-#include "platform/LoadPicture.h"
-#include "platform/Program.h"
+#include "platform/base/Failure.h"
+#include "platform/controls/LoadPicture.h"
+#include "platform/files/Program.h"
+#include "platform/forms/Handler.h"
 #include "ui_Form5.h"
 
 #include <array>

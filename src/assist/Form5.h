@@ -3,9 +3,9 @@
 
 #include "assist/MarcoCoordenadas.h"
 #include "documents/MarcoDocumentos.h"
-#include "platform/CommonDialog.h"
-#include "platform/Form.h"
-#include "platform/PictureBox.h"
+#include "platform/controls/PictureBox.h"
+#include "platform/forms/CommonDialog.h"
+#include "platform/forms/Form.h"
 
 #include <memory>
 

@@ -2,10 +2,10 @@
 #include "assist/Form6.h"
 
 #include "assist/Form5.h"
-#include "platform/Dialogs.h"
-#include "platform/Handler.h"
-#include "platform/Paths.h"
-#include "platform/Silently.h"
+#include "platform/base/Silently.h"
+#include "platform/files/Paths.h"
+#include "platform/forms/Dialogs.h"
+#include "platform/forms/Handler.h"
 #include "png/LoadPNG.h"
 #include "ui_Form6.h"
 

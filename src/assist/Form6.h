@@ -3,7 +3,7 @@
 
 #include "assist/MarcoCoordenadas.h"
 #include "documents/MarcoDocumentos.h"
-#include "platform/Form.h"
+#include "platform/forms/Form.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assist/Plantillas.h"
 
-#include "platform/TextEncoding.h"
-#include "platform/TextFile.h"
+#include "platform/files/TextFile.h"
+#include "platform/text/TextEncoding.h"
 
 namespace assist {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "deploy/Destinos.h"
 
-#include "platform/Failure.h"
-#include "platform/FileSystemObject.h"
-#include "platform/NativeNames.h"
-#include "platform/Paths.h"
+#include "platform/base/Failure.h"
+#include "platform/files/FileSystemObject.h"
+#include "platform/files/Paths.h"
+#include "platform/text/NativeNames.h"
 
 #include <QRegularExpression>
 #include <QStringList>

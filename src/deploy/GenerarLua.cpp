@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "deploy/GenerarLua.h"
 
-#include "platform/Dialogs.h"
+#include "platform/forms/Dialogs.h"
 
 namespace deploy {
 namespace {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "deploy/PruebaLua.h"
 
-#include "platform/Files.h"
-#include "platform/NativeNames.h"
-#include "platform/Paths.h"
-#include "platform/Program.h"
-#include "platform/TextEncoding.h"
+#include "platform/files/Files.h"
+#include "platform/files/Paths.h"
+#include "platform/files/Program.h"
+#include "platform/text/NativeNames.h"
+#include "platform/text/TextEncoding.h"
 #include "shared/Temporal.h"
 
 namespace deploy {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/FileSystemObject.h"
-#include "platform/ShellExecute.h"
+#include "platform/desktop/ShellExecute.h"
+#include "platform/files/FileSystemObject.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "deploy/cProg.h"
 
-#include "platform/Twips.h"
+#include "platform/base/Twips.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/PropertyBag.h"
+#include "platform/controls/PropertyBag.h"
 
 #include <QWidget>
 #include <array>

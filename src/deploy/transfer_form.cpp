@@ -2,14 +2,14 @@
 #include "deploy/transfer_form.h"
 
 #include "deploy/Module2.h"
-#include "platform/Clock.h"
-#include "platform/CopyFile.h"
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
-#include "platform/Handler.h"
-#include "platform/Program.h"
-#include "platform/Silently.h"
-#include "platform/TextEncoding.h"
+#include "platform/base/Clock.h"
+#include "platform/base/Silently.h"
+#include "platform/files/CopyFile.h"
+#include "platform/files/Files.h"
+#include "platform/files/Program.h"
+#include "platform/forms/Dialogs.h"
+#include "platform/forms/Handler.h"
+#include "platform/text/TextEncoding.h"
 #include "ui_transfer_form.h"
 
 #include <QApplication>

@@ -3,7 +3,7 @@
 
 #include "deploy/Destinos.h"
 #include "documents/MarcoDocumentos.h"
-#include "platform/Form.h"
+#include "platform/forms/Form.h"
 #include "shared/ValoresCompartidos.h"
 
 #include <memory>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/frmDocumento.h"
 
-#include "documents/CodeMaxConstants.h"
-#include "platform/Dialogs.h"
-#include "platform/Failure.h"
-#include "platform/Log.h"
-#include "platform/Silently.h"
+#include "documents/editor/CodeMaxConstants.h"
+#include "platform/base/Failure.h"
+#include "platform/base/Log.h"
+#include "platform/base/Silently.h"
+#include "platform/forms/Dialogs.h"
 #include "shared/Temporal.h"
 #include "ui_frmDocumento.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "documents/CodeMax.h"
 #include "documents/MarcoDocumentos.h"
-#include "platform/CommonDialog.h"
-#include "platform/FileSystemObject.h"
-#include "platform/Form.h"
+#include "documents/editor/CodeMax.h"
+#include "platform/files/FileSystemObject.h"
+#include "platform/forms/CommonDialog.h"
+#include "platform/forms/Form.h"
 #include "shared/ValoresCompartidos.h"
 
 #include <memory>

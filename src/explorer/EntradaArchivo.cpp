@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/EntradaArchivo.h"
 
-#include "platform/FileTime.h"
-#include "platform/FindFile.h"
-#include "platform/NativeNames.h"
+#include "platform/files/FileTime.h"
+#include "platform/files/FindFile.h"
+#include "platform/text/NativeNames.h"
 
 #include <QCollator>
 #include <array>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/EntradaMensajes.h"
 
-#include "platform/Handler.h"
+#include "platform/forms/Handler.h"
 
 #include <algorithm>
 

@@ -2,10 +2,10 @@
 #include "explorer/Explorador.h"
 
 #include "explorer/DibujosBarra.h"
-#include "platform/Handler.h"
-#include "platform/LoadPicture.h"
-#include "platform/Program.h"
-#include "platform/Silently.h"
+#include "platform/base/Silently.h"
+#include "platform/controls/LoadPicture.h"
+#include "platform/files/Program.h"
+#include "platform/forms/Handler.h"
 #include "shared/Module1.h"
 #include "ui_Explorador.h"
 

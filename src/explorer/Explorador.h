@@ -4,8 +4,8 @@
 #include "explorer/MarcoExplorador.h"
 #include "explorer/cSubclassListView.h"
 #include "explorer/clsListFile.h"
-#include "platform/Form.h"
-#include "platform/ImageList.h"
+#include "platform/controls/ImageList.h"
+#include "platform/forms/Form.h"
 
 #include <array>
 #include <memory>

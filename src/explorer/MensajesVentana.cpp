@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/MensajesVentana.h"
 
-#include "platform/Dialogs.h"
-#include "platform/Log.h"
+#include "platform/base/Log.h"
+#include "platform/forms/Dialogs.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/PinturaCabecera.h"
 
-#include "platform/FontOfHeight.h"
+#include "platform/controls/FontOfHeight.h"
 
 #include <QApplication>
 #include <QPainter>

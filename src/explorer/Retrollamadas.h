@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/WindowMessages.h"
+#include "platform/forms/WindowMessages.h"
 
 #include <functional>
 #include <map>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/cSubclassListView.h"
 
-#include "platform/ListView.h"
+#include "platform/controls/ListView.h"
 
 #include <QApplication>
 #include <QCursor>

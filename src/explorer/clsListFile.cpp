@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/clsListFile.h"
 
-#include "platform/FileType.h"
-#include "platform/Program.h"
-#include "platform/ShellExecute.h"
-#include "platform/Silently.h"
-#include "platform/Twips.h"
+#include "platform/base/Silently.h"
+#include "platform/base/Twips.h"
+#include "platform/desktop/FileType.h"
+#include "platform/desktop/ShellExecute.h"
+#include "platform/files/Program.h"
 
 #include <QCoreApplication>
 #include <algorithm>

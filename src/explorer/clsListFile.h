@@ -3,9 +3,9 @@
 
 #include "explorer/EntradaArchivo.h"
 #include "explorer/MarcoExplorador.h"
-#include "platform/FileSystemObject.h"
-#include "platform/FindFile.h"
-#include "platform/ListControl.h"
+#include "platform/controls/ListControl.h"
+#include "platform/files/FileSystemObject.h"
+#include "platform/files/FindFile.h"
 
 #include <QHash>
 #include <functional>

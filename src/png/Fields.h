@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "png/Bytes.h"
-#include "png/Header.h"
-#include "png/PictureBox.h"
+#include "png/draw/PictureBox.h"
+#include "png/format/Bytes.h"
+#include "png/format/Header.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/LoadPNG.h"
 
-#include "png/CBitmap.h"
+#include "png/draw/CBitmap.h"
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "png/ChunkReader.h"
 #include "png/Fields.h"
-#include "png/Inflate.h"
-#include "png/PictureBox.h"
+#include "png/draw/PictureBox.h"
+#include "png/format/ChunkReader.h"
+#include "png/inflate/Inflate.h"
 
 #include <cstdint>
 #include <string>

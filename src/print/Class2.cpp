@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/Class2.h"
 
-#include "platform/Failure.h"
+#include "platform/base/Failure.h"
 
 #include <QPainter>
 #include <QScopeGuard>

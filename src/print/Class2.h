@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/Printer.h"
-#include "platform/RichText.h"
+#include "platform/print/Printer.h"
+#include "platform/print/RichText.h"
 
 #include <QPaintDevice>
 

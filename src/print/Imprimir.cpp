@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/Imprimir.h"
 
-#include "platform/Failure.h"
-#include "platform/Handler.h"
+#include "platform/base/Failure.h"
+#include "platform/forms/Handler.h"
 #include "print/Class2.h"
 #include "ui_Imprimir.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/CommonDialog.h"
-#include "platform/Form.h"
+#include "platform/forms/CommonDialog.h"
+#include "platform/forms/Form.h"
 
 #include <memory>
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shared/Module1.h"
 
-#include "platform/CodePage.h"
-#include "platform/Dialogs.h"
-#include "platform/FileAssociation.h"
-#include "platform/ProfileFile.h"
-#include "platform/Program.h"
-#include "platform/Registry.h"
-#include "platform/Silently.h"
+#include "platform/base/Silently.h"
+#include "platform/desktop/FileAssociation.h"
+#include "platform/desktop/Registry.h"
+#include "platform/files/ProfileFile.h"
+#include "platform/files/Program.h"
+#include "platform/forms/Dialogs.h"
+#include "platform/text/CodePage.h"
 
 #include <array>
 #include <utility>

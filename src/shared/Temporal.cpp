@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shared/Temporal.h"
 
-#include "platform/Program.h"
+#include "platform/files/Program.h"
 
 namespace shared {
 

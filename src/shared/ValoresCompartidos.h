@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/FileSystemObject.h"
-#include "platform/Form.h"
+#include "platform/files/FileSystemObject.h"
+#include "platform/forms/Form.h"
 #include "shared/TextoPublicado.h"
 
 #include <QPointer>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/Failure.h"
+#include "platform/base/Failure.h"
 
 #include <QString>
 

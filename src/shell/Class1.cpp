@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Class1.h"
 
-#include "platform/CommonDialog.h"
-#include "platform/Failure.h"
-#include "platform/NativeNames.h"
-#include "platform/UserSettings.h"
+#include "platform/base/Failure.h"
+#include "platform/desktop/UserSettings.h"
+#include "platform/forms/CommonDialog.h"
+#include "platform/text/NativeNames.h"
 #include "shared/Module1.h"
 
 #include <algorithm>

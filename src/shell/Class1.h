@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/MenuArray.h"
+#include "platform/forms/MenuArray.h"
 
 #include <QString>
 #include <QStringList>

@@ -2,7 +2,7 @@
 #include "shell/Form0.h"
 
 #include "documents/frmDocumento.h"
-#include "platform/Clock.h"
+#include "platform/base/Clock.h"
 #include "shared/Module1.h"
 #include "shell/Dibujos.h"
 #include "shell/MDIForm1.h"

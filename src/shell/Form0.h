@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/Form.h"
-#include "platform/Timer.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Timer.h"
 
 #include <QPointer>
 #include <memory>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form2.h"
 
-#include "platform/Handler.h"
-#include "platform/Program.h"
+#include "platform/files/Program.h"
+#include "platform/forms/Handler.h"
 #include "shared/Module1.h"
 #include "shell/CAssociate.h"
 #include "ui_Form2.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form3.h"
 
-#include "platform/Handler.h"
+#include "platform/forms/Handler.h"
 #include "shell/Dibujos.h"
 #include "ui_Form3.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/Form7.h"
 
-#include "platform/CodePage.h"
-#include "platform/Files.h"
-#include "platform/Program.h"
-#include "platform/Silently.h"
+#include "platform/base/Silently.h"
+#include "platform/files/Files.h"
+#include "platform/files/Program.h"
+#include "platform/text/CodePage.h"
 #include "shared/Module1.h"
 #include "ui_Form7.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/SSTab.h"
+#include "platform/controls/SSTab.h"
 #include "support/MainWindow.h"
 
 #include <QAccessible>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "deploy/Destinos.h"
 #include "deploy/cProg.h"
-#include "platform/Clock.h"
-#include "platform/DriveListBox.h"
-#include "platform/Drives.h"
+#include "platform/base/Clock.h"
+#include "platform/controls/DriveListBox.h"
+#include "platform/files/Drives.h"
 #include "support/MainWindow.h"
 
 #include <QLabel>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Failure.h"
+#include "platform/base/Failure.h"
 #include "support/MainWindow.h"
 
 using namespace Qt::StringLiterals;

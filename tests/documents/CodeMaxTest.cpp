@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "documents/CodeMax.h"
-#include "documents/CodeMaxConstants.h"
-#include "platform/Failure.h"
-#include "platform/Form.h"
+#include "documents/editor/CodeMax.h"
+#include "documents/editor/CodeMaxConstants.h"
+#include "platform/base/Failure.h"
+#include "platform/forms/Form.h"
 #include "support/Colors.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"

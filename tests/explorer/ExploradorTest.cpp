@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/Explorador.h"
-#include "platform/Drives.h"
-#include "platform/Frame.h"
-#include "platform/ListView.h"
-#include "platform/Registry.h"
+#include "platform/controls/ListView.h"
+#include "platform/desktop/Registry.h"
+#include "platform/files/Drives.h"
+#include "platform/forms/Frame.h"
 #include "support/MainWindow.h"
 
 #include <QBuffer>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/cSubclassListView.h"
-#include "platform/ListView.h"
+#include "platform/controls/ListView.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QHeaderView>

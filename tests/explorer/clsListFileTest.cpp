@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/clsListFile.h"
-#include "platform/FileTime.h"
-#include "platform/FileType.h"
-#include "platform/ListView.h"
-#include "platform/Program.h"
-#include "platform/Registry.h"
+#include "platform/controls/ListView.h"
+#include "platform/desktop/FileType.h"
+#include "platform/desktop/Registry.h"
+#include "platform/files/FileTime.h"
+#include "platform/files/Program.h"
 #include "support/TestHome.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A profile file of any bytes: what is written is read back, and no other line changes.
-#include "platform/ProfileFile.h"
+#include "platform/files/ProfileFile.h"
 
 #include <cstdlib>
 

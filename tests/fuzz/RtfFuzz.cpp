@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // An RTF file of any bytes becomes a document that can be laid out, with little more text than it
 // has bytes; what doesn't begin as RTF leaves the document alone.
-#include "platform/RtfReader.h"
+#include "platform/rtf/RtfReader.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>

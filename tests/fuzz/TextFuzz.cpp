@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A text file of any bytes is refused, or comes back as the same bytes; and what is encoded from
 // any text reads back as that text.
-#include "platform/Failure.h"
-#include "platform/TextEncoding.h"
+#include "platform/base/Failure.h"
+#include "platform/text/TextEncoding.h"
 
 #include <cstdlib>
 

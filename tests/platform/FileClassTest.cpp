@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/FileClass.h"
-#include "platform/FileAssociation.h"
-#include "platform/Program.h"
-#include "platform/Registry.h"
-#include "platform/ShellExecute.h"
+#include "platform/desktop/FileClass.h"
+#include "platform/desktop/FileAssociation.h"
+#include "platform/desktop/Registry.h"
+#include "platform/desktop/ShellExecute.h"
+#include "platform/files/Program.h"
 #include "support/TestHome.h"
 
 #include <QImage>

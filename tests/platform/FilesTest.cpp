@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Files.h"
-#include "platform/CopyFile.h"
-#include "platform/Failure.h"
-#include "platform/FileSystemObject.h"
-#include "platform/FindFile.h"
+#include "platform/files/Files.h"
+#include "platform/base/Failure.h"
+#include "platform/files/CopyFile.h"
+#include "platform/files/FileSystemObject.h"
+#include "platform/files/FindFile.h"
 #include "support/TestHome.h"
 
 #include <QTimer>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Form.h"
-#include "platform/Arrange.h"
-#include "platform/CommonDialog.h"
-#include "platform/Dialogs.h"
-#include "platform/MDIFrame.h"
-#include "platform/Timer.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Arrange.h"
+#include "platform/forms/CommonDialog.h"
+#include "platform/forms/Dialogs.h"
+#include "platform/forms/MDIFrame.h"
+#include "platform/forms/Timer.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Paths.h"
-#include "platform/Drives.h"
-#include "platform/Failure.h"
-#include "platform/NativeNames.h"
-#include "platform/Program.h"
+#include "platform/files/Paths.h"
+#include "platform/base/Failure.h"
+#include "platform/files/Drives.h"
+#include "platform/files/Program.h"
+#include "platform/text/NativeNames.h"
 #include "support/Copies.h"
 #include "support/TestHome.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/DocumentFormatter.h"
-#include "platform/RtfReader.h"
-#include "platform/TargetDevice.h"
+#include "platform/print/DocumentFormatter.h"
+#include "platform/rtf/RtfReader.h"
+#include "platform/rtf/TargetDevice.h"
 
 #include <QImage>
 #include <QPainter>

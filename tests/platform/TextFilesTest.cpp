@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/CodePage.h"
-#include "platform/Failure.h"
-#include "platform/ProfileFile.h"
-#include "platform/TextEncoding.h"
+#include "platform/base/Failure.h"
+#include "platform/files/ProfileFile.h"
+#include "platform/text/CodePage.h"
+#include "platform/text/TextEncoding.h"
 #include "support/Copies.h"
 #include "support/TestHome.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "PictureFile.h"
 #include "Script.h"
+#include "player/PictureFile.h"
 
 #include <sys/wait.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Screen.h"
+#include "player/Screen.h"
 
-#include "Encoding.h"
-#include "Overlay.h"
+#include "player/Encoding.h"
+#include "player/Overlay.h"
 
 #include <gtest/gtest.h>
 

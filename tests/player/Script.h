@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "LuaHost.h"
-#include "Player.h"
+#include "player/LuaHost.h"
+#include "player/Player.h"
 
 #include <gtest/gtest.h>
 

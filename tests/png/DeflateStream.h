@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "png/CodeTable.h"
-#include "png/Inflate.h"
+#include "png/inflate/CodeTable.h"
+#include "png/inflate/Inflate.h"
 
 #include <algorithm>
 #include <array>

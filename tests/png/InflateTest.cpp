@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "png/Inflate.h"
+#include "png/inflate/Inflate.h"
 
 #include "DeflateStream.h"
 #include "PngFile.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DeflateStream.h"
 #include "PngFile.h"
-#include "png/CBitmap.h"
+#include "png/draw/CBitmap.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/Imprimir.h"
-#include "platform/Failure.h"
-#include "platform/PrinterSetup.h"
-#include "platform/SystemPrinter.h"
+#include "platform/base/Failure.h"
+#include "platform/print/PrinterSetup.h"
+#include "platform/print/SystemPrinter.h"
 #include "print/Class2.h"
 #include "support/MainWindow.h"
 

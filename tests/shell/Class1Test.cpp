@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Class1.h"
-#include "platform/UserSettings.h"
+#include "platform/desktop/UserSettings.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"
 

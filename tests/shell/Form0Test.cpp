@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form0.h"
-#include "platform/Clock.h"
-#include "platform/Program.h"
+#include "platform/base/Clock.h"
+#include "platform/files/Program.h"
 #include "shell/Dibujos.h"
 #include "shell/Form3.h"
 #include "shell/MDIForm1.h"

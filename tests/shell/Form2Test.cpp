@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form2.h"
-#include "platform/Registry.h"
+#include "platform/desktop/Registry.h"
 #include "shared/Module1.h"
 #include "shell/CAssociate.h"
 #include "support/MainWindow.h"

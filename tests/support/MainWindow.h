@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/Program.h"
+#include "platform/files/Program.h"
 #include "shell/MDIForm1.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"

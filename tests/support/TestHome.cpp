@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/TestHome.h"
 
-#include "platform/Drives.h"
-#include "platform/Paths.h"
-#include "platform/Program.h"
+#include "platform/files/Drives.h"
+#include "platform/files/Paths.h"
+#include "platform/files/Program.h"
 
 #include <QSettings>
 #include <fstream>

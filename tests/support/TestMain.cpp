@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Spanish.h"
+#include "platform/desktop/Spanish.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

@@ -1,0 +1,28 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# quillmark_library(<folder> [WINDOWS] [USES <folder>...] [LINKS <target>...])
+#
+# The static library of a folder below src, with every source that lies in it, as the target
+# quillmark_<folder> with _ for /. USES names the folders whose headers it may include; to all others
+# it has no way, since each library brings an include folder of its own that leads to its headers and
+# to nothing beside or above them. WINDOWS: some of it has signals, slots or a form of the designer.
+function(quillmark_library folder)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "USES;LINKS")
+  string(REPLACE "/" "_" name "quillmark_${folder}")
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp"
+    "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  add_library(${name} STATIC ${sources})
+  if(arg_WINDOWS)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+  endif()
+
+  set(headers "${PROJECT_BINARY_DIR}/include/${name}")
+  cmake_path(GET folder PARENT_PATH above)
+  file(MAKE_DIRECTORY "${headers}/${above}")
+  file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${headers}/${folder}" SYMBOLIC)
+  target_include_directories(${name} PUBLIC "${headers}")
+
+  list(TRANSFORM arg_USES REPLACE "/" "_")
+  list(TRANSFORM arg_USES PREPEND "quillmark_")
+  target_link_libraries(${name} PUBLIC quillmark_options ${arg_USES} ${arg_LINKS})
+endfunction()

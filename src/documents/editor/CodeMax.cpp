@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/editor/CodeMax.h"
+
+#include "documents/editor/CodeMaxConstants.h"
+#include "documents/editor/ScriptEditor.h"
+#include "documents/editor/ScriptPrinter.h"
+#include "platform/base/Failure.h"
+#include "platform/base/Twips.h"
+#include "platform/files/FileErrors.h"
+#include "platform/files/Files.h"
+#include "platform/files/TextFile.h"
+
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+#include <limits>
+
+namespace documents {
+namespace {
+
+using platform::Failure;
+using platform::FailureCode;
+
+// The engine counts bytes so far, and no further.
+constexpr qsizetype kLargestText = std::numeric_limits<int>::max();
+
+[[noreturn]] void Refuse(const QString& what, int number) {
+    throw Failure(FailureCode::InvalidArgument, QStringLiteral("CodeMax"),
+                  QStringLiteral("El editor no conoce %1 %2.").arg(what).arg(number));
+}
+
+QByteArray WithoutNul(const QString& text) {
+    return text.toUtf8().replace('\0', QByteArrayView());
+}
+
+} // namespace
+
+CodeMax::CodeMax(QWidget* parent) : QWidget(parent), m_editor(new ScriptEditor(this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_editor);
+    setFocusProxy(m_editor);
+    m_editor->setAccessibleName(QStringLiteral("Texto del script"));
+    connect(m_editor, &QsciScintilla::textChanged, this, [this] {
+        m_begun = true;
+        if (!m_quiet)
+            Q_EMIT Change(this);
+    });
+}
+
+QString CodeMax::Text() const {
+    return platform::FromUtf8(m_editor->Bytes());
+}
+
+QString CodeMax::WhyNotHeld(const QByteArray& utf8) {
+    if (utf8.size() > kLargestText || !m_editor->Reserve(utf8.size()))
+        return QStringLiteral("es demasiado grande para el editor");
+    if (ScriptEditor::LongestLine(utf8) > ScriptEditor::kLongestLine)
+        return QStringLiteral("tiene una línea de más de 1 MiB, y con líneas tan largas el editor "
+                              "no puede trabajar");
+    return {};
+}
+
+void CodeMax::Begin(const QByteArray& utf8) {
+    m_editor->Load(utf8);
+    m_begun = true;
+}
+
+void CodeMax::Text(const QString& text) {
+    const QByteArray utf8 = WithoutNul(text);
+    if (const QString why = WhyNotHeld(utf8); !why.isEmpty())
+        throw Failure(FailureCode::InvalidText, QStringLiteral("CodeMax"),
+                      QStringLiteral("El texto %1.").arg(why));
+    if (!m_begun) {
+        Begin(utf8);
+        return;
+    }
+    {
+        const QScopedValueRollback quiet(m_quiet, true); // the removal and the insertion are one
+        m_editor->ReplaceAll(utf8);
+    }
+    Q_EMIT Change(this);
+}
+
+void CodeMax::SelText(const QString& text) {
+    m_editor->SendScintilla(QsciScintilla::SCI_REPLACESEL, WithoutNul(text).constData());
+    m_editor->ensureCursorVisible();
+}
+
+void CodeMax::OpenFile(const QString& path) {
+    const platform::DecodedText decoded = platform::ReadTextFile(path);
+    if (const QString why = WhyNotHeld(decoded.utf8); !why.isEmpty())
+        throw Failure(FailureCode::InvalidText, QStringLiteral("CodeMax"),
+                      platform::FileFailureText(u"abrir", path, why));
+    Begin(decoded.utf8);
+    m_encoding = decoded.encoding;
+}
+
+platform::EncodedText CodeMax::Encoded() const {
+    return platform::EncodeText(m_editor->Bytes(), m_encoding);
+}
+
+void CodeMax::SaveFile(const QString& path, bool) {
+    const platform::EncodedText encoded = Encoded();
+    platform::WriteFile(path, encoded.bytes);
+    m_encoding = encoded.encoding;
+}
+
+void CodeMax::SaveCopy(const QString& path) const {
+    platform::ReplaceFile(path, Encoded().bytes);
+}
+
+void CodeMax::Undo() {
+    m_editor->undo();
+}
+void CodeMax::Redo() {
+    m_editor->redo();
+}
+void CodeMax::Copy() {
+    m_editor->copy();
+}
+void CodeMax::Cut() {
+    m_editor->cut();
+}
+void CodeMax::Paste() {
+    m_editor->paste();
+}
+
+void CodeMax::ExecuteCmd(int command) {
+    if (command != kSelectAllCommand)
+        Refuse(QStringLiteral("la orden"), command);
+    m_editor->selectAll();
+}
+
+void CodeMax::SetColor(int item, int color) {
+    if (item < 0 || item > kLastColorItem)
+        Refuse(QStringLiteral("el color"), item);
+    m_editor->SetItemColor(item, color);
+}
+
+void CodeMax::SetOption(int option, int value) {
+    const bool on = value != 0;
+    switch (option) {
+    case kBraceMatchOption:
+        return m_editor->SetBraceMatch(on);
+    case kKeepTabsOption:
+        return m_editor->setIndentationsUseTabs(on);
+    case kSyntaxColorOption:
+        return m_editor->SetLuaColors(on);
+    case kLeftMarginOption:
+        return m_editor->ShowLeftMargin(on);
+    case kLineNumberOption:
+        return m_editor->ShowLineNumbers(on);
+    case kAutoIndentOption:
+        return m_editor->setAutoIndent(on);
+    default:
+        Refuse(QStringLiteral("la opción"), option);
+    }
+}
+
+void CodeMax::FontName(const QString& name) {
+    m_editor->SetFontName(name);
+}
+void CodeMax::FontSize(int points) {
+    m_editor->SetFontPoints(points);
+}
+
+void CodeMax::PrintDoc(int, int flags) {
+    if (flags == kPageSetupFlags)
+        SetUpScriptPage(window());
+    else if (flags == kPrintFlags)
+        // A title of the toolkit has each "[*]" twice.
+        PrintScript(*m_editor, parentWidget()->windowTitle().replace(QStringLiteral("[*][*]"),
+                                                                     QStringLiteral("[*]")));
+    else
+        Refuse(QStringLiteral("la impresión"), flags);
+}
+
+void CodeMax::Move(int left, int top, int width, int height) {
+    setGeometry(platform::ToPixels(left), platform::ToPixels(top), platform::ToPixels(width),
+                platform::ToPixels(height));
+}
+
+void CodeMax::SetFocus() {
+    setFocus();
+}
+
+} // namespace documents

@@ -1,8 +1,0 @@
-// SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/Log.h"
-
-namespace platform {
-
-Q_LOGGING_CATEGORY(lcQuillmark, "quillmark")
-
-} // namespace platform

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/files/CopyFile.h"
+
+#include "platform/files/FileErrors.h"
+#include "platform/files/FileHandle.h"
+#include "platform/files/Paths.h"
+
+#include <QCoreApplication>
+#include <chrono>
+#include <fcntl.h>
+#include <future>
+#include <optional>
+#include <unistd.h>
+#include <vector>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr size_t kStep = 1 << 20; // bytes
+constexpr std::chrono::milliseconds kPatience(10);
+
+// Runs what may wait for the disk beside this thread, which keeps the windows alive meanwhile.
+template<class Work>
+auto Beside(Work work) {
+    auto result = std::async(std::launch::async, std::move(work));
+    do {
+        QCoreApplication::processEvents();
+    } while (result.wait_for(kPatience) != std::future_status::ready);
+    return result.get();
+}
+
+// The copy under another name, gone again unless it takes the target's.
+class Partial {
+public:
+    explicit Partial(const fs::path& target)
+        : m_target(target),
+          m_path(target.parent_path() / (".quillmark-" + std::to_string(::getpid()) + ".part")),
+          m_handle(m_path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, 0666) {}
+    ~Partial() {
+        if (!m_whole)
+            ::unlink(m_path.c_str());
+    }
+    Partial(const Partial&) = delete;
+    Partial& operator=(const Partial&) = delete;
+
+    void Write(QByteArrayView bytes, qint64 offset) const {
+        m_handle.Write(bytes, offset);
+        // The disk begins at once, so that there is little left to wait for at the end.
+        ::sync_file_range(m_handle.Descriptor(), offset, bytes.size(), SYNC_FILE_RANGE_WRITE);
+    }
+    void Sync() const { m_handle.Sync(); }
+    void TakePlace() {
+        if (::rename(m_path.c_str(), m_target.c_str()) != 0)
+            ThrowErrno();
+        m_whole = true;
+        SyncFolder(m_target.parent_path());
+    }
+
+private:
+    fs::path m_target;
+    fs::path m_path;
+    FileHandle m_handle;
+    bool m_whole = false;
+};
+
+// The file that is read, which tells of its own failures: the others are the target's.
+class Source {
+    template<class Work>
+    auto Telling(Work work) const {
+        try {
+            return work();
+        } catch (const SystemError& error) {
+            throw FileFailure(u"copiar", m_path, error);
+        }
+    }
+
+public:
+    explicit Source(const QString& path) : m_path(path) {
+        Telling([this] {
+            m_handle.emplace(ToNative(m_path), O_RDONLY | O_NONBLOCK);
+            m_handle->RequireRegular();
+        });
+    }
+    qint64 Size() const {
+        return Telling([this] { return m_handle->Status().st_size; });
+    }
+    qsizetype Read(std::span<char> buffer, qint64 offset) const {
+        return Telling([&] { return m_handle->Read(buffer, offset); });
+    }
+
+private:
+    QString m_path;
+    std::optional<FileHandle> m_handle;
+};
+
+bool CopyNative(const Source& source, const fs::path& target, const CopyProgressRoutine& progress,
+                const int& cancel) {
+    const qint64 total = source.Size();
+    Partial partial(target);
+    std::vector<char> buffer(kStep);
+    qint64 copied = 0;
+    qsizetype step = 0;
+    do {
+        step = Beside([&] {
+            const qsizetype count = source.Read(buffer, copied);
+            partial.Write(QByteArrayView(buffer.data(), count), copied);
+            return count;
+        });
+        copied += step;
+        if (step > 0 || copied == 0)
+            progress(total, copied);
+        if (cancel != 0)
+            return false;
+    } while (step == static_cast<qsizetype>(kStep));
+    Beside([&] { partial.Sync(); });
+    if (cancel != 0)
+        return false;
+    Beside([&] { partial.TakePlace(); });
+    return true;
+}
+
+} // namespace
+
+bool CopyFileExA(const QString& source, const QString& target, const CopyProgressRoutine& progress,
+                 const int& cancel) {
+    if (cancel != 0)
+        return false;
+    const Source file(source);
+    try {
+        return CopyNative(file, ToNative(target, LastName::AsWritten), progress, cancel);
+    } catch (const SystemError& error) {
+        throw SaveFailure(target, error);
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/files/FolderLock.h"
+
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+constexpr int kAttempts = 200;
+constexpr std::chrono::milliseconds kPause(10);
+
+} // namespace
+
+FolderLock::FolderLock(const std::filesystem::path& folder)
+    : m_fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    for (int i = 0; m_fd >= 0 && i < kAttempts; ++i) {
+        if (::flock(m_fd, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR))
+            return;
+        std::this_thread::sleep_for(kPause);
+    }
+}
+
+FolderLock::~FolderLock() {
+    if (m_fd >= 0)
+        ::close(m_fd);
+}
+
+} // namespace platform

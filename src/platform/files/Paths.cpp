@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/files/Paths.h"
+
+#include "platform/base/Failure.h"
+#include "platform/files/Drives.h"
+#include "platform/text/NativeNames.h"
+
+#include <QStringList>
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The entry of the folder that bears the name, of whatever case; the first of several by its bytes.
+// The name itself if there is none.
+fs::path FindEntry(const fs::path& folder, const std::string& name) {
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(folder / name, error)))
+        return name;
+    const QString wanted = FromNativeName(QByteArrayView(name));
+    fs::path best;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        const fs::path entry = it->path().filename();
+        const bool same =
+            FromNativeName(QByteArrayView(entry.native())).compare(wanted, Qt::CaseInsensitive) ==
+            0;
+        if (same && (best.empty() || entry < best))
+            best = entry;
+    }
+    return best.empty() ? fs::path(name) : best;
+}
+
+// "/" if the current directory is gone: what is looked for there isn't found.
+fs::path CurrentFolder() {
+    std::error_code error;
+    fs::path current = fs::current_path(error);
+    return error ? fs::path("/") : current;
+}
+
+struct Start {
+    fs::path root;   // what ".." can't leave
+    fs::path folder; // where the rest begins
+    QString rest;
+};
+
+Start StartOf(const QString& path) {
+    if (path.size() >= 2 && path.at(1) == u':') {
+        const auto root = CurrentDrives().Root(path.at(0));
+        if (!root)
+            throw Failure(FailureCode::PathNotFound, QStringLiteral("Rutas"),
+                          QStringLiteral("No existe la unidad %1").arg(path.left(2).toUpper()));
+        return {*root, *root, path.mid(2)};
+    }
+    const fs::path current = CurrentFolder();
+    const fs::path root = CurrentDrives().Holding(current).root;
+    return {root, path.startsWith(u'\\') ? root : current, path};
+}
+
+} // namespace
+
+fs::path ToNative(const QString& path, LastName lastName) {
+    if (path.isEmpty() || path.contains(QChar(u'\0')))
+        throw Failure(FailureCode::PathNotFound, QStringLiteral("Rutas"),
+                      QStringLiteral("El nombre de archivo no es válido"));
+    Start start = StartOf(path);
+    fs::path native = start.folder;
+    start.rest.replace(u'/', u'\\');
+    const QStringList parts = start.rest.split(u'\\', Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        const QString& part = parts.at(i);
+        const bool asWritten = lastName == LastName::AsWritten && i + 1 == parts.size();
+        if (part == u"..")
+            native = native == start.root ? native : native.parent_path();
+        else if (part != u".")
+            native /=
+                asWritten ? fs::path(ToNativeName(part)) : FindEntry(native, ToNativeName(part));
+    }
+    return native;
+}
+
+QString FromNative(const fs::path& native) {
+    fs::path absolute = CurrentFolder() / native;
+    std::error_code error;
+    // Behind a link to a folder, ".." is not what the text says.
+    if (std::find(absolute.begin(), absolute.end(), "..") != absolute.end())
+        absolute = fs::weakly_canonical(absolute.parent_path(), error) / absolute.filename();
+    absolute = absolute.lexically_normal();
+    const Drive drive = CurrentDrives().Holding(absolute);
+    auto part = absolute.begin();
+    std::advance(part, std::distance(drive.root.begin(), drive.root.end()));
+    QStringList names;
+    for (; part != absolute.end(); ++part) {
+        if (!part->empty())
+            names.append(FromNativeName(QByteArrayView(part->native())));
+    }
+    return QLatin1Char(drive.letter) + QStringLiteral(":\\") + names.join(u'\\');
+}
+
+} // namespace platform

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/forms/Dialogs.h"
+
+#include "platform/base/Failure.h"
+#include "platform/files/Paths.h"
+#include "platform/files/Program.h"
+#include "platform/forms/Form.h"
+#include "platform/text/NativeNames.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileIconProvider>
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QTreeView>
+#include <utility>
+
+namespace platform {
+namespace {
+
+constexpr QSize kFileDialogSize(760, 480);
+
+QMessageBox::Icon ToolkitIcon(Icon icon) {
+    switch (icon) {
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::Question:
+        return QMessageBox::Question;
+    case Icon::Exclamation:
+        return QMessageBox::Warning;
+    case Icon::Error:
+        return QMessageBox::Critical;
+    case Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons ToolkitButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer FromToolkit(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::Ok;
+    }
+}
+
+// The toolkit names these in English.
+class SpanishTypes : public QFileIconProvider {
+public:
+    QString type(const QFileInfo& info) const override {
+        if (info.isRoot())
+            return QStringLiteral("Unidad");
+        if (info.isDir())
+            return QStringLiteral("Carpeta");
+        return info.isFile() ? QFileIconProvider::type(info) : QStringLiteral("Otro");
+    }
+};
+
+// The name takes what the others leave, and nothing of them is cut off.
+void FitColumns(QFileDialog& dialog) {
+    auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (!list)
+        return;
+    list->header()->setStretchLastSection(false);
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
+class DesktopDialogs : public Dialogs {
+public:
+    Answer Ask(const Message& message) override {
+        QMessageBox box(ToolkitIcon(message.icon), DisplayText(message.title),
+                        DisplayText(message.text), ToolkitButtons(message.buttons),
+                        QApplication::activeWindow());
+        box.setTextFormat(Qt::PlainText); // a file name is no markup
+        if (message.buttons == Buttons::YesNo)
+            box.setEscapeButton(QMessageBox::No);
+        return FromToolkit(box.exec());
+    }
+
+    QString AskOpenName(const FileQuestion& question) override {
+        return AskName(question, QFileDialog::AcceptOpen);
+    }
+
+    QString AskSaveName(const FileQuestion& question) override {
+        return AskName(question, QFileDialog::AcceptSave);
+    }
+
+    void RunModal(Form& form) override {
+        QEventLoop loop;
+        QObject::connect(&form, &Form::Unloaded, &loop, &QEventLoop::quit);
+        form.setWindowModality(Qt::ApplicationModal);
+        form.Show();
+        loop.exec();
+    }
+
+    bool SetUpPage(QPrinter& printer, QWidget* owner) override {
+        return QPageSetupDialog(&printer, owner).exec() == QDialog::Accepted;
+    }
+
+    bool SetUpPrint(QPrinter& printer, QWidget* owner) override {
+        return QPrintDialog(&printer, owner).exec() == QDialog::Accepted;
+    }
+
+private:
+    static QString AskName(const FileQuestion& question, QFileDialog::AcceptMode mode) {
+        SpanishTypes types; // outlives the dialog
+        QFileDialog dialog(question.owner, question.title);
+        dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
+                          QFileDialog::HideNameFilterDetails);
+        dialog.resize(kFileDialogSize);
+        dialog.setIconProvider(&types);
+        FitColumns(dialog);
+        dialog.setAcceptMode(mode);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        // Always told: the toolkit remembers the folder of its last dialog.
+        dialog.setDirectory(question.folder.isEmpty()
+                                ? QDir::currentPath()
+                                : QString::fromStdString(ToNative(question.folder).native()));
+        QStringList filters;
+        for (const FileFilter& filter : question.filters)
+            filters.append(QStringLiteral("%1 (%2)").arg(filter.name, filter.pattern));
+        dialog.setNameFilters(filters);
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return {};
+        const std::filesystem::path pick = dialog.selectedFiles().constFirst().toStdString();
+        MoveTo(pick.parent_path());
+        return FromNative(pick);
+    }
+
+    static void MoveTo(const std::filesystem::path& folder) {
+        try {
+            ChangeDirectory(FromNative(folder));
+        } catch (const Failure&) {
+            // A folder that can't be entered shows itself when the file is opened or saved.
+        }
+    }
+};
+
+std::unique_ptr<Dialogs>& Instance() {
+    static std::unique_ptr<Dialogs> dialogs = std::make_unique<DesktopDialogs>();
+    return dialogs;
+}
+
+} // namespace
+
+Dialogs& CurrentDialogs() {
+    return *Instance();
+}
+
+std::unique_ptr<Dialogs> ReplaceDialogs(std::unique_ptr<Dialogs> dialogs) {
+    if (!dialogs)
+        dialogs = std::make_unique<DesktopDialogs>();
+    return std::exchange(Instance(), std::move(dialogs));
+}
+
+Answer MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title) {
+    return CurrentDialogs().Ask({text, title, icon, buttons});
+}
+
+} // namespace platform

@@ -1,6 +1,0 @@
-// SPDX-License-Identifier: GPL-3.0-or-later
-#include "png/FastLoopBody.h"
-
-bool png::FastLoopPlain(FastBlock& block) {
-    return FastLoop(block);
-}

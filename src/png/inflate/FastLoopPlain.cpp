@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "png/inflate/FastLoopBody.h"
+
+bool png::FastLoopPlain(FastBlock& block) {
+    return FastLoop(block);
+}

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "png/rows/Convert.h"
+
+#include "png/rows/Deinterlace.h"
+#include "png/rows/Simd.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+namespace png {
+
+void SwapRedBlue24(Bytes& buffer) {
+    const size_t done = SwapRedBlue24Simd({buffer.data(), buffer.size()});
+    for (uint8_t* pixel = buffer.begin() + done; buffer.end() - pixel >= 3; pixel += 3)
+        std::swap(pixel[0], pixel[2]);
+}
+
+void SwapRedBlue32(Bytes& buffer) {
+    for (uint8_t* pixel = buffer.begin(); buffer.end() - pixel >= 4; pixel += 4) {
+        uint32_t bytes = 0;
+        std::memcpy(&bytes, pixel, sizeof bytes);
+        bytes = (bytes & 0xFF00FF00U) | (bytes & 0xFFU) << 16 | (bytes >> 16 & 0xFFU);
+        std::memcpy(pixel, &bytes, sizeof bytes);
+    }
+}
+
+void Reduce16To8(Bytes& buffer) {
+    const size_t half = buffer.size() / 2;
+    size_t i = 0;
+    // Through buffers of fixed size, as a compiler makes vector instructions of that.
+    for (std::array<uint8_t, 32> from{}; i + from.size() / 2 <= half; i += from.size() / 2) {
+        std::array<uint8_t, 16> to{};
+        std::memcpy(from.data(), buffer.data() + 2 * i, from.size());
+        for (size_t k = 0; k < to.size(); ++k)
+            to[k] = from[2 * k];
+        std::memcpy(buffer.data() + i, to.data(), to.size());
+    }
+    for (; i < half; ++i)
+        buffer[i] = buffer[2 * i];
+    buffer.Resize(half);
+    buffer.Trim();
+}
+
+void AlignRows(const Header& header, int32_t bits, Bytes& buffer) {
+    const auto length = static_cast<size_t>(header.LineBytes() - 1);
+    const size_t stride = RowStride(static_cast<size_t>(header.Width), static_cast<size_t>(bits));
+    if (bits == 32 || stride == length)
+        return;
+    const auto height = static_cast<size_t>(header.Height);
+    buffer.Resize(height * stride);
+    for (size_t y = height; y-- > 0;) { // the last row first, as they move up
+        uint8_t* to = buffer.data() + y * stride;
+        std::memmove(to, buffer.data() + y * length, length);
+        std::fill(to + length, to + stride, uint8_t{0});
+    }
+}
+
+void Expand2BitTo8(int32_t width, int32_t height, Bytes& buffer, int64_t lineBytes) {
+    const auto pixels = static_cast<size_t>(width);
+    const auto rows = static_cast<size_t>(height);
+    const auto length = static_cast<size_t>(lineBytes - 1);
+    const size_t stride = RowStride(pixels, 8);
+    Bytes expanded(rows * stride);
+    for (size_t y = 0; y < rows; ++y) {
+        const std::span to(expanded.data() + y * stride, stride);
+        ExpandRowToBytes(std::span(buffer.data() + y * length, length), 2, to.first(pixels));
+        std::ranges::fill(to.subspan(pixels), uint8_t{0});
+    }
+    buffer = std::move(expanded);
+}
+
+void GreyAlphaToRgba(Bytes& buffer) {
+    const size_t pixels = buffer.size() / 2;
+    Bytes rgba(pixels * 4);
+    for (size_t i = 0; i < pixels; ++i) {
+        std::memset(rgba.data() + 4 * i, buffer[2 * i], 3);
+        rgba[4 * i + 3] = buffer[2 * i + 1];
+    }
+    buffer = std::move(rgba);
+}
+
+void FlipRows(Bytes& buffer, size_t rowBytes) {
+    if (buffer.empty())
+        return;
+    for (uint8_t *top = buffer.begin(), *bottom = buffer.end() - rowBytes; top < bottom;
+         top += rowBytes, bottom -= rowBytes)
+        std::swap_ranges(top, top + rowBytes, bottom);
+}
+
+} // namespace png
