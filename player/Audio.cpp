@@ -63,7 +63,7 @@ Samples Audio::Decode(const std::string& file, const std::string& name) {
     return samples;
 }
 
-void Audio::PlayMusic(FileDescriptor file, bool loop, const std::string& name) {
+void Audio::PlayMusic(core::FileDescriptor file, bool loop, const std::string& name) {
     if (!Open())
         return;
     StopMusic();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "player/FileDescriptor.h"
+#include "core/FileDescriptor.h"
 #include "player/Voices.h"
 
 #include <SDL_mixer.h>
@@ -29,7 +29,7 @@ public:
     Samples Decode(const std::string& file, const std::string& name);
 
     /// Throws ScriptError if it isn't music.
-    void PlayMusic(FileDescriptor file, bool loop, const std::string& name);
+    void PlayMusic(core::FileDescriptor file, bool loop, const std::string& name);
     void PauseMusic();
     void ResumeMusic();
     void StopMusic();

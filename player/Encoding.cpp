@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Encoding.h"
 
+#include "core/Windows1252.h"
+
 #include <bit>
 #include <optional>
 
 namespace player {
 namespace {
-
-constexpr std::u32string_view kWindows = // 0x80 to 0x9F
-    U"\u20AC\uFFFD\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\uFFFD\u017D"
-    U"\uFFFD"
-    U"\uFFFD\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\uFFFD\u017E"
-    U"\u0178";
 
 std::optional<std::u32string> FromUtf8(std::string_view text) {
     constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
@@ -37,10 +33,8 @@ std::optional<std::u32string> FromUtf8(std::string_view text) {
 
 std::u32string FromWindows(std::string_view text) {
     std::u32string result;
-    for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        result += code >= 0x80 && code < 0xA0 ? kWindows[code - 0x80U] : code;
-    }
+    for (const char c : text)
+        result += core::FromWindows1252(static_cast<unsigned char>(c));
     return result;
 }
 

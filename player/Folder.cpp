@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Folder.h"
 
+#include "core/ErrorText.h"
 #include "player/Encoding.h"
-#include "player/Reason.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -25,22 +25,13 @@ constexpr int kAttempts = 64;
 constexpr int kFilePermissions = 0644;
 constexpr int kFolderPermissions = 0755;
 
-constexpr std::array kReasons = {
-    Reason{ENOENT, "no existe"},
-    Reason{EEXIST, "ya existe"},
-    Reason{ENOTDIR, "no es una carpeta"},
-    Reason{EISDIR, "es una carpeta"},
-    Reason{ENOTEMPTY, "la carpeta no está vacía"},
-    Reason{EACCES, "no hay permiso"},
-    Reason{EPERM, "no hay permiso"},
-    Reason{EROFS, "no se puede escribir ahí"},
-    Reason{ENOSPC, "el disco está lleno"},
-    Reason{EINVAL, "no es un nombre válido"},
-    Reason{ENAMETOOLONG, "el nombre es demasiado largo"},
-    Reason{EFBIG, "el archivo es demasiado grande"},
-    Reason{EMFILE, "hay demasiados archivos abiertos"},
-    Reason{EXDEV, "queda fuera de la carpeta del script"},
-    Reason{ELOOP, "es un enlace que no se puede seguir"},
+// What a script's folder means by these.
+constexpr std::array kErrors = {
+    core::ErrorText{ENOTDIR, "no es una carpeta"},
+    core::ErrorText{EINVAL, "no es un nombre válido"},
+    core::ErrorText{EFBIG, "el archivo es demasiado grande"},
+    core::ErrorText{EXDEV, "queda fuera de la carpeta del script"},
+    core::ErrorText{ELOOP, "es un enlace que no se puede seguir"},
 };
 
 std::string Shown(std::string_view path) {
@@ -48,7 +39,7 @@ std::string Shown(std::string_view path) {
 }
 
 [[noreturn]] void Fail(std::string_view path, int code) {
-    const char* const known = TextOf(kReasons, code);
+    const char* const known = core::TextOfError(kErrors, code);
     const std::string text = known ? known : "no se pudo (" + std::to_string(code) + ")";
     throw FolderError("'" + Shown(path) + "': " + text, code);
 }
@@ -111,22 +102,22 @@ bool FolderError::Outside() const {
 }
 
 struct Folder::Place {
-    FileDescriptor directory;
+    core::FileDescriptor directory;
     std::string name;
 };
 
 Folder::Folder(const std::filesystem::path& root, Resolver resolver) : resolver_(resolver) {
     const std::string absolute = std::filesystem::absolute(root).lexically_normal().string();
     Append(rootParts_, absolute);
-    root_ = FileDescriptor(open(absolute.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    root_ = core::FileDescriptor(open(absolute.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!root_)
         Fail(absolute, errno);
 }
 
-FileDescriptor Folder::Open(std::string_view path, Mode mode) const {
+core::FileDescriptor Folder::Open(std::string_view path, Mode mode) const {
     // Not blocking, for a pipe would wait for its other end.
     const int flags = OpenFlags(mode) | O_NONBLOCK | O_NOCTTY;
-    FileDescriptor file =
+    core::FileDescriptor file =
         Resolve(Within(path), flags, (flags & O_CREAT) != 0 ? kFilePermissions : 0);
     if (!file)
         Fail(path, errno);
@@ -143,16 +134,16 @@ FileDescriptor Folder::Open(std::string_view path, Mode mode) const {
     return file;
 }
 
-FileDescriptor Folder::OpenUnnamed() const {
+core::FileDescriptor Folder::OpenUnnamed() const {
     const int flags = O_TMPFILE | O_EXCL | O_RDWR | O_CLOEXEC;
-    FileDescriptor file(openat(root_.Number(), ".", flags, kFilePermissions));
+    core::FileDescriptor file(openat(root_.Number(), ".", flags, kFilePermissions));
     if (!file)
         Fail("archivo temporal", errno);
     return file;
 }
 
 std::string Folder::Read(std::string_view path, std::size_t limit) const {
-    const FileDescriptor file = Open(path);
+    const core::FileDescriptor file = Open(path);
     std::string content;
     std::array<char, 65536> block = {};
     for (;;) {
@@ -168,7 +159,7 @@ std::string Folder::Read(std::string_view path, std::size_t limit) const {
 }
 
 void Folder::Write(std::string_view path, std::string_view bytes) const {
-    const FileDescriptor file = Open(path, Mode::Write);
+    const core::FileDescriptor file = Open(path, Mode::Write);
     while (!bytes.empty()) {
         const ssize_t count = write(file.Number(), bytes.data(), bytes.size());
         if (count < 0)
@@ -179,7 +170,7 @@ void Folder::Write(std::string_view path, std::string_view bytes) const {
 
 std::vector<Folder::Entry> Folder::List(std::string_view path) const {
     const Parts parts = Within(path);
-    FileDescriptor descriptor = OpenDirectory(parts, O_RDONLY, path);
+    core::FileDescriptor descriptor = OpenDirectory(parts, O_RDONLY, path);
     const std::unique_ptr<DIR, int (*)(DIR*)> directory(fdopendir(descriptor.Number()), closedir);
     if (!directory)
         Fail(path, errno);
@@ -195,7 +186,7 @@ std::vector<Folder::Entry> Folder::List(std::string_view path) const {
         Parts inside = parts;
         inside.push_back(entry.name);
         struct stat status = {};
-        const FileDescriptor file = Resolve(inside, O_PATH);
+        const core::FileDescriptor file = Resolve(inside, O_PATH);
         if (file && fstat(file.Number(), &status) == 0) {
             entry.directory = S_ISDIR(status.st_mode);
             entry.size = S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
@@ -275,14 +266,15 @@ Folder::Place Folder::ParentOf(std::string_view path) const {
     return {OpenDirectory(parts, O_PATH, path), std::move(name)};
 }
 
-FileDescriptor Folder::OpenDirectory(const Parts& parts, int flags, std::string_view path) const {
-    FileDescriptor directory = Resolve(parts, flags | O_DIRECTORY);
+core::FileDescriptor Folder::OpenDirectory(const Parts& parts, int flags,
+                                           std::string_view path) const {
+    core::FileDescriptor directory = Resolve(parts, flags | O_DIRECTORY);
     if (!directory)
         Fail(path, errno);
     return directory;
 }
 
-FileDescriptor Folder::Resolve(const Parts& parts, int flags, int permissions) const {
+core::FileDescriptor Folder::Resolve(const Parts& parts, int flags, int permissions) const {
     const std::string path = parts.empty() ? "." : Join(parts);
     open_how how = {};
     how.flags = static_cast<std::uint64_t>(flags | O_CLOEXEC);
@@ -292,24 +284,25 @@ FileDescriptor Folder::Resolve(const Parts& parts, int flags, int permissions) c
     for (int attempt = 0; resolver_ == Resolver::Kernel && attempt < kAttempts; ++attempt) {
         const long number = syscall(SYS_openat2, root_.Number(), path.c_str(), &how, sizeof(how));
         if (number >= 0)
-            return FileDescriptor(static_cast<int>(number));
+            return core::FileDescriptor(static_cast<int>(number));
         if (errno == ENOSYS)
             resolver_ = Resolver::Walk;
         else if (errno != EAGAIN && errno != EINTR)
-            return FileDescriptor();
+            return core::FileDescriptor();
     }
-    return resolver_ == Resolver::Walk ? Walk(parts, flags, permissions) : FileDescriptor();
+    return resolver_ == Resolver::Walk ? Walk(parts, flags, permissions) : core::FileDescriptor();
 }
 
-FileDescriptor Folder::Walk(const Parts& parts, int flags, int permissions) const {
-    FileDescriptor at(openat(root_.Number(), ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
+core::FileDescriptor Folder::Walk(const Parts& parts, int flags, int permissions) const {
+    core::FileDescriptor at(openat(root_.Number(), ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
     for (std::size_t i = 0; i + 1 < parts.size() && at; ++i)
-        at = FileDescriptor(
+        at = core::FileDescriptor(
             openat(at.Number(), parts[i].c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (!at)
         return at;
     const char* name = parts.empty() ? "." : parts.back().c_str();
-    return FileDescriptor(openat(at.Number(), name, flags | O_NOFOLLOW | O_CLOEXEC, permissions));
+    return core::FileDescriptor(
+        openat(at.Number(), name, flags | O_NOFOLLOW | O_CLOEXEC, permissions));
 }
 
 } // namespace player

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "player/FileDescriptor.h"
+#include "core/FileDescriptor.h"
 #include "player/ScriptError.h"
 
 #include <cstdint>
@@ -39,9 +39,9 @@ public:
     explicit Folder(const std::filesystem::path& root, Resolver resolver = Resolver::Kernel);
 
     /// Regular files only.
-    FileDescriptor Open(std::string_view path, Mode mode = Mode::Read) const;
+    core::FileDescriptor Open(std::string_view path, Mode mode = Mode::Read) const;
     /// A file without a name in the folder's file system.
-    FileDescriptor OpenUnnamed() const;
+    core::FileDescriptor OpenUnnamed() const;
     std::string Read(std::string_view path, std::size_t limit = kMaxRead) const;
     void Write(std::string_view path, std::string_view bytes) const;
     std::vector<Entry> List(std::string_view path) const;
@@ -60,13 +60,13 @@ private:
 
     Parts Within(std::string_view path) const;
     Place ParentOf(std::string_view path) const;
-    FileDescriptor Resolve(const Parts& parts, int flags, int permissions = 0) const;
-    FileDescriptor Walk(const Parts& parts, int flags, int permissions) const;
-    FileDescriptor OpenDirectory(const Parts& parts, int flags, std::string_view path) const;
+    core::FileDescriptor Resolve(const Parts& parts, int flags, int permissions = 0) const;
+    core::FileDescriptor Walk(const Parts& parts, int flags, int permissions) const;
+    core::FileDescriptor OpenDirectory(const Parts& parts, int flags, std::string_view path) const;
 
     Parts rootParts_;
     Parts current_;
-    FileDescriptor root_;
+    core::FileDescriptor root_;
     mutable Resolver resolver_;
 };
 

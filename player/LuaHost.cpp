@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/LuaHost.h"
 
+#include "core/TextMarks.h"
 #include "player/api/Api.h"
 
 #include <algorithm>
@@ -183,8 +184,7 @@ Share Reserve(lua_State* L, std::size_t bytes) {
 }
 
 void Load(lua_State* L, std::string_view source, const std::string& name) {
-    if (source.starts_with("\xEF\xBB\xBF"))
-        source.remove_prefix(3);
+    source = core::WithoutUtf8Mark(source);
     if (source.starts_with('#')) // stays a line, as errors count it
         source.remove_prefix(std::min(source.find('\n'), source.size()));
     if (source.starts_with(LUA_SIGNATURE[0]))

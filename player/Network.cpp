@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Network.h"
 
-#include "player/Reason.h"
+#include "core/ErrorText.h"
 #include "player/ScriptError.h"
 
 #include <arpa/inet.h>
@@ -32,20 +32,14 @@ namespace {
 constexpr int kMostLookups = 8;
 constexpr int kBacklog = 16;
 
-constexpr std::array kReasons = {
-    Reason{ECONNREFUSED, "nadie atiende en ese puerto"},
-    Reason{ECONNRESET, "el otro lado cortó la conexión"},
-    Reason{EPIPE, "el otro lado cortó la conexión"},
-    Reason{ETIMEDOUT, "el otro lado no responde"},
-    Reason{ENETUNREACH, "no hay red hasta ese sitio"},
-    Reason{EHOSTUNREACH, "no hay camino hasta ese sitio"},
-    Reason{EADDRINUSE, "el puerto ya está en uso"},
-    Reason{EACCES, "no hay permiso para ese puerto"},
-    Reason{EMFILE, "hay demasiadas conexiones abiertas"},
+// What a connection means by these.
+constexpr std::array kErrors = {
+    core::ErrorText{EACCES, "no hay permiso para ese puerto"},
+    core::ErrorText{EMFILE, "hay demasiadas conexiones abiertas"},
 };
 
 std::string TextOf(int code) {
-    const char* const known = TextOf(kReasons, code);
+    const char* const known = core::TextOfError(kErrors, code);
     return known ? known : "error de red " + std::to_string(code);
 }
 
@@ -90,11 +84,11 @@ std::shared_ptr<Lookup> Start(const std::string& host, int port) {
     return lookup;
 }
 
-FileDescriptor MakeSocket(int family) {
-    return FileDescriptor(socket(family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+core::FileDescriptor MakeSocket(int family) {
+    return core::FileDescriptor(socket(family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
 }
 
-void SendAtOnce(const FileDescriptor& descriptor) {
+void SendAtOnce(const core::FileDescriptor& descriptor) {
     const int yes = 1;
     setsockopt(descriptor.Number(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof(yes));
 }
@@ -106,7 +100,7 @@ bool WouldWait(int code) {
 } // namespace
 
 Socket Socket::Connect(const std::string& host, int port) {
-    Socket made(State::Resolving, FileDescriptor());
+    Socket made(State::Resolving, core::FileDescriptor());
     made.addresses_ = Resolve(host, port, AI_NUMERICHOST);
     if (made.addresses_.empty())
         made.lookup_ = Start(host, port);
@@ -116,7 +110,7 @@ Socket Socket::Connect(const std::string& host, int port) {
 }
 
 Socket Socket::Listen(int port) {
-    FileDescriptor descriptor = MakeSocket(AF_INET);
+    core::FileDescriptor descriptor = MakeSocket(AF_INET);
     const int yes = 1;
     sockaddr_in any = {};
     any.sin_family = AF_INET;
@@ -144,7 +138,7 @@ bool Socket::Connected() {
 }
 
 std::optional<Socket> Socket::Accept() {
-    FileDescriptor accepted(
+    core::FileDescriptor accepted(
         accept4(descriptor_.Number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
     if (!accepted)
         return std::nullopt;
@@ -175,7 +169,7 @@ void Socket::Close(const std::string& reason) {
     if (state_ != State::Closed)
         failure_ = reason;
     state_ = State::Closed;
-    descriptor_ = FileDescriptor();
+    descriptor_ = core::FileDescriptor();
     lookup_.reset();
     addresses_.clear();
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "player/FileDescriptor.h"
+#include "core/FileDescriptor.h"
 
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -46,7 +46,7 @@ public:
 private:
     enum class State { Resolving, Connecting, Connected, Listening, Closed };
 
-    Socket(State state, FileDescriptor descriptor)
+    Socket(State state, core::FileDescriptor descriptor)
         : state_(state), descriptor_(std::move(descriptor)) {}
 
     void Advance();
@@ -54,7 +54,7 @@ private:
     void Fail(int code);
 
     State state_;
-    FileDescriptor descriptor_;
+    core::FileDescriptor descriptor_;
     std::shared_ptr<Lookup> lookup_;
     std::vector<Address> addresses_; // still to be tried, the next one last
     std::string failure_;

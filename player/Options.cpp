@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Options.h"
 
+#include "core/Version.h"
+
 #include <charconv>
 #include <cstdlib>
 
@@ -93,7 +95,7 @@ std::variant<Options, Notice> ReadOptions(const std::vector<std::string>& argume
         } else if (argument == "--help") {
             return Notice{kHelp};
         } else if (argument == "--version") {
-            return Notice{"luaplayer 3.0.0\n"};
+            return Notice{std::string("luaplayer ") + core::Version() + "\n"};
         } else if (!TakesValue(argument)) {
             return Wrong("no existe la opción " + argument);
         } else if (++i == arguments.size() || !ReadValue(argument, arguments[i], options)) {

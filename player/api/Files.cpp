@@ -25,7 +25,7 @@ constexpr std::array kModes = {
 };
 
 // Makes a file of Lua's own io library, whose methods work on it from then on.
-void PushFile(lua_State* L, FileDescriptor descriptor, const char* mode) {
+void PushFile(lua_State* L, core::FileDescriptor descriptor, const char* mode) {
     auto* const file = static_cast<FILE**>(lua_newuserdata(L, sizeof(FILE*)));
     *file = nullptr;
     luaL_getmetatable(L, LUA_FILEHANDLE);
@@ -282,7 +282,7 @@ void HideFileMetatable(lua_State* L) {
 void CloseInput(lua_State* L) {
     lua_getglobal(L, LUA_IOLIBNAME);
     lua_getfield(L, -1, "input");
-    PushFile(L, FileDescriptor(open("/dev/null", O_RDONLY | O_CLOEXEC)), "rb");
+    PushFile(L, core::FileDescriptor(open("/dev/null", O_RDONLY | O_CLOEXEC)), "rb");
     lua_pushvalue(L, -1);
     lua_setfield(L, -4, "stdin");
     lua_call(L, 1, 0);

@@ -179,7 +179,7 @@ TEST(Encoding, TextsAreUtf8OrElseWindows1252) {
         {"\xC1\xBF", U"\u00C1\u00BF"}, // longer than need be
         {"\xE0\x9F\xBF", U"\u00E0\u0178\u00BF"},
         {"\xED\xA0\x80", U"\u00ED\u00A0\u20AC"}, // half a character
-        {"\xF4\x90\x80\x80", U"\u00F4\uFFFD\u20AC\u20AC"},
+        {"\xF4\x90\x80\x80", U"\u00F4\u0090\u20AC\u20AC"},
         {"ma\xC3", U"ma\u00C3"},
         {"\xE1\x84 \xFF", U"\u00E1\u201E \u00FF"},
     };

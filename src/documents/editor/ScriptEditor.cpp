@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/ScriptEditor.h"
 
+#include "core/LineEnds.h"
 #include "documents/editor/CodeMaxConstants.h"
 #include "platform/forms/Dialogs.h"
 
@@ -24,7 +25,6 @@ constexpr int kLeftMarginPixels = 6;
 constexpr int kBookmarkMarker = 0;
 constexpr int kHighlightMarker = 1;
 constexpr int kTabColumns = 4;
-constexpr qsizetype kLineEndSample = 1 << 16;
 // Colours and bracket matching cost too much in texts and lines above these sizes, in bytes.
 constexpr qsizetype kLargeText = 8 << 20;
 constexpr qsizetype kLongLine = 1 << 16;
@@ -83,21 +83,15 @@ int RedFirst(int bgr) {
     return (bgr & 0xFF) << 16 | (bgr & 0xFF00) | (bgr >> 16 & 0xFF);
 }
 
-// The line end that the text uses most; CR LF if it has none.
-QsciScintilla::EolMode LineEndOf(QByteArrayView text) {
-    int crlf = 0;
-    int cr = 0;
-    int lf = 0;
-    for (qsizetype i = 0; i < std::min(text.size(), kLineEndSample); ++i) {
-        const bool beforeLf = i + 1 < text.size() && text[i + 1] == '\n';
-        const bool afterCr = i > 0 && text[i - 1] == '\r';
-        crlf += text[i] == '\r' && beforeLf;
-        cr += text[i] == '\r' && !beforeLf;
-        lf += text[i] == '\n' && !afterCr;
-    }
-    if (crlf >= std::max(cr, lf))
+QsciScintilla::EolMode EolModeOf(const QByteArray& text) {
+    switch (core::MainLineEnd({text.data(), static_cast<size_t>(text.size())})) {
+    case core::LineEnd::Lf:
+        return QsciScintilla::EolUnix;
+    case core::LineEnd::Cr:
+        return QsciScintilla::EolMac;
+    default:
         return QsciScintilla::EolWindows;
-    return lf >= cr ? QsciScintilla::EolUnix : QsciScintilla::EolMac;
+    }
 }
 
 bool IsLineEnd(char byte) {
@@ -213,7 +207,7 @@ void ScriptEditor::Load(const QByteArray& utf8) {
     SendScintilla(SCI_SETUNDOCOLLECTION, 1);
     SendScintilla(SCI_SETMODEVENTMASK, static_cast<unsigned long>(events));
     FitLineNumbers();
-    setEolMode(LineEndOf(utf8));
+    setEolMode(EolModeOf(utf8));
 }
 
 void ScriptEditor::ReplaceAll(const QByteArray& utf8) {

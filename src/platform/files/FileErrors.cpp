@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files/FileErrors.h"
 
+#include "core/ErrorText.h"
 #include "platform/text/NativeNames.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -11,37 +11,30 @@
 namespace platform {
 namespace {
 
-struct ErrorRow {
-    int number;
-    FailureCode code;
-    const char16_t* text;
+constexpr std::array kOwnErrors = {
+    core::ErrorText{kNotRegular, "no es un archivo normal"},
+    core::ErrorText{kTooLarge, "es demasiado grande (más de 1 GiB)"},
+    core::ErrorText{kNoParent, "falta la carpeta de encima"},
 };
 
-constexpr std::array kErrors = {
-    ErrorRow{kNotRegular, FailureCode::PathFileAccess, u"no es un archivo normal"},
-    ErrorRow{kTooLarge, FailureCode::PathFileAccess, u"es demasiado grande (más de 1 GiB)"},
-    ErrorRow{kNoParent, FailureCode::PathNotFound, u"falta la carpeta de encima"},
-    ErrorRow{ENOENT, FailureCode::FileNotFound, u"no existe"},
-    ErrorRow{ENOTDIR, FailureCode::PathNotFound, u"la carpeta no existe"},
-    ErrorRow{EEXIST, FailureCode::PathFileAccess, u"ya existe"},
-    ErrorRow{EISDIR, FailureCode::PathFileAccess, u"es una carpeta"},
-    ErrorRow{EACCES, FailureCode::PermissionDenied, u"no tienes permiso"},
-    ErrorRow{EPERM, FailureCode::PermissionDenied, u"la operación no está permitida"},
-    ErrorRow{EROFS, FailureCode::PermissionDenied, u"el disco es de solo lectura"},
-    ErrorRow{ENOSPC, FailureCode::DiskFull, u"el disco está lleno"},
-    ErrorRow{EDQUOT, FailureCode::DiskFull, u"se ha agotado tu cuota de disco"},
-    ErrorRow{EFBIG, FailureCode::DiskFull, u"el archivo sería demasiado grande"},
-    ErrorRow{ENAMETOOLONG, FailureCode::PathFileAccess, u"el nombre es demasiado largo"},
-    ErrorRow{ELOOP, FailureCode::PathFileAccess, u"hay un ciclo de enlaces"},
-    ErrorRow{EIO, FailureCode::PathFileAccess, u"el disco no responde bien"},
-    ErrorRow{EMFILE, FailureCode::PathFileAccess, u"hay demasiados archivos abiertos"},
-    ErrorRow{ETXTBSY, FailureCode::PathFileAccess, u"el archivo está en uso"},
-};
-
-const ErrorRow* FindError(int number) {
-    const auto* row = std::find_if(kErrors.begin(), kErrors.end(),
-                                   [=](const ErrorRow& r) { return r.number == number; });
-    return row == kErrors.end() ? nullptr : row;
+FailureCode CodeOf(int number) {
+    switch (number) {
+    case ENOENT:
+        return FailureCode::FileNotFound;
+    case ENOTDIR:
+    case kNoParent:
+        return FailureCode::PathNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return FailureCode::PermissionDenied;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return FailureCode::DiskFull;
+    default:
+        return FailureCode::PathFileAccess;
+    }
 }
 
 QString FailureText(QStringView verb, QStringView object, const QString& path,
@@ -51,8 +44,7 @@ QString FailureText(QStringView verb, QStringView object, const QString& path,
 }
 
 Failure FailureOf(QStringView verb, QStringView object, const QString& path, SystemError error) {
-    const ErrorRow* row = FindError(error.number);
-    return {row ? row->code : FailureCode::PathFileAccess, QStringLiteral("Archivos"),
+    return {CodeOf(error.number), QStringLiteral("Archivos"),
             FailureText(verb, object, path, ErrorText(error.number))};
 }
 
@@ -75,11 +67,11 @@ Failure FolderFailure(QStringView verb, const QString& path, SystemError error) 
 }
 
 QString ErrorText(int error) {
-    const ErrorRow* row = FindError(error);
-    return row ? QString::fromUtf16(row->text)
-               : QStringLiteral("error %1 del sistema (%2)")
-                     .arg(error)
-                     .arg(QString::fromLocal8Bit(std::strerror(error)));
+    const char* const text = core::TextOfError(kOwnErrors, error);
+    return text ? QString::fromUtf8(text)
+                : QStringLiteral("error %1 del sistema (%2)")
+                      .arg(error)
+                      .arg(QString::fromLocal8Bit(std::strerror(error)));
 }
 
 QString FileFailureText(QStringView verb, const QString& path, const QString& reason) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files/ProfileFile.h"
 
+#include "core/LineEnds.h"
+#include "core/TextMarks.h"
 #include "platform/base/Failure.h"
 #include "platform/files/Files.h"
 #include "platform/files/FolderLock.h"
@@ -22,7 +24,7 @@ struct Line {
 
 std::vector<Line> LinesOf(const QByteArray& file) {
     std::vector<Line> lines;
-    qsizetype start = file.startsWith("\xEF\xBB\xBF") ? 3 : 0;
+    qsizetype start = file.startsWith(core::kUtf8Mark) ? qsizetype{core::kUtf8Mark.size()} : 0;
     while (start < file.size()) {
         qsizetype end = file.indexOf('\n', start);
         end = end < 0 ? file.size() : end;
@@ -81,12 +83,6 @@ const Line* FindKey(const std::vector<Line>& lines, const Section& section, QByt
     return line == end ? nullptr : &*line;
 }
 
-QByteArray LineEndOf(const QByteArray& file) {
-    const qsizetype end = file.indexOf('\n');
-    const bool lineFeedOnly = end >= 0 && (end == 0 || file.at(end - 1) != '\r');
-    return lineFeedOnly ? "\n" : "\r\n";
-}
-
 // Behind the section's last line that isn't blank.
 qsizetype PlaceForNewKey(const std::vector<Line>& lines, const Section& section) {
     size_t last = section.end;
@@ -113,7 +109,9 @@ std::optional<QByteArray> ProfileValue(const QByteArray& file, const QByteArray&
 QByteArray WithProfileValue(const QByteArray& file, const QByteArray& section,
                             const QByteArray& key, const QByteArray& value) {
     const std::vector<Line> lines = LinesOf(file);
-    const QByteArray lineEnd = LineEndOf(file);
+    const bool lineFeeds =
+        core::MainLineEnd({file.data(), static_cast<size_t>(file.size())}) == core::LineEnd::Lf;
+    const QByteArray lineEnd = lineFeeds ? "\n" : "\r\n";
     const QByteArray entry = key + '=' + value;
     const auto found = FindSection(lines, section);
     QByteArray result = file;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text/TextEncoding.h"
 
+#include "core/TextMarks.h"
 #include "platform/base/Failure.h"
 #include "platform/text/CodePage.h"
 
@@ -17,9 +18,9 @@ struct Mark {
 };
 
 constexpr std::array<Mark, 3> kMarks = {
-    Mark{TextEncoding::Utf8WithMark, QByteArrayView("\xEF\xBB\xBF")},
-    Mark{TextEncoding::Utf16LEWithMark, QByteArrayView("\xFF\xFE")},
-    Mark{TextEncoding::Utf16BEWithMark, QByteArrayView("\xFE\xFF")},
+    Mark{TextEncoding::Utf8WithMark, core::kUtf8Mark},
+    Mark{TextEncoding::Utf16LEWithMark, core::kUtf16LEMark},
+    Mark{TextEncoding::Utf16BEWithMark, core::kUtf16BEMark},
 };
 
 QByteArrayView MarkOf(TextEncoding encoding) {

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace core {
+
+/// The version of the program and of its player: major, minor and revision with points between
+/// them.
+const char* Version();
+
+} // namespace core
