@@ -12,6 +12,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -81,6 +82,23 @@ extern "C" int fsync(int file) {
 extern "C" int rename(const char* from, const char* to) noexcept {
     asked += u" nombre"_s;
     return static_cast<int>(::syscall(SYS_rename, from, to));
+}
+
+TEST_F(FilesTest, WhatAKilledCopyLeftGoesWithTheNextSave) {
+    const pid_t gone = ::fork();
+    if (gone == 0)
+        ::_exit(0);
+    ::waitpid(gone, nullptr, 0);
+    const auto leftOf = [](pid_t process) {
+        return ".quillmark-" + std::to_string(process) + "-0.tmp";
+    };
+    const std::string foreign = ".quillmark-" + std::to_string(gone) + "a.tmp";
+    for (const std::string& name : {leftOf(gone), leftOf(::getppid()), foreign})
+        home.Put(name, "x");
+    WriteFile(a, "uno");
+    EXPECT_FALSE(fs::exists(home.Root() / leftOf(gone)));
+    EXPECT_TRUE(fs::exists(home.Root() / leftOf(::getppid()))); // still being written
+    EXPECT_TRUE(fs::exists(home.Root() / foreign));
 }
 
 TEST_F(FilesTest, WhatIsDoneIsOnTheDisk) {

@@ -4,13 +4,13 @@
 #include "platform/files/FileErrors.h"
 #include "platform/files/FileHandle.h"
 #include "platform/files/Paths.h"
+#include "platform/files/Replacement.h"
 
 #include <QCoreApplication>
 #include <chrono>
 #include <fcntl.h>
 #include <future>
 #include <optional>
-#include <unistd.h>
 #include <vector>
 
 namespace platform {
@@ -30,40 +30,6 @@ auto Beside(Work work) {
     } while (result.wait_for(kPatience) != std::future_status::ready);
     return result.get();
 }
-
-// The copy under another name, gone again unless it takes the target's.
-class Partial {
-public:
-    explicit Partial(const fs::path& target)
-        : m_target(target),
-          m_path(target.parent_path() / (".quillmark-" + std::to_string(::getpid()) + ".part")),
-          m_handle(m_path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, 0666) {}
-    ~Partial() {
-        if (!m_whole)
-            ::unlink(m_path.c_str());
-    }
-    Partial(const Partial&) = delete;
-    Partial& operator=(const Partial&) = delete;
-
-    void Write(QByteArrayView bytes, qint64 offset) const {
-        m_handle.Write(bytes, offset);
-        // The disk begins at once, so that there is little left to wait for at the end.
-        ::sync_file_range(m_handle.Descriptor(), offset, bytes.size(), SYNC_FILE_RANGE_WRITE);
-    }
-    void Sync() const { m_handle.Sync(); }
-    void TakePlace() {
-        if (::rename(m_path.c_str(), m_target.c_str()) != 0)
-            ThrowErrno();
-        m_whole = true;
-        SyncFolder(m_target.parent_path());
-    }
-
-private:
-    fs::path m_target;
-    fs::path m_path;
-    FileHandle m_handle;
-    bool m_whole = false;
-};
 
 // The file that is read, which tells of its own failures: the others are the target's.
 class Source {
@@ -98,14 +64,14 @@ private:
 bool CopyNative(const Source& source, const fs::path& target, const CopyProgressRoutine& progress,
                 const int& cancel) {
     const qint64 total = source.Size();
-    Partial partial(target);
+    Replacement fresh(target);
     std::vector<char> buffer(kStep);
     qint64 copied = 0;
     qsizetype step = 0;
     do {
         step = Beside([&] {
             const qsizetype count = source.Read(buffer, copied);
-            partial.Write(QByteArrayView(buffer.data(), count), copied);
+            fresh.Write(QByteArrayView(buffer.data(), count), copied);
             return count;
         });
         copied += step;
@@ -114,10 +80,10 @@ bool CopyNative(const Source& source, const fs::path& target, const CopyProgress
         if (cancel != 0)
             return false;
     } while (step == static_cast<qsizetype>(kStep));
-    Beside([&] { partial.Sync(); });
+    Beside([&] { fresh.Sync(); });
     if (cancel != 0)
         return false;
-    Beside([&] { partial.TakePlace(); });
+    Beside([&] { fresh.TakePlace(); });
     return true;
 }
 

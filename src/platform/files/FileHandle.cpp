@@ -10,20 +10,21 @@
 #include <unistd.h>
 
 namespace platform {
+namespace {
+
+constexpr qint64 kLargestFile = qint64{1} << 30;
+
+} // namespace
 
 FileHandle::FileHandle(const std::filesystem::path& path, int flags, mode_t mode)
-    : m_fd(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
-    if (m_fd < 0)
+    : m_descriptor(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
+    if (!m_descriptor)
         ThrowErrno();
-}
-
-FileHandle::~FileHandle() {
-    ::close(m_fd);
 }
 
 struct stat FileHandle::Status() const {
     struct stat status = {};
-    if (::fstat(m_fd, &status) != 0)
+    if (::fstat(Descriptor(), &status) != 0)
         ThrowErrno();
     return status;
 }
@@ -38,8 +39,8 @@ qsizetype FileHandle::Read(std::span<char> buffer, qint64 offset) const {
     const auto size = static_cast<qsizetype>(buffer.size());
     qsizetype done = 0;
     while (done < size) {
-        const ssize_t count =
-            ::pread(m_fd, buffer.data() + done, static_cast<size_t>(size - done), offset + done);
+        const ssize_t count = ::pread(Descriptor(), buffer.data() + done,
+                                      static_cast<size_t>(size - done), offset + done);
         if (count < 0 && errno != EINTR)
             ThrowErrno();
         if (count == 0)
@@ -49,9 +50,26 @@ qsizetype FileHandle::Read(std::span<char> buffer, qint64 offset) const {
     return done;
 }
 
+QByteArray FileHandle::ReadAll() const {
+    QByteArray bytes;
+    qsizetype done = 0;
+    qint64 room = Status().st_size + 1;
+    if (room > kLargestFile + 1)
+        throw SystemError{kTooLarge};
+    do { // more than once if it grows while it is being read
+        bytes.resize(std::min(room, kLargestFile + 1));
+        done += Read({bytes.data() + done, static_cast<size_t>(bytes.size() - done)}, done);
+        if (done > kLargestFile)
+            throw SystemError{kTooLarge};
+        room *= 2;
+    } while (done == bytes.size());
+    bytes.resize(done);
+    return bytes;
+}
+
 void FileHandle::Write(QByteArrayView bytes, qint64 offset) const {
     for (qsizetype done = 0; done < bytes.size();) {
-        const ssize_t count = ::pwrite(m_fd, bytes.data() + done,
+        const ssize_t count = ::pwrite(Descriptor(), bytes.data() + done,
                                        static_cast<size_t>(bytes.size() - done), offset + done);
         if (count < 0 && errno != EINTR)
             ThrowErrno();
@@ -60,7 +78,7 @@ void FileHandle::Write(QByteArrayView bytes, qint64 offset) const {
 }
 
 void FileHandle::Sync() const {
-    if (::fsync(m_fd) != 0 && errno != EINVAL)
+    if (::fsync(Descriptor()) != 0 && errno != EINVAL)
         ThrowErrno();
 }
 

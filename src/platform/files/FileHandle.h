@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/FileDescriptor.h"
+
 #include <QByteArray>
 #include <filesystem>
 #include <span>
@@ -13,22 +15,21 @@ class FileHandle {
 public:
     /// `flags` and `mode` as those of open(2).
     FileHandle(const std::filesystem::path& path, int flags, mode_t mode = 0);
-    ~FileHandle();
-    FileHandle(const FileHandle&) = delete;
-    FileHandle& operator=(const FileHandle&) = delete;
 
-    int Descriptor() const { return m_fd; }
+    int Descriptor() const { return m_descriptor.Number(); }
     struct stat Status() const;
     /// Fails unless it is a regular file.
     void RequireRegular() const;
 
     /// Fills the buffer from the offset on; answers how many bytes there were, fewer at the end.
     qsizetype Read(std::span<char> buffer, qint64 offset) const;
+    /// All of it, however it grows meanwhile, up to 1 GiB; fails (kTooLarge) beyond.
+    QByteArray ReadAll() const;
     void Write(QByteArrayView bytes, qint64 offset) const;
     void Sync() const;
 
 private:
-    int m_fd;
+    core::FileDescriptor m_descriptor;
 };
 
 /// Puts the names in a folder on the disk. Some file systems can't; then nothing happens.

@@ -4,6 +4,7 @@
 #include "platform/files/FileErrors.h"
 #include "platform/files/FileHandle.h"
 #include "platform/files/Paths.h"
+#include "platform/files/Replacement.h"
 
 #include <algorithm>
 #include <array>
@@ -14,82 +15,13 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
-#include <utility>
 
 namespace platform {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr qint64 kLargestFile = qint64{1} << 30;
 constexpr int kLargestLinkDepth = 40;
-
-QByteArray ReadAll(const FileHandle& handle) {
-    QByteArray bytes;
-    qsizetype done = 0;
-    qint64 room = handle.Status().st_size + 1;
-    if (room > kLargestFile + 1)
-        throw SystemError{kTooLarge};
-    do { // more than once if it grows while it is being read
-        bytes.resize(std::min(room, kLargestFile + 1));
-        done += handle.Read({bytes.data() + done, static_cast<size_t>(bytes.size() - done)}, done);
-        if (done > kLargestFile)
-            throw SystemError{kTooLarge};
-        room *= 2;
-    } while (done == bytes.size());
-    bytes.resize(done);
-    return bytes;
-}
-
-// A second file beside the target, gone again unless it takes the target's place.
-class FileBeside {
-public:
-    // Owner and permissions are those of `like`, or the mode less the umask without one.
-    FileBeside(const fs::path& target, const QByteArray& bytes, const struct stat* like,
-               mode_t mode = 0600)
-        : m_path(FreeName(target)) {
-        FileHandle handle(m_path, O_WRONLY | O_CREAT | O_EXCL, mode);
-        m_exists = true;
-        try {
-            if (like && (::fchown(handle.Descriptor(), like->st_uid, like->st_gid) != 0 ||
-                         ::fchmod(handle.Descriptor(), like->st_mode & 07777U) != 0))
-                ThrowErrno();
-            handle.Write(bytes, 0);
-            handle.Sync();
-        } catch (...) {
-            Remove();
-            throw;
-        }
-    }
-    ~FileBeside() { Remove(); }
-    FileBeside(const FileBeside&) = delete;
-    FileBeside& operator=(const FileBeside&) = delete;
-
-    void TakePlaceOf(const fs::path& target) {
-        if (::rename(m_path.c_str(), target.c_str()) != 0)
-            ThrowErrno();
-        m_exists = false;
-        SyncFolder(target.parent_path());
-    }
-
-private:
-    static fs::path FreeName(const fs::path& target) {
-        for (int i = 0;; ++i) {
-            fs::path name = target.parent_path() / (".quillmark-" + std::to_string(::getpid()) +
-                                                    "-" + std::to_string(i) + ".tmp");
-            std::error_code error;
-            if (!fs::exists(fs::symlink_status(name, error)))
-                return name;
-        }
-    }
-    void Remove() {
-        if (std::exchange(m_exists, false))
-            ::unlink(m_path.c_str());
-    }
-
-    fs::path m_path;
-    bool m_exists = false;
-};
 
 // Where the bytes belong: the end of a chain of symbolic links, which need not exist.
 fs::path EndOfLinks(fs::path path) {
@@ -142,7 +74,7 @@ void Rewrite(const FileHandle& handle, const QByteArray& bytes) {
 
 void WriteInPlace(const fs::path& target, const QByteArray& bytes) {
     const FileHandle handle(target, O_RDWR);
-    const QByteArray old = ReadAll(handle);
+    const QByteArray old = handle.ReadAll();
     try {
         Reserve(handle, old.size(), bytes.size());
         Rewrite(handle, bytes);
@@ -157,20 +89,31 @@ bool FolderRefuses(SystemError error) {
     return std::find(kRefusals.begin(), kRefusals.end(), error.number) != kRefusals.end();
 }
 
+void ReplaceBy(const fs::path& target, const QByteArray& bytes, mode_t mode) {
+    Replacement fresh(target, mode);
+    fresh.Write(bytes, 0);
+    fresh.TakePlace();
+}
+
+void WriteOver(const fs::path& target, const QByteArray& bytes, const struct stat& old) {
+    Replacement fresh(target, 0600);
+    const bool inPlace = ReplacementWouldLose(target, old);
+    if (!inPlace)
+        fresh.Resemble(old);
+    fresh.Write(bytes, 0);
+    if (!inPlace)
+        return fresh.TakePlace();
+    fresh.Sync(); // the whole text stands beside it meanwhile
+    WriteInPlace(target, bytes);
+}
+
 void WriteNative(const fs::path& path, const QByteArray& bytes) {
     const fs::path target = EndOfLinks(path);
     const auto status = WritableTarget(target);
-    if (!status) {
-        FileBeside(target, bytes, nullptr, 0666).TakePlaceOf(target);
-        return;
-    }
+    if (!status)
+        return ReplaceBy(target, bytes, 0666);
     try {
-        const bool inPlace = ReplacementWouldLose(target, *status);
-        FileBeside beside(target, bytes, inPlace ? nullptr : &*status);
-        if (inPlace)
-            WriteInPlace(target, bytes); // the whole text stands beside it meanwhile
-        else
-            beside.TakePlaceOf(target);
+        WriteOver(target, bytes, *status);
     } catch (const SystemError& error) {
         if (!FolderRefuses(error))
             throw;
@@ -190,7 +133,7 @@ mode_t ModeInPlaceOf(const fs::path& path) {
 
 void ReplaceNative(const fs::path& path, const QByteArray& bytes) {
     try {
-        FileBeside(path, bytes, nullptr, ModeInPlaceOf(path)).TakePlaceOf(path);
+        ReplaceBy(path, bytes, ModeInPlaceOf(path));
     } catch (const SystemError& error) {
         if (!FolderRefuses(error))
             throw;
@@ -226,7 +169,7 @@ QByteArray ReadFile(const QString& path) {
         // Without O_NONBLOCK the opening of a pipe would wait for a writer.
         const FileHandle handle(ToNative(path), O_RDONLY | O_NONBLOCK);
         handle.RequireRegular();
-        return ReadAll(handle);
+        return handle.ReadAll();
     } catch (const SystemError& error) {
         throw FileFailure(u"abrir", path, error);
     }

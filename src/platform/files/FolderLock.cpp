@@ -17,17 +17,13 @@ constexpr std::chrono::milliseconds kPause(10);
 } // namespace
 
 FolderLock::FolderLock(const std::filesystem::path& folder)
-    : m_fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    for (int i = 0; m_fd >= 0 && i < kAttempts; ++i) {
-        if (::flock(m_fd, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR))
+    : m_folder(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    for (int i = 0; m_folder && i < kAttempts; ++i) {
+        if (::flock(m_folder.Number(), LOCK_EX | LOCK_NB) == 0 ||
+            (errno != EWOULDBLOCK && errno != EINTR))
             return;
         std::this_thread::sleep_for(kPause);
     }
-}
-
-FolderLock::~FolderLock() {
-    if (m_fd >= 0)
-        ::close(m_fd);
 }
 
 } // namespace platform

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/FileDescriptor.h"
+
 #include <filesystem>
 
 namespace platform {
@@ -11,12 +13,9 @@ namespace platform {
 class FolderLock {
 public:
     explicit FolderLock(const std::filesystem::path& folder);
-    ~FolderLock();
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
 
 private:
-    int m_fd;
+    core::FileDescriptor m_folder;
 };
 
 } // namespace platform

@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files/Program.h"
 
+#include "core/Version.h"
 #include "platform/base/Failure.h"
 #include "platform/base/Log.h"
+#include "platform/files/FileErrors.h"
+#include "platform/files/FileHandle.h"
 #include "platform/files/FolderLock.h"
 #include "platform/files/Paths.h"
+#include "platform/files/Replacement.h"
 #include "platform/text/NativeNames.h"
 
 #include <QStandardPaths>
 #include <cstdlib>
+#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 #include <utility>
@@ -44,19 +49,27 @@ fs::path ChooseFolder(const fs::path& executable) {
     return fs::path(data.toStdString()) / "quillmark";
 }
 
-// Under another name first, so that a half copied file never passes for the whole one. A program
-// is linked where the file system can, so that it stays the one that is installed.
-void CopyFile(const fs::path& from, const fs::path& to) {
-    const fs::path fresh = to.native() + ".new";
-    std::error_code error;
-    fs::remove(fresh, error);
-    if (CanRun(from))
-        fs::create_symlink(from, fresh, error);
-    if (!CanRun(from) || error) {
-        fs::copy_file(from, fresh, fs::copy_options::overwrite_existing);
-        fs::permissions(fresh, fs::perms::owner_write, fs::perm_options::add);
+// The copy of an installed file is the user's to write.
+void Copy(const fs::path& from, const fs::path& to) {
+    try {
+        const FileHandle source(from, O_RDONLY);
+        Replacement fresh(to, (source.Status().st_mode & 0777U) | S_IWUSR);
+        fresh.Write(source.ReadAll(), 0);
+        fresh.TakePlace();
+    } catch (const SystemError& error) {
+        throw fs::filesystem_error("copy", from, to, {error.number, std::system_category()});
     }
-    fs::rename(fresh, to);
+}
+
+// A program is linked where the file system can, so that it stays the one that is installed.
+void Install(const fs::path& from, const fs::path& to) {
+    std::error_code error;
+    if (fs::is_symlink(to)) // of a former installation
+        fs::remove(to);
+    if (CanRun(from))
+        fs::create_symlink(from, to, error);
+    if (!CanRun(from) || error)
+        Copy(from, to);
 }
 
 void CopyMissing(const fs::path& from, const fs::path& to) {
@@ -68,14 +81,14 @@ void CopyMissing(const fs::path& from, const fs::path& to) {
         if (entry.is_directory())
             CopyMissing(entry.path(), target);
         else if (!fs::exists(target))
-            CopyFile(entry.path(), target);
+            Install(entry.path(), target);
     }
 }
 
 } // namespace
 
 QString ProgramVersion() {
-    return QStringLiteral(QUILLMARK_VERSION);
+    return QString::fromLatin1(core::Version());
 }
 
 void FindHome() {
