@@ -47,7 +47,7 @@ void Register(int pages, const QString& file) {
             document.print(Device(file).get());
     }));
     bench::NineTimes(benchmark::RegisterBenchmark(("ours/" + name).c_str(), [=](auto& state) {
-        platform::ReplaceCurrentPrinter([file] {
+        platform::PrinterSeam().Replace([file] {
             return std::make_unique<platform::SystemPrinter>([file] { return Device(file); });
         });
         platform::RichTextBox box;

@@ -18,7 +18,7 @@ int main(int, char** argv) {
 
     bench::Clock::time_point shown;
     bench::Clock::time_point faded;
-    platform::ReplaceSleep([&](int) {
+    platform::SleepSeam().Replace([&](int) {
         // Not at once: the steps of the fade would queue up in the window system.
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
         faded = bench::Clock::now();

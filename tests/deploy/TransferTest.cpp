@@ -33,11 +33,8 @@ const QString kVersions = u"2.71 SE,3.03 OE,3.10 OE,3.30 OE,3.40 OE,3.52 M33,3.7
 class TransferTest : public support::MainWindow {
 protected:
     TransferTest() {
-        qputenv("QUILLMARK_DRIVES", "E=" + QByteArray((home.Root() / "stick").c_str()));
-        platform::ResetCurrentDrives();
         fs::create_directories(home.Root() / "stick/psp/GAME");
         fs::create_directories(home.Root() / "stick/psp/GAME150");
-        platform::ReplaceNow([this] { return now; });
         for (const char* name : kDataFiles)
             home.Put(std::string("programa/data/") + name, kHead + name);
         script = Abrir(home.Put("juego.lua", "viejo"));
@@ -48,7 +45,6 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&principal));
         Open("transfer");
     }
-    ~TransferTest() override { platform::ReplaceNow({}); }
     void Choose(const QString& drive, int firmware, int loader) {
         Find<platform::DriveListBox>("Drive1")->Drive(drive);
         Find<QComboBox>("Combo1")->setCurrentIndex(firmware);
@@ -77,7 +73,11 @@ protected:
     bool Idle() { return Find("KewlButtons1")->isVisible() && !Find("parar")->isVisible(); }
 
     documents::frmDocumento* script = nullptr;
-    qint64 now = 0; // milliseconds, of the program's clock
+    int64_t now = 0; // milliseconds, of the program's clock
+    support::Override<std::function<int64_t()>> clock{platform::NowSeam(), [this] { return now; }};
+    support::Override<std::unique_ptr<platform::Drives>> drives{
+        platform::DrivesSeam(), std::make_unique<platform::Drives>(
+                                    home.Root(), u"E=%1"_s.arg((home.Root() / "stick").c_str()))};
 };
 
 } // namespace

@@ -55,8 +55,9 @@ protected:
 TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
     std::filesystem::create_directory(home.Root() / "juegos");
     home.Put("otra/b.lua", {});
-    qputenv("QUILLMARK_DRIVES", ("F=" + home.Root().native() + "/otra").c_str());
-    platform::ResetCurrentDrives();
+    const support::Override drives(
+        platform::DrivesSeam(),
+        std::make_unique<platform::Drives>(home.Root(), u"F=%1/otra"_s.arg(home.Root().c_str())));
     Open();
     EXPECT_EQ(window->Shell()->x(), platform::ToPixels(8000));
     EXPECT_EQ(window->focusWidget(), Find<platform::ListView>("ListView1")->focusProxy());

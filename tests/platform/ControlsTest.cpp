@@ -178,14 +178,13 @@ TEST(DriveListBox, TellsOnlyAnotherDrive) {
         EXPECT_EQ(changes.count(), drive == u"C:");
     }
     for (const char* there : {"F=/tmp", "G=/"}) {
-        qputenv("QUILLMARK_DRIVES", there);
-        ResetCurrentDrives();
+        const support::Override others(
+            DrivesSeam(), std::make_unique<Drives>(home.Root(), QString::fromLatin1(there)));
         drives.Refresh();
         EXPECT_EQ(drives.Drive(), changes.count() == 1 ? u"C:"_s : QString());
         drives.Drive(u"F:"_s);
     }
     EXPECT_EQ(changes.count(), 3);
-    qputenv("QUILLMARK_DRIVES", "");
 }
 
 TEST_F(PictureBoxTest, WhatIsDrawnLiesOverThePictureUntilItBecomesIt) {

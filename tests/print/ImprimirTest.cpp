@@ -30,18 +30,10 @@ struct EdgedPrinter : platform::SystemPrinter {
 class ImprimirTest : public support::MainWindow {
 protected:
     ImprimirTest() {
-        platform::ReplaceCurrentPrinter([this] {
-            return std::make_unique<EdgedPrinter>([this] {
-                auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-                printer->setOutputFileName(file);
-                return printer;
-            });
-        });
         principal.MostrarImprimir(QString());
         window = dynamic_cast<print::Imprimir*>(principal.ActiveForm());
         text = Find<QTextEdit>(u"RichTextBox"_s, 1);
     }
-    ~ImprimirTest() override { platform::ReplaceCurrentPrinter({}); }
     template<class Widget>
     Widget* Find(const QString& name, int number) {
         return window->findChild<Widget*>(name + QString::number(number));
@@ -90,6 +82,14 @@ protected:
     QString file = QString::fromStdString((home.Root() / "salida.pdf").native());
     print::Imprimir* window = nullptr;
     QTextEdit* text = nullptr;
+    std::optional<support::Override<platform::PrinterFactory>> edged{
+        std::in_place, platform::PrinterSeam(), [this] {
+            return std::make_unique<EdgedPrinter>([this] {
+                auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+                printer->setOutputFileName(file);
+                return printer;
+            });
+        }};
 };
 
 QStringList steps; // of both sides, in their order
@@ -128,7 +128,8 @@ TEST(Class2Test, AJobThatCannotGoOnEndsWithAMessage) {
     Pages pages;
     const auto failed = [&](int sheets) {
         steps.clear();
-        platform::ReplaceCurrentPrinter([=] { return std::make_unique<PaperPrinter>(sheets); });
+        const support::Override printer(platform::PrinterSeam(),
+                                        [=] { return std::make_unique<PaperPrinter>(sheets); });
         try {
             engine.Imprimir(pages);
         } catch (const platform::Failure& failure) {
@@ -142,7 +143,6 @@ TEST(Class2Test, AJobThatCannotGoOnEndsWithAMessage) {
     EXPECT_EQ(failed(40000), u"No se pueden imprimir más de 32767 páginas."_s);
     EXPECT_EQ(steps.constFirst(), u"width 2147483647"_s);
     EXPECT_EQ(steps.mid(steps.size() - 4).join(u'|'), u"Página 32767|end|release|~"_s);
-    platform::ReplaceCurrentPrinter({});
 }
 
 TEST_F(ImprimirTest, EveryLineIsPrintedOnceWithinTheMargins) {
@@ -245,7 +245,7 @@ TEST_F(ImprimirTest, WhatCannotBeReadOrPrintedIsSaid) {
 }
 
 TEST_F(ImprimirTest, TheFileOfThePrintDialogIsWritten) {
-    platform::ReplaceCurrentPrinter({});
+    edged.reset();
     Press("mnuarchivonuevo");
     dialogs.ExpectPrinter([this](QPrinter& printer) {
         printer.setOutputFileName(file);

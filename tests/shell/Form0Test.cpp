@@ -21,16 +21,6 @@ namespace {
 
 class Form0Test : public testing::Test {
 protected:
-    Form0Test() {
-        platform::ReplaceSleep([this](int milliseconds) {
-            slept += milliseconds;
-            opacities.push_back(portada->windowOpacity());
-            QMetaObject::invokeMethod(
-                portada, [this] { ++turns; }, Qt::QueuedConnection);
-        });
-    }
-    ~Form0Test() override { platform::ReplaceSleep({}); }
-
     // A start with this settings file, up to the end of the splash; the captions of what is open
     // then.
     QStringList Start(const QByteArray& config, const QString& lineaDeComandos = {}) {
@@ -59,6 +49,13 @@ protected:
     int slept = 0;
     int turns = 0;
     std::vector<double> opacities;
+    support::Override<std::function<void(int)>> sleep{
+        platform::SleepSeam(), [this](int milliseconds) {
+            slept += milliseconds;
+            opacities.push_back(portada->windowOpacity());
+            QMetaObject::invokeMethod(
+                portada, [this] { ++turns; }, Qt::QueuedConnection);
+        }};
 };
 
 } // namespace

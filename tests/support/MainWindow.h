@@ -18,14 +18,10 @@ namespace support {
 class MainWindow : public testing::Test {
 protected:
     MainWindow() {
-        platform::ReplaceEndProcess([this] { ++ended; });
         principal.resize(1280, 800); // larger than the screen of the tests
         principal.Show();
     }
-    ~MainWindow() override {
-        platform::ReplaceEndProcess({});
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    ~MainWindow() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     // By then the entries that need a document are enabled and what was closed is gone.
     void Press(const char* entrada) {
@@ -99,6 +95,7 @@ protected:
     shell::MDIForm1 principal{compartido, QString()};
     QWidget* tool = &principal;
     int ended = 0;
+    Override<std::function<void()>> ending{platform::EndProcessSeam(), [this] { ++ended; }};
 };
 
 } // namespace support

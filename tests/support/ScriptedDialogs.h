@@ -3,6 +3,7 @@
 
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Form.h"
+#include "support/Override.h"
 
 #include <QStringList>
 #include <deque>
@@ -19,10 +20,8 @@ namespace support {
 /// announced, in order, or the test fails; so does one that was announced and did not come.
 class ScriptedDialogs {
 public:
-    ScriptedDialogs() : m_before(platform::ReplaceDialogs(std::make_unique<Stand>(*this))) {}
     ~ScriptedDialogs() {
         EXPECT_TRUE(m_steps.empty()) << m_steps.size() << " announced dialogs did not come";
-        platform::ReplaceDialogs(std::move(m_before));
     }
 
     /// A message box whose text holds `text`, and the answer to it; none: the box itself fails.
@@ -97,7 +96,8 @@ private:
     }
 
     std::deque<Step> m_steps;
-    std::unique_ptr<platform::Dialogs> m_before;
+    Override<std::unique_ptr<platform::Dialogs>> m_stand{platform::DialogsSeam(),
+                                                         std::make_unique<Stand>(*this)};
 };
 
 } // namespace support

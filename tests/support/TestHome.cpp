@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/TestHome.h"
 
-#include "platform/files/Drives.h"
 #include "platform/files/Paths.h"
 #include "platform/files/Program.h"
 
@@ -24,15 +23,14 @@ QByteArray Shipped(const std::string& name) {
     return Bytes(fs::path(QUILLMARK_DATA) / name);
 }
 
-TestHome::TestHome() {
+TestHome::TestHome()
+    : m_drives(platform::DrivesSeam(), std::make_unique<platform::Drives>(Root(), QString())) {
     qputenv("HOME", m_folder.path().toUtf8());
     qputenv("QUILLMARK_HOME", (m_folder.path() + u"/programa"_s).toUtf8());
-    qputenv("QUILLMARK_DRIVES", "");
     qputenv("XDG_DATA_HOME", (m_folder.path() + u"/.local/share"_s).toUtf8());
     qputenv("XDG_CONFIG_HOME", (m_folder.path() + u"/.config"_s).toUtf8());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                        m_folder.path() + u"/.config"_s);
-    platform::ResetCurrentDrives();
     platform::PrepareProgramFolder(Root() / "bin" / "quillmark");
     fs::current_path(Root());
 }

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/files/Drives.h"
+#include "support/Override.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>
 #include <filesystem>
+#include <memory>
 
 namespace support {
 
@@ -30,6 +34,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    Override<std::unique_ptr<platform::Drives>> m_drives;
 };
 
 } // namespace support

@@ -3,43 +3,31 @@
 
 #include <chrono>
 #include <thread>
-#include <utility>
 
 namespace platform {
-namespace {
 
-std::function<void(int)>& OtherSleep() {
-    static std::function<void(int)> sleep;
-    return sleep;
+using std::chrono::milliseconds;
+
+Seam<std::function<void(int)>>& SleepSeam() {
+    static Seam<std::function<void(int)>> seam(
+        [](int time) { std::this_thread::sleep_for(milliseconds(time)); });
+    return seam;
 }
 
-std::function<int64_t()>& OtherClock() {
-    static std::function<int64_t()> now;
-    return now;
+void Sleep(int time) {
+    SleepSeam().Current()(time);
 }
 
-} // namespace
-
-void Sleep(int milliseconds) {
-    if (OtherSleep())
-        OtherSleep()(milliseconds);
-    else
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-}
-
-void ReplaceSleep(std::function<void(int)> sleep) {
-    OtherSleep() = std::move(sleep);
+Seam<std::function<int64_t()>>& NowSeam() {
+    static Seam<std::function<int64_t()>> seam([] {
+        const auto now = std::chrono::steady_clock::now().time_since_epoch();
+        return int64_t{std::chrono::duration_cast<milliseconds>(now).count()};
+    });
+    return seam;
 }
 
 int64_t Now() {
-    using namespace std::chrono;
-    if (OtherClock())
-        return OtherClock()();
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
-void ReplaceNow(std::function<int64_t()> now) {
-    OtherClock() = std::move(now);
+    return NowSeam().Current()();
 }
 
 } // namespace platform

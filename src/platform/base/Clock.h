@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/base/Seam.h"
+
 #include <cstdint>
 #include <functional>
 
@@ -8,12 +10,10 @@ namespace platform {
 
 /// Waits, and lets nothing else run meanwhile.
 void Sleep(int milliseconds);
-/// Puts another wait in its place, for a test. An empty function restores it.
-void ReplaceSleep(std::function<void(int milliseconds)> sleep);
+Seam<std::function<void(int milliseconds)>>& SleepSeam();
 
 /// Milliseconds on a clock that only goes forward.
 int64_t Now();
-/// Puts another clock in its place, for a test. An empty function restores it.
-void ReplaceNow(std::function<int64_t()> now);
+Seam<std::function<int64_t()>>& NowSeam();
 
 } // namespace platform

@@ -30,11 +30,6 @@ fs::path Normal(const fs::path& path) {
     return normal.has_filename() || normal == normal.root_path() ? normal : normal.parent_path();
 }
 
-std::unique_ptr<Drives>& Instance() {
-    static std::unique_ptr<Drives> drives;
-    return drives;
-}
-
 } // namespace
 
 Drives::Drives(const fs::path& home, const QString& overrides) {
@@ -113,15 +108,15 @@ Drive Drives::Holding(const fs::path& native) {
     return best;
 }
 
-Drives& CurrentDrives() {
-    if (!Instance())
-        Instance() = std::make_unique<Drives>(fs::path(QDir::homePath().toStdString()),
-                                              QString::fromLocal8Bit(qgetenv("QUILLMARK_DRIVES")));
-    return *Instance();
+Seam<std::unique_ptr<Drives>>& DrivesSeam() {
+    static Seam<std::unique_ptr<Drives>> seam(
+        std::make_unique<Drives>(fs::path(QDir::homePath().toStdString()),
+                                 QString::fromLocal8Bit(qgetenv("QUILLMARK_DRIVES"))));
+    return seam;
 }
 
-void ResetCurrentDrives() {
-    Instance().reset();
+Drives& CurrentDrives() {
+    return *DrivesSeam().Current();
 }
 
 } // namespace platform

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/base/Seam.h"
+
 #include <QString>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -39,7 +42,6 @@ private:
 
 /// The drives of this process, from HOME and QUILLMARK_DRIVES as they are at the first use.
 Drives& CurrentDrives();
-/// Reads the environment again, for a test that has changed it.
-void ResetCurrentDrives();
+Seam<std::unique_ptr<Drives>>& DrivesSeam();
 
 } // namespace platform

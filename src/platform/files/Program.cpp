@@ -16,7 +16,6 @@
 #include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
-#include <utility>
 
 namespace platform {
 namespace {
@@ -31,11 +30,6 @@ fs::path& Folder() {
 fs::path& Executable() {
     static fs::path executable;
     return executable;
-}
-
-std::function<void()>& End() {
-    static std::function<void()> end;
-    return end;
 }
 
 fs::path ChooseFolder(const fs::path& executable) {
@@ -144,15 +138,13 @@ void ChangeDirectory(const QString& folder) {
             QStringLiteral("No se puede entrar en la carpeta \"%1\".").arg(DisplayText(folder)));
 }
 
-void EndProcess() {
-    if (End())
-        End()();
-    else
-        std::_Exit(EXIT_SUCCESS);
+Seam<std::function<void()>>& EndProcessSeam() {
+    static Seam<std::function<void()>> seam([] { std::_Exit(EXIT_SUCCESS); });
+    return seam;
 }
 
-void ReplaceEndProcess(std::function<void()> end) {
-    End() = std::move(end);
+void EndProcess() {
+    EndProcessSeam().Current()();
 }
 
 } // namespace platform

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/base/Seam.h"
+
 #include <QString>
 #include <filesystem>
 #include <functional>
@@ -40,7 +42,6 @@ void ChangeDirectory(const QString& folder);
 
 /// Ends the process at once: no window closes, nothing is asked, nothing is cleaned up.
 void EndProcess();
-/// Puts another end in the place of the process's, for a test. An empty function restores it.
-void ReplaceEndProcess(std::function<void()> end);
+Seam<std::function<void()>>& EndProcessSeam();
 
 } // namespace platform

@@ -158,21 +158,15 @@ private:
     }
 };
 
-std::unique_ptr<Dialogs>& Instance() {
-    static std::unique_ptr<Dialogs> dialogs = std::make_unique<DesktopDialogs>();
-    return dialogs;
-}
-
 } // namespace
 
-Dialogs& CurrentDialogs() {
-    return *Instance();
+Seam<std::unique_ptr<Dialogs>>& DialogsSeam() {
+    static Seam<std::unique_ptr<Dialogs>> seam(std::make_unique<DesktopDialogs>());
+    return seam;
 }
 
-std::unique_ptr<Dialogs> ReplaceDialogs(std::unique_ptr<Dialogs> dialogs) {
-    if (!dialogs)
-        dialogs = std::make_unique<DesktopDialogs>();
-    return std::exchange(Instance(), std::move(dialogs));
+Dialogs& CurrentDialogs() {
+    return *DialogsSeam().Current();
 }
 
 Answer MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/base/Seam.h"
+
 #include <QString>
 #include <memory>
 #include <vector>
@@ -53,10 +55,9 @@ public:
     virtual bool SetUpPrint(QPrinter& printer, QWidget* owner) = 0;
 };
 
-/// The dialogs of the desktop unless they were replaced.
+/// Those of the desktop unless a test has put its own there.
 Dialogs& CurrentDialogs();
-/// Returns what stood there before. An empty pointer restores the desktop's.
-std::unique_ptr<Dialogs> ReplaceDialogs(std::unique_ptr<Dialogs> dialogs);
+Seam<std::unique_ptr<Dialogs>>& DialogsSeam();
 
 /// Shows a message box and waits for the answer.
 Answer MsgBox(const QString& text, Buttons buttons, Icon icon,

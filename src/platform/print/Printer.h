@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/base/Seam.h"
+
 #include <QString>
 #include <functional>
 #include <memory>
@@ -55,7 +57,7 @@ using PrinterFactory = std::function<std::unique_ptr<Printer>()>;
 
 /// The printer that is current. Fails if there is none.
 std::unique_ptr<Printer> CurrentPrinter();
-/// Answers the former one; an empty one restores the desktop's.
-PrinterFactory ReplaceCurrentPrinter(PrinterFactory factory);
+/// What makes it.
+Seam<PrinterFactory>& PrinterSeam();
 
 } // namespace platform

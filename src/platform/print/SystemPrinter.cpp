@@ -34,11 +34,6 @@ std::unique_ptr<Printer> DesktopPrinter() {
     return std::make_unique<SystemPrinter>(NewDevice);
 }
 
-PrinterFactory& Factory() {
-    static PrinterFactory factory;
-    return factory;
-}
-
 std::unique_ptr<QPrinter> Prepared(const DeviceFactory& factory) {
     std::unique_ptr<QPrinter> device = factory();
     device->setFullPage(false);
@@ -58,12 +53,13 @@ int WholeTwips(int pixels, int resolution) {
 
 } // namespace
 
-std::unique_ptr<Printer> CurrentPrinter() {
-    return Factory() ? Factory()() : DesktopPrinter();
+Seam<PrinterFactory>& PrinterSeam() {
+    static Seam<PrinterFactory> seam(&DesktopPrinter);
+    return seam;
 }
 
-PrinterFactory ReplaceCurrentPrinter(PrinterFactory factory) {
-    return std::exchange(Factory(), std::move(factory));
+std::unique_ptr<Printer> CurrentPrinter() {
+    return PrinterSeam().Current()();
 }
 
 SystemPrinter::SystemPrinter(DeviceFactory factory)
