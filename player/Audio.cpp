@@ -14,11 +14,11 @@ namespace {
 constexpr int kBytesPerFrame = 4;
 constexpr int kFramesPerBlock = 1024;
 // The most that the kinds of files whose length nobody tells can grow.
-constexpr std::size_t kGrowth = 48;
+constexpr size_t kGrowth = 48;
 
 void MixVoices(void* voices, Uint8* stream, int bytes) {
     static_cast<Voices*>(voices)->Mix(
-        {reinterpret_cast<std::int16_t*>(stream), static_cast<std::size_t>(bytes) / 2});
+        {reinterpret_cast<int16_t*>(stream), static_cast<size_t>(bytes) / 2});
 }
 
 SDL_RWops* Reader(const std::string& file) {
@@ -28,7 +28,7 @@ SDL_RWops* Reader(const std::string& file) {
 } // namespace
 
 Audio::~Audio() {
-    if (state_ != State::Open)
+    if (m_state != State::Open)
         return;
     StopMusic();
     Mix_SetPostMix(nullptr, nullptr);
@@ -37,7 +37,7 @@ Audio::~Audio() {
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
-std::size_t Audio::DecodedSize(const std::string& file) {
+size_t Audio::DecodedSize(const std::string& file) {
     if (!Open() || file.empty())
         return 0;
     const std::unique_ptr<Mix_Music, FreeMusic> music(Mix_LoadMUS_RW(Reader(file), 1));
@@ -45,8 +45,7 @@ std::size_t Audio::DecodedSize(const std::string& file) {
     if (!(seconds > 0))
         return file.size() * kGrowth;
     constexpr double kHours = 24 * 3600;
-    return static_cast<std::size_t>(std::ceil(std::min(seconds, kHours) * kSampleRate)) *
-           kBytesPerFrame;
+    return static_cast<size_t>(std::ceil(std::min(seconds, kHours) * kSampleRate)) * kBytesPerFrame;
 }
 
 Samples Audio::Decode(const std::string& file, const std::string& name) {
@@ -56,7 +55,7 @@ Samples Audio::Decode(const std::string& file, const std::string& name) {
     if (!chunk)
         throw ScriptError("'" + name + "': no es un sonido que se pueda leer");
     Samples samples;
-    samples.values.resize(std::size_t{chunk->alen} / kBytesPerFrame * 2);
+    samples.values.resize(size_t{chunk->alen} / kBytesPerFrame * 2);
     if (!samples.values.empty())
         std::memcpy(samples.values.data(), chunk->abuf, samples.values.size() * 2);
     Mix_FreeChunk(chunk);
@@ -75,51 +74,51 @@ void Audio::PlayMusic(core::FileDescriptor file, bool loop, const std::string& n
     if (!source)
         std::fclose(stream);
     else
-        music_.reset(Mix_LoadMUS_RW(source, 1));
-    if (!music_ || Mix_PlayMusic(music_.get(), loop ? -1 : 0) != 0)
+        m_music.reset(Mix_LoadMUS_RW(source, 1));
+    if (!m_music || Mix_PlayMusic(m_music.get(), loop ? -1 : 0) != 0)
         throw ScriptError("'" + name + "': no es una música que se pueda tocar");
-    Mix_VolumeMusic(musicVolume_);
+    Mix_VolumeMusic(m_musicVolume);
 }
 
 void Audio::PauseMusic() {
-    if (music_)
+    if (m_music)
         Mix_PauseMusic();
 }
 
 void Audio::ResumeMusic() {
-    if (music_)
+    if (m_music)
         Mix_ResumeMusic();
 }
 
 void Audio::StopMusic() {
-    if (music_)
+    if (m_music)
         Mix_HaltMusic();
-    music_.reset();
+    m_music.reset();
 }
 
 bool Audio::MusicPlaying() const {
-    return music_ && Mix_PlayingMusic() != 0 && Mix_PausedMusic() == 0;
+    return m_music && Mix_PlayingMusic() != 0 && Mix_PausedMusic() == 0;
 }
 
 void Audio::MusicVolume(int volume) {
-    musicVolume_ = volume;
-    if (music_)
+    m_musicVolume = volume;
+    if (m_music)
         Mix_VolumeMusic(volume);
 }
 
 bool Audio::Open() {
-    if (state_ != State::Closed)
-        return state_ == State::Open;
-    state_ = State::Open;
+    if (m_state != State::Closed)
+        return m_state == State::Open;
+    m_state = State::Open;
     if (!OpenDevice()) {
         std::fputs("luaplayer: no hay dispositivo de sonido; se sigue en silencio\n", stderr);
         SDL_SetHintWithPriority(SDL_HINT_AUDIODRIVER, "dummy", SDL_HINT_OVERRIDE);
         if (!OpenDevice())
-            state_ = State::Missing;
+            m_state = State::Missing;
     }
-    if (state_ == State::Open)
+    if (m_state == State::Open)
         Mix_SetPostMix(&MixVoices, &voices);
-    return state_ == State::Open;
+    return m_state == State::Open;
 }
 
 bool Audio::OpenDevice() {

@@ -24,7 +24,7 @@ public:
     Voices voices;
 
     /// How many bytes Decode will give, before it takes them.
-    std::size_t DecodedSize(const std::string& file);
+    size_t DecodedSize(const std::string& file);
     /// Throws ScriptError if it isn't a sound.
     Samples Decode(const std::string& file, const std::string& name);
 
@@ -34,7 +34,7 @@ public:
     void ResumeMusic();
     void StopMusic();
     bool MusicPlaying() const;
-    int MusicVolume() const { return musicVolume_; }
+    int MusicVolume() const { return m_musicVolume; }
     void MusicVolume(int volume);
 
 private:
@@ -47,9 +47,9 @@ private:
         void operator()(Mix_Music* music) const { Mix_FreeMusic(music); }
     };
 
-    State state_ = State::Closed;
-    std::unique_ptr<Mix_Music, FreeMusic> music_;
-    int musicVolume_ = kMostMusicVolume;
+    State m_state = State::Closed;
+    std::unique_ptr<Mix_Music, FreeMusic> m_music;
+    int m_musicVolume = kMostMusicVolume;
 };
 
 } // namespace player

@@ -6,7 +6,7 @@
 namespace player {
 
 /// A colour as pictures keep it: 0xAARRGGBB.
-using Pixel = std::uint32_t;
+using Pixel = uint32_t;
 
 constexpr Pixel kOpaque = 0xFF000000;
 constexpr Pixel kBlack = kOpaque;

@@ -18,9 +18,9 @@
 namespace player {
 namespace {
 
-constexpr std::size_t kMaxPath = 4096;
-constexpr std::size_t kMaxShown = 200;
-constexpr std::size_t kMaxEntries = 65536;
+constexpr size_t kLongestPath = 4096;
+constexpr size_t kLongestShown = 200;
+constexpr size_t kMostEntries = 65536;
 constexpr int kAttempts = 64;
 constexpr int kFilePermissions = 0644;
 constexpr int kFolderPermissions = 0755;
@@ -35,7 +35,7 @@ constexpr std::array kErrors = {
 };
 
 std::string Shown(std::string_view path) {
-    return std::string(path.substr(0, std::min(path.find('\0'), kMaxShown)));
+    return std::string(path.substr(0, std::min(path.find('\0'), kLongestShown)));
 }
 
 [[noreturn]] void Fail(std::string_view path, int code) {
@@ -106,11 +106,11 @@ struct Folder::Place {
     std::string name;
 };
 
-Folder::Folder(const std::filesystem::path& root, Resolver resolver) : resolver_(resolver) {
+Folder::Folder(const std::filesystem::path& root, Resolver resolver) : m_resolver(resolver) {
     const std::string absolute = std::filesystem::absolute(root).lexically_normal().string();
-    Append(rootParts_, absolute);
-    root_ = core::FileDescriptor(open(absolute.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!root_)
+    Append(m_rootParts, absolute);
+    m_root = core::FileDescriptor(open(absolute.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!m_root)
         Fail(absolute, errno);
 }
 
@@ -136,13 +136,13 @@ core::FileDescriptor Folder::Open(std::string_view path, Mode mode) const {
 
 core::FileDescriptor Folder::OpenUnnamed() const {
     const int flags = O_TMPFILE | O_EXCL | O_RDWR | O_CLOEXEC;
-    core::FileDescriptor file(openat(root_.Number(), ".", flags, kFilePermissions));
+    core::FileDescriptor file(openat(m_root.Number(), ".", flags, kFilePermissions));
     if (!file)
         Fail("archivo temporal", errno);
     return file;
 }
 
-std::string Folder::Read(std::string_view path, std::size_t limit) const {
+std::string Folder::Read(std::string_view path, size_t limit) const {
     const core::FileDescriptor file = Open(path);
     std::string content;
     std::array<char, 65536> block = {};
@@ -152,9 +152,9 @@ std::string Folder::Read(std::string_view path, std::size_t limit) const {
             Fail(path, errno);
         if (count == 0)
             return content;
-        if (content.size() + static_cast<std::size_t>(count) > limit)
+        if (content.size() + static_cast<size_t>(count) > limit)
             Fail(path, EFBIG);
-        content.append(block.data(), static_cast<std::size_t>(count));
+        content.append(block.data(), static_cast<size_t>(count));
     }
 }
 
@@ -164,7 +164,7 @@ void Folder::Write(std::string_view path, std::string_view bytes) const {
         const ssize_t count = write(file.Number(), bytes.data(), bytes.size());
         if (count < 0)
             Fail(path, errno);
-        bytes.remove_prefix(static_cast<std::size_t>(count));
+        bytes.remove_prefix(static_cast<size_t>(count));
     }
 }
 
@@ -180,7 +180,7 @@ std::vector<Folder::Entry> Folder::List(std::string_view path) const {
         Entry entry{found->d_name};
         if (entry.name == "." || entry.name == "..")
             continue;
-        if (entries.size() == kMaxEntries)
+        if (entries.size() == kMostEntries)
             Fail(path, EFBIG);
         // Through the folder again: a link that leads out tells nothing of its end.
         Parts inside = parts;
@@ -189,7 +189,7 @@ std::vector<Folder::Entry> Folder::List(std::string_view path) const {
         const core::FileDescriptor file = Resolve(inside, O_PATH);
         if (file && fstat(file.Number(), &status) == 0) {
             entry.directory = S_ISDIR(status.st_mode);
-            entry.size = S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
+            entry.size = S_ISREG(status.st_mode) ? static_cast<uint64_t>(status.st_size) : 0;
         }
         entries.push_back(std::move(entry));
     }
@@ -225,35 +225,35 @@ void Folder::Rename(std::string_view from, std::string_view to) const {
 }
 
 std::string Folder::CurrentDirectory() const {
-    Parts parts = rootParts_;
-    parts.insert(parts.end(), current_.begin(), current_.end());
+    Parts parts = m_rootParts;
+    parts.insert(parts.end(), m_current.begin(), m_current.end());
     return std::string("/").append(Join(parts));
 }
 
 void Folder::CurrentDirectory(std::string_view path) {
     Parts parts = Within(path);
     OpenDirectory(parts, O_PATH, path);
-    current_ = std::move(parts);
+    m_current = std::move(parts);
 }
 
 // The parts from the folder on. An absolute path counts only if it is written from the folder on.
 Folder::Parts Folder::Within(std::string_view path) const {
     if (path.find('\0') != std::string_view::npos || path.empty())
         Fail(path, EINVAL);
-    if (path.size() > kMaxPath)
+    if (path.size() > kLongestPath)
         Fail(path, ENAMETOOLONG);
     if (HasDrive(path))
         Fail(path, EXDEV);
     const bool absolute = IsSeparator(path.front());
-    Parts parts = absolute ? Parts() : current_;
+    Parts parts = absolute ? Parts() : m_current;
     if (!Append(parts, path))
         Fail(path, EXDEV);
     if (!absolute)
         return parts;
-    if (parts.size() < rootParts_.size() ||
-        !std::equal(rootParts_.begin(), rootParts_.end(), parts.begin()))
+    if (parts.size() < m_rootParts.size() ||
+        !std::equal(m_rootParts.begin(), m_rootParts.end(), parts.begin()))
         Fail(path, EXDEV);
-    return {parts.begin() + static_cast<std::ptrdiff_t>(rootParts_.size()), parts.end()};
+    return {parts.begin() + static_cast<ptrdiff_t>(m_rootParts.size()), parts.end()};
 }
 
 // The name itself isn't followed, so whoever removes or renames it acts on a link, not on its end.
@@ -277,25 +277,25 @@ core::FileDescriptor Folder::OpenDirectory(const Parts& parts, int flags,
 core::FileDescriptor Folder::Resolve(const Parts& parts, int flags, int permissions) const {
     const std::string path = parts.empty() ? "." : Join(parts);
     open_how how = {};
-    how.flags = static_cast<std::uint64_t>(flags | O_CLOEXEC);
-    how.mode = static_cast<std::uint64_t>(permissions);
+    how.flags = static_cast<uint64_t>(flags | O_CLOEXEC);
+    how.mode = static_cast<uint64_t>(permissions);
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
     // EAGAIN: a folder was renamed meanwhile, and the kernel can't tell whether the path got out.
-    for (int attempt = 0; resolver_ == Resolver::Kernel && attempt < kAttempts; ++attempt) {
-        const long number = syscall(SYS_openat2, root_.Number(), path.c_str(), &how, sizeof(how));
+    for (int attempt = 0; m_resolver == Resolver::Kernel && attempt < kAttempts; ++attempt) {
+        const long number = syscall(SYS_openat2, m_root.Number(), path.c_str(), &how, sizeof(how));
         if (number >= 0)
             return core::FileDescriptor(static_cast<int>(number));
         if (errno == ENOSYS)
-            resolver_ = Resolver::Walk;
+            m_resolver = Resolver::Walk;
         else if (errno != EAGAIN && errno != EINTR)
             return core::FileDescriptor();
     }
-    return resolver_ == Resolver::Walk ? Walk(parts, flags, permissions) : core::FileDescriptor();
+    return m_resolver == Resolver::Walk ? Walk(parts, flags, permissions) : core::FileDescriptor();
 }
 
 core::FileDescriptor Folder::Walk(const Parts& parts, int flags, int permissions) const {
-    core::FileDescriptor at(openat(root_.Number(), ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
-    for (std::size_t i = 0; i + 1 < parts.size() && at; ++i)
+    core::FileDescriptor at(openat(m_root.Number(), ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    for (size_t i = 0; i + 1 < parts.size() && at; ++i)
         at = core::FileDescriptor(
             openat(at.Number(), parts[i].c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (!at)

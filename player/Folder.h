@@ -27,12 +27,12 @@ struct FolderError : ScriptError {
 class Folder {
 public:
     enum class Resolver { Kernel, Walk }; // Walk serves kernels without openat2 and follows no link
-    static constexpr std::size_t kMaxRead = std::size_t{256} << 20;
+    static constexpr size_t kLargestRead = size_t{256} << 20;
     enum class Mode { Read, Write, Append, Update, Truncate, New };
 
     struct Entry {
         std::string name;
-        std::uint64_t size = 0;
+        uint64_t size = 0;
         bool directory = false;
     };
 
@@ -42,7 +42,7 @@ public:
     core::FileDescriptor Open(std::string_view path, Mode mode = Mode::Read) const;
     /// A file without a name in the folder's file system.
     core::FileDescriptor OpenUnnamed() const;
-    std::string Read(std::string_view path, std::size_t limit = kMaxRead) const;
+    std::string Read(std::string_view path, size_t limit = kLargestRead) const;
     void Write(std::string_view path, std::string_view bytes) const;
     std::vector<Entry> List(std::string_view path) const;
     void MakeDirectory(std::string_view path) const;
@@ -64,10 +64,10 @@ private:
     core::FileDescriptor Walk(const Parts& parts, int flags, int permissions) const;
     core::FileDescriptor OpenDirectory(const Parts& parts, int flags, std::string_view path) const;
 
-    Parts rootParts_;
-    Parts current_;
-    core::FileDescriptor root_;
-    mutable Resolver resolver_;
+    Parts m_rootParts;
+    Parts m_current;
+    core::FileDescriptor m_root;
+    mutable Resolver m_resolver;
 };
 
 } // namespace player

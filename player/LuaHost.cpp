@@ -19,9 +19,9 @@ int Interrupt(lua_State* L);
 
 // Lua's collector would wait until its memory has doubled, though there may not be as much.
 void TightenCollector(lua_State* L) {
-    constexpr std::size_t kUsual = 200; // percent
-    const auto used = static_cast<std::size_t>(lua_gc(L, LUA_GCCOUNT, 0)) + 1;
-    const std::size_t free = PlayerOf(L).memory.Free() >> 10;
+    constexpr size_t kUsual = 200; // percent
+    const auto used = static_cast<size_t>(lua_gc(L, LUA_GCCOUNT, 0)) + 1;
+    const size_t free = PlayerOf(L).memory.Free() >> 10;
     lua_gc(L, LUA_GCSETPAUSE, static_cast<int>(std::min(kUsual, 100 + 50 * free / used)));
 }
 
@@ -173,7 +173,7 @@ int Guarded(lua_State* L, Function function) {
     return results;
 }
 
-Share Reserve(lua_State* L, std::size_t bytes) {
+Share Reserve(lua_State* L, size_t bytes) {
     Memory& memory = PlayerOf(L).memory;
     if (!memory.Fits(bytes))
         lua_gc(L, LUA_GCCOLLECT, 0);
@@ -198,39 +198,39 @@ void Load(lua_State* L, std::string_view source, const std::string& name) {
         throw ScriptError(lua_tostring(L, -1));
 }
 
-LuaHost::LuaHost(Player& player) : player_(player), state_(lua_newstate(&Allocate, &player)) {
-    if (!state_)
+LuaHost::LuaHost(Player& player) : m_player(player), m_state(lua_newstate(&Allocate, &player)) {
+    if (!m_state)
         throw std::bad_alloc();
-    player_.lua = state_;
-    ++player_.memory.native;
-    lua_cpcall(state_, &Open, nullptr);
-    --player_.memory.native;
-    lua_sethook(state_, Look, LUA_MASKCOUNT, kStepsBetweenLooks);
+    m_player.lua = m_state;
+    ++m_player.memory.native;
+    lua_cpcall(m_state, &Open, nullptr);
+    --m_player.memory.native;
+    lua_sethook(m_state, Look, LUA_MASKCOUNT, kStepsBetweenLooks);
 }
 
 LuaHost::~LuaHost() {
-    lua_close(state_);
-    player_.lua = nullptr;
+    lua_close(m_state);
+    m_player.lua = nullptr;
 }
 
 std::optional<Failure> LuaHost::Run(const std::string& source, const std::string& name) {
-    ++player_.memory.native;
-    lua_pushcfunction(state_, &Trace);
+    ++m_player.memory.native;
+    lua_pushcfunction(m_state, &Trace);
     int status = LUA_ERRSYNTAX;
     try {
-        Load(state_, source, name);
+        Load(m_state, source, name);
         status = 0;
     } catch (const ScriptError& error) {
-        lua_pushstring(state_, error.what());
+        lua_pushstring(m_state, error.what());
     }
-    --player_.memory.native;
+    --m_player.memory.native;
     if (status == 0)
-        status = lua_pcall(state_, 0, 0, 1);
-    ++player_.memory.native;
+        status = lua_pcall(m_state, 0, 0, 1);
+    ++m_player.memory.native;
     std::optional<Failure> failure;
-    if (status != 0 && !player_.stage.Stopping())
-        failure = Describe(state_, player_, status, name);
-    --player_.memory.native;
+    if (status != 0 && !m_player.stage.Stopping())
+        failure = Describe(m_state, m_player, status, name);
+    --m_player.memory.native;
     return failure;
 }
 

@@ -22,8 +22,8 @@ public:
     std::optional<Failure> Run(const std::string& source, const std::string& name);
 
 private:
-    Player& player_;
-    lua_State* state_ = nullptr;
+    Player& m_player;
+    lua_State* m_state = nullptr;
 };
 
 Player& PlayerOf(lua_State* L);
@@ -43,7 +43,7 @@ int Call(lua_State* L) {
 
 /// Counts memory outside of Lua; collects garbage if need be, and throws ScriptError if that isn't
 /// enough. Called within a function of the script's libraries.
-Share Reserve(lua_State* L, std::size_t bytes);
+Share Reserve(lua_State* L, size_t bytes);
 
 /// Compiles a script's text onto the stack, or throws ScriptError. Bytecode is refused.
 void Load(lua_State* L, std::string_view source, const std::string& name);

@@ -11,46 +11,44 @@ namespace player {
 /// it.
 class Memory {
 public:
-    explicit Memory(std::size_t limit) : limit_(limit) {}
+    explicit Memory(size_t limit) : m_limit(limit) {}
 
-    std::size_t Limit() const { return limit_; }
-    std::size_t Free() const { return used_ < limit_ ? limit_ - used_ : 0; }
-    bool Over() const { return used_ > limit_; }
-    bool Fits(std::size_t bytes) const { return bytes <= Free(); }
-    void Add(std::size_t bytes) { used_ += bytes; }
-    void Remove(std::size_t bytes) { used_ -= bytes; }
+    size_t Limit() const { return m_limit; }
+    size_t Free() const { return m_used < m_limit ? m_limit - m_used : 0; }
+    bool Over() const { return m_used > m_limit; }
+    bool Fits(size_t bytes) const { return bytes <= Free(); }
+    void Add(size_t bytes) { m_used += bytes; }
+    void Remove(size_t bytes) { m_used -= bytes; }
 
     /// Functions of C++ that are running. While there are any, Lua may go over the limit, because
     /// its error would jump over their destructors; they fail when they return.
     int native = 0;
 
 private:
-    std::size_t limit_;
-    std::size_t used_ = 0;
+    size_t m_limit;
+    size_t m_used = 0;
 };
 
 /// A part of the memory, counted for as long as this lives. LuaHost.h: Reserve makes one.
 class Share {
 public:
     Share() = default;
-    Share(Memory& memory, std::size_t bytes) : memory_(&memory), bytes_(bytes) {
-        memory.Add(bytes);
-    }
+    Share(Memory& memory, size_t bytes) : m_memory(&memory), m_bytes(bytes) { memory.Add(bytes); }
     Share(Share&& other) noexcept
-        : memory_(std::exchange(other.memory_, nullptr)), bytes_(other.bytes_) {}
+        : m_memory(std::exchange(other.m_memory, nullptr)), m_bytes(other.m_bytes) {}
     Share& operator=(Share&& other) noexcept {
-        std::swap(memory_, other.memory_);
-        std::swap(bytes_, other.bytes_);
+        std::swap(m_memory, other.m_memory);
+        std::swap(m_bytes, other.m_bytes);
         return *this;
     }
     ~Share() {
-        if (memory_)
-            memory_->Remove(bytes_);
+        if (m_memory)
+            m_memory->Remove(m_bytes);
     }
 
 private:
-    Memory* memory_ = nullptr;
-    std::size_t bytes_ = 0;
+    Memory* m_memory = nullptr;
+    size_t m_bytes = 0;
 };
 
 } // namespace player

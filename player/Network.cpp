@@ -101,9 +101,9 @@ bool WouldWait(int code) {
 
 Socket Socket::Connect(const std::string& host, int port) {
     Socket made(State::Resolving, core::FileDescriptor());
-    made.addresses_ = Resolve(host, port, AI_NUMERICHOST);
-    if (made.addresses_.empty())
-        made.lookup_ = Start(host, port);
+    made.m_addresses = Resolve(host, port, AI_NUMERICHOST);
+    if (made.m_addresses.empty())
+        made.m_lookup = Start(host, port);
     else
         made.TryNext();
     return made;
@@ -114,7 +114,7 @@ Socket Socket::Listen(int port) {
     const int yes = 1;
     sockaddr_in any = {};
     any.sin_family = AF_INET;
-    any.sin_port = htons(static_cast<std::uint16_t>(port));
+    any.sin_port = htons(static_cast<uint16_t>(port));
     if (!descriptor ||
         setsockopt(descriptor.Number(), SOL_SOCKET, SO_REUSEADDR, &yes, sizeof(yes)) != 0 ||
         bind(descriptor.Number(), reinterpret_cast<const sockaddr*>(&any), sizeof(any)) != 0 ||
@@ -126,20 +126,20 @@ Socket Socket::Listen(int port) {
 // True as long as there is something to read, even if the other side has gone.
 bool Socket::Connected() {
     Advance();
-    if (state_ != State::Connected)
+    if (m_state != State::Connected)
         return false;
     char next = 0;
-    const ssize_t count = recv(descriptor_.Number(), &next, 1, MSG_PEEK);
+    const ssize_t count = recv(m_descriptor.Number(), &next, 1, MSG_PEEK);
     if (count == 0)
         Close("el otro lado cerró la conexión");
     else if (count < 0 && !WouldWait(errno))
         Fail(errno);
-    return state_ == State::Connected;
+    return m_state == State::Connected;
 }
 
 std::optional<Socket> Socket::Accept() {
     core::FileDescriptor accepted(
-        accept4(descriptor_.Number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+        accept4(m_descriptor.Number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
     if (!accepted)
         return std::nullopt;
     SendAtOnce(accepted);
@@ -150,54 +150,54 @@ std::string Socket::Receive() {
     if (!Connected())
         return "";
     std::string bytes(kMostReceived, '\0');
-    const ssize_t count = recv(descriptor_.Number(), bytes.data(), bytes.size(), 0);
-    bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    const ssize_t count = recv(m_descriptor.Number(), bytes.data(), bytes.size(), 0);
+    bytes.resize(static_cast<size_t>(std::max<ssize_t>(count, 0)));
     return bytes;
 }
 
-std::size_t Socket::Send(std::string_view bytes) {
+size_t Socket::Send(std::string_view bytes) {
     Advance();
-    if (state_ != State::Connected)
+    if (m_state != State::Connected)
         return 0;
-    const ssize_t count = send(descriptor_.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    const ssize_t count = send(m_descriptor.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (count < 0 && !WouldWait(errno))
         Fail(errno);
-    return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    return static_cast<size_t>(std::max<ssize_t>(count, 0));
 }
 
 void Socket::Close(const std::string& reason) {
-    if (state_ != State::Closed)
-        failure_ = reason;
-    state_ = State::Closed;
-    descriptor_ = core::FileDescriptor();
-    lookup_.reset();
-    addresses_.clear();
+    if (m_state != State::Closed)
+        m_failure = reason;
+    m_state = State::Closed;
+    m_descriptor = core::FileDescriptor();
+    m_lookup.reset();
+    m_addresses.clear();
 }
 
 void Socket::Advance() {
-    if (state_ == State::Resolving && lookup_) {
-        const std::shared_ptr<Lookup> lookup = lookup_;
+    if (m_state == State::Resolving && m_lookup) {
+        const std::shared_ptr<Lookup> lookup = m_lookup;
         const std::lock_guard lock(lookup->mutex);
         if (!lookup->done)
             return;
-        addresses_ = std::move(lookup->addresses);
-        lookup_.reset();
-        if (addresses_.empty())
+        m_addresses = std::move(lookup->addresses);
+        m_lookup.reset();
+        if (m_addresses.empty())
             return Close("no se encuentra ese sitio");
         TryNext();
     }
-    if (state_ != State::Connecting)
+    if (m_state != State::Connecting)
         return;
-    pollfd waiting = {descriptor_.Number(), POLLOUT, 0};
+    pollfd waiting = {m_descriptor.Number(), POLLOUT, 0};
     if (poll(&waiting, 1, 0) <= 0)
         return;
     int code = 0;
     socklen_t size = sizeof(code);
-    getsockopt(descriptor_.Number(), SOL_SOCKET, SO_ERROR, &code, &size);
+    getsockopt(m_descriptor.Number(), SOL_SOCKET, SO_ERROR, &code, &size);
     if (code == 0) {
-        state_ = State::Connected;
-        SendAtOnce(descriptor_);
-    } else if (addresses_.empty()) {
+        m_state = State::Connected;
+        SendAtOnce(m_descriptor);
+    } else if (m_addresses.empty()) {
         Fail(code);
     } else {
         TryNext();
@@ -206,13 +206,13 @@ void Socket::Advance() {
 
 void Socket::TryNext() {
     int code = 0;
-    while (!addresses_.empty()) {
-        const Address address = addresses_.back();
-        addresses_.pop_back();
-        descriptor_ = MakeSocket(address.storage.ss_family);
-        state_ = State::Connecting;
-        if (descriptor_ &&
-            (connect(descriptor_.Number(), reinterpret_cast<const sockaddr*>(&address.storage),
+    while (!m_addresses.empty()) {
+        const Address address = m_addresses.back();
+        m_addresses.pop_back();
+        m_descriptor = MakeSocket(address.storage.ss_family);
+        m_state = State::Connecting;
+        if (m_descriptor &&
+            (connect(m_descriptor.Number(), reinterpret_cast<const sockaddr*>(&address.storage),
                      address.size) == 0 ||
              errno == EINPROGRESS))
             return;
@@ -226,25 +226,25 @@ void Socket::Fail(int code) {
 }
 
 void Network::CheckRoom() {
-    std::erase_if(sockets_, [](const std::weak_ptr<Socket>& socket) {
+    std::erase_if(m_sockets, [](const std::weak_ptr<Socket>& socket) {
         const auto open = socket.lock();
         return !open || open->Closed();
     });
-    if (sockets_.size() >= kMostSockets)
+    if (m_sockets.size() >= kMostSockets)
         throw ScriptError(TextOf(EMFILE));
 }
 
 std::shared_ptr<Socket> Network::Add(Socket socket) {
     auto added = std::make_shared<Socket>(std::move(socket));
-    sockets_.push_back(added);
+    m_sockets.push_back(added);
     return added;
 }
 
 void Network::CloseAll() {
-    for (const auto& socket : sockets_)
+    for (const auto& socket : m_sockets)
         if (const auto open = socket.lock())
             open->Close();
-    sockets_.clear();
+    m_sockets.clear();
 }
 
 std::vector<Connection> Network::Connections() {

@@ -25,7 +25,7 @@ struct Lookup;
 /// A TCP socket that never waits: what isn't there yet answers empty.
 class Socket {
 public:
-    static constexpr std::size_t kMostReceived = 65536;
+    static constexpr size_t kMostReceived = 65536;
 
     /// Goes on connecting in the calls that follow.
     static Socket Connect(const std::string& host, int port);
@@ -34,30 +34,30 @@ public:
 
     bool Connected();
     /// Why it isn't connected, once that is sure.
-    const std::string& Failure() const { return failure_; }
-    bool Listening() const { return state_ == State::Listening; }
-    bool Closed() const { return state_ == State::Closed; }
+    const std::string& Failure() const { return m_failure; }
+    bool Listening() const { return m_state == State::Listening; }
+    bool Closed() const { return m_state == State::Closed; }
     std::optional<Socket> Accept();
     std::string Receive();
     /// How many bytes went out.
-    std::size_t Send(std::string_view bytes);
+    size_t Send(std::string_view bytes);
     void Close(const std::string& reason = "la conexión está cerrada");
 
 private:
     enum class State { Resolving, Connecting, Connected, Listening, Closed };
 
     Socket(State state, core::FileDescriptor descriptor)
-        : state_(state), descriptor_(std::move(descriptor)) {}
+        : m_state(state), m_descriptor(std::move(descriptor)) {}
 
     void Advance();
     void TryNext();
     void Fail(int code);
 
-    State state_;
-    core::FileDescriptor descriptor_;
-    std::shared_ptr<Lookup> lookup_;
-    std::vector<Address> addresses_; // still to be tried, the next one last
-    std::string failure_;
+    State m_state;
+    core::FileDescriptor m_descriptor;
+    std::shared_ptr<Lookup> m_lookup;
+    std::vector<Address> m_addresses; // still to be tried, the next one last
+    std::string m_failure;
 };
 
 /// A connection that the machine has to the world.
@@ -69,7 +69,7 @@ struct Connection {
 /// The network as the script uses it.
 class Network {
 public:
-    static constexpr std::size_t kMostSockets = 64;
+    static constexpr size_t kMostSockets = 64;
 
     /// Throws ScriptError if too many are open.
     void CheckRoom();
@@ -78,10 +78,10 @@ public:
 
     /// The local one only if there is no other.
     static std::vector<Connection> Connections();
-    std::size_t chosen = 0;
+    size_t chosen = 0;
 
 private:
-    std::vector<std::weak_ptr<Socket>> sockets_;
+    std::vector<std::weak_ptr<Socket>> m_sockets;
 };
 
 } // namespace player

@@ -83,15 +83,15 @@ void FillPlace(Options& options) {
 
 std::variant<Options, Notice> ReadOptions(const std::vector<std::string>& arguments) {
     Options options;
-    bool only_names = false;
+    bool onlyNames = false;
     for (size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
-        if (only_names || !argument.starts_with("-")) {
+        if (onlyNames || !argument.starts_with("-")) {
             if (!options.script.empty())
                 return Wrong("solo se ejecuta un archivo");
             options.script = argument;
         } else if (argument == "--") {
-            only_names = true;
+            onlyNames = true;
         } else if (argument == "--help") {
             return Notice{kHelp};
         } else if (argument == "--version") {

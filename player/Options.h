@@ -14,7 +14,7 @@ struct Options {
     std::filesystem::path script;
     std::filesystem::path folder; // what the script's files are found from
     std::string name;             // of the document, as errors show it
-    std::size_t memory = std::size_t{256} << 20;
+    size_t memory = size_t{256} << 20;
     std::optional<int> frames;
     std::filesystem::path screenshot;
 

@@ -21,9 +21,9 @@ constexpr Pixel kShade = 0xB0000000;
 using Lines = std::vector<std::string>;
 
 // Cuts a text into lines that fit. UTF-8 stays whole.
-Lines Wrap(const std::string& text, std::size_t columns) {
+Lines Wrap(const std::string& text, size_t columns) {
     Lines lines(1);
-    std::size_t used = 0;
+    size_t used = 0;
     for (const char c : ToUtf8(text)) {
         const bool begins = (static_cast<unsigned char>(c) & 0xC0) != 0x80;
         if (c == '\n' || (begins && used == columns)) {
@@ -46,7 +46,7 @@ struct Place {
 
 // Takes apart "name:line: text".
 std::optional<Place> FindPlace(const std::string& message) {
-    for (std::size_t colon = message.find(':'); colon != std::string::npos;
+    for (size_t colon = message.find(':'); colon != std::string::npos;
          colon = message.find(':', colon + 1)) {
         Place place{message.substr(0, colon), 0, {}};
         const char* const end = message.data() + message.size();
@@ -63,25 +63,24 @@ std::optional<Place> FindPlace(const std::string& message) {
 class Writer {
 public:
     Writer(Picture& picture, CellFont& font, int top, int bottom)
-        : picture_(picture), font_(font), y_(top), bottom_(bottom) {}
+        : m_picture(picture), m_font(font), m_y(top), m_bottom(bottom) {}
 
     void Write(const std::string& text, Pixel color) {
-        const auto columns =
-            static_cast<std::size_t>((picture_.width - 2 * kMargin) / CellFont::kCell);
+        const auto columns = static_cast<size_t>((m_picture.width - 2 * kMargin) / CellFont::kCell);
         for (const std::string& line : Wrap(text, columns)) {
-            if (y_ + CellFont::kLine > bottom_)
+            if (m_y + CellFont::kLine > m_bottom)
                 return;
-            font_.Draw(picture_, kMargin, y_, line, color);
-            y_ += CellFont::kLine;
+            m_font.Draw(m_picture, kMargin, m_y, line, color);
+            m_y += CellFont::kLine;
         }
     }
-    void Skip() { y_ += CellFont::kLine / 2; }
+    void Skip() { m_y += CellFont::kLine / 2; }
 
 private:
-    Picture& picture_;
-    CellFont& font_;
-    int y_;
-    int bottom_;
+    Picture& m_picture;
+    CellFont& m_font;
+    int m_y;
+    int m_bottom;
 };
 
 } // namespace
@@ -108,7 +107,7 @@ void DrawPanel(Picture& picture, CellFont& font, const Failure& failure) {
 
 void DrawConsole(Picture& picture, CellFont& font, const std::deque<std::string>& lines) {
     picture.Fill({0, 0, picture.width, picture.height}, kShade);
-    const auto columns = static_cast<std::size_t>((picture.width - 2 * kMargin) / CellFont::kCell);
+    const auto columns = static_cast<size_t>((picture.width - 2 * kMargin) / CellFont::kCell);
     int y = picture.height - kMargin;
     for (auto line = lines.rbegin(); line != lines.rend() && y > 0; ++line) {
         const Lines parts = Wrap(*line, columns);

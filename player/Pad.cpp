@@ -41,7 +41,7 @@ constexpr int kHalfway = 16384;
 
 Buttons HeldOn(SDL_GameController* controller) {
     Buttons held = 0;
-    for (std::size_t i = 0; i < kButtons.size(); ++i) {
+    for (size_t i = 0; i < kButtons.size(); ++i) {
         if (SDL_GameControllerGetButton(controller, kButtons[i].pad) != 0)
             held |= 1U << i;
     }
@@ -59,14 +59,14 @@ std::span<const Button> AllButtons() {
 }
 
 Pad::~Pad() {
-    for (SDL_GameController* controller : controllers_)
+    for (SDL_GameController* controller : m_controllers)
         SDL_GameControllerClose(controller);
 }
 
 void Pad::Key(SDL_Keycode key, bool down) {
-    for (std::size_t i = 0; i < kButtons.size(); ++i) {
+    for (size_t i = 0; i < kButtons.size(); ++i) {
         if (kButtons[i].key == key)
-            keys_ = down ? keys_ | 1U << i : keys_ & ~(1U << i);
+            m_keys = down ? m_keys | 1U << i : m_keys & ~(1U << i);
     }
 }
 
@@ -75,16 +75,16 @@ void Pad::Handle(const SDL_Event& event) {
         const SDL_Keycode key = event.key.keysym.sym;
         Key(key == SDLK_KP_ENTER ? SDLK_RETURN : key, event.type == SDL_KEYDOWN);
     } else if (event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_FOCUS_LOST) {
-        keys_ = 0;
+        m_keys = 0;
     } else if (event.type == SDL_CONTROLLERDEVICEADDED) {
         if (SDL_GameController* controller = SDL_GameControllerOpen(event.cdevice.which))
-            controllers_.push_back(controller);
+            m_controllers.push_back(controller);
     }
 }
 
 Buttons Pad::Held() const {
-    Buttons held = keys_;
-    for (SDL_GameController* controller : controllers_)
+    Buttons held = m_keys;
+    for (SDL_GameController* controller : m_controllers)
         held |= HeldOn(controller);
     return held;
 }

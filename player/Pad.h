@@ -29,8 +29,8 @@ public:
 private:
     void Key(SDL_Keycode key, bool down);
 
-    Buttons keys_ = 0;
-    std::vector<SDL_GameController*> controllers_;
+    Buttons m_keys = 0;
+    std::vector<SDL_GameController*> m_controllers;
 };
 
 } // namespace player

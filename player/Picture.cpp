@@ -18,9 +18,9 @@ Pixel Alpha(Pixel color) {
 inline Pixel OverOpaque(Pixel below, Pixel color) {
     const Pixel alpha = Alpha(color) + (Alpha(color) >> 7);
     const Pixel rest = 256 - alpha;
-    const Pixel red_blue = ((color & kRedBlue) * alpha + (below & kRedBlue) * rest) >> 8 & kRedBlue;
+    const Pixel redBlue = ((color & kRedBlue) * alpha + (below & kRedBlue) * rest) >> 8 & kRedBlue;
     const Pixel green = ((color & kGreen) * alpha + (below & kGreen) * rest) >> 8 & kGreen;
-    return kOpaque | red_blue | green;
+    return kOpaque | redBlue | green;
 }
 
 // Over a pixel that shows through itself: colours count as far as they are seen.
@@ -65,11 +65,11 @@ Pixel Over(Pixel below, Pixel color) {
     return Alpha(below) == 255 ? OverOpaque(below, color) : OverClear(below, color);
 }
 
-Picture::Picture(int wide, int high, bool without_alpha)
+Picture::Picture(int wide, int high, bool withoutAlpha)
     : width(wide),
       height(high),
-      always(without_alpha ? kOpaque : 0),
-      pixels(static_cast<std::size_t>(wide) * static_cast<std::size_t>(high), always) {}
+      always(withoutAlpha ? kOpaque : 0),
+      pixels(static_cast<size_t>(wide) * static_cast<size_t>(high), always) {}
 
 void Picture::Clear(Pixel color) {
     std::fill(pixels.begin(), pixels.end(), color | always);
@@ -95,11 +95,11 @@ void Picture::Line(int x0, int y0, int x1, int y1, Pixel color) {
         std::swap(x0, x1);
         std::swap(y0, y1);
     }
-    const std::int64_t length = std::max(x1 - x0, 1);
+    const int64_t length = std::max(x1 - x0, 1);
     const int last = std::min(x1, (steep ? height : width) - 1);
     for (int x = std::max(x0, 0); x <= last; ++x) {
-        const std::int64_t way = std::int64_t{x - x0} * (y1 - y0);
-        const std::int64_t half = way < 0 ? -length / 2 : length / 2;
+        const int64_t way = int64_t{x - x0} * (y1 - y0);
+        const int64_t half = way < 0 ? -length / 2 : length / 2;
         const int y = y0 + static_cast<int>((way + half) / length);
         const int column = steep ? y : x;
         const int row = steep ? x : y;
@@ -115,8 +115,8 @@ void Picture::Stamp(int x, int y, const Mask& mask, Pixel color) {
     Cut(y, row, rows, height, mask.height);
     for (int j = 0; j < rows; ++j) {
         for (int i = 0; i < columns; ++i) {
-            const std::ptrdiff_t place = std::ptrdiff_t{row + j} * mask.width + column + i;
-            const Pixel alpha = Alpha(color) * mask.coverage[static_cast<std::size_t>(place)] / 255;
+            const ptrdiff_t place = ptrdiff_t{row + j} * mask.width + column + i;
+            const Pixel alpha = Alpha(color) * mask.coverage[static_cast<size_t>(place)] / 255;
             Pixel& target = pixels[Index(x + i, y + j)];
             target = Over(target, (color & ~kOpaque) | alpha << 24);
         }

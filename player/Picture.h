@@ -19,7 +19,7 @@ struct Rect {
 /// Eight-bit coverage of a glyph.
 struct Mask {
     int width = 0, height = 0;
-    std::span<const std::uint8_t> coverage;
+    std::span<const uint8_t> coverage;
 };
 
 /// Pixels and the drawing on them. What lies outside is left out; coordinates may be anything
@@ -27,7 +27,7 @@ struct Mask {
 struct Picture {
     static constexpr const char* kName = "Image";
 
-    Picture(int wide, int high, bool without_alpha = false);
+    Picture(int wide, int high, bool withoutAlpha = false);
 
     bool Contains(int x, int y) const { return x >= 0 && y >= 0 && x < width && y < height; }
     Pixel At(int x, int y) const { return pixels[Index(x, y)]; }
@@ -48,9 +48,8 @@ struct Picture {
     Share share;
 
 private:
-    std::size_t Index(int x, int y) const {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-               static_cast<std::size_t>(x);
+    size_t Index(int x, int y) const {
+        return static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x);
     }
 };
 

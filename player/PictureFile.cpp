@@ -14,7 +14,7 @@
 namespace player {
 namespace {
 
-constexpr std::size_t kMostPiece = std::size_t{kMostSide + 16} * kMostSide * sizeof(Pixel);
+constexpr size_t kMostPiece = size_t{kMostSide + 16} * kMostSide * sizeof(Pixel);
 constexpr int kJpegQuality = 92;
 
 struct FreeSurface {
@@ -42,15 +42,15 @@ void* Reallocate(void* block, size_t size) {
 
 // The largest side that the header tells, before anything is unpacked; 0 if it isn't found. The
 // other kinds are unpacked into one piece, which is limited.
-unsigned Side(const std::string& bytes, std::size_t place) {
+unsigned Side(const std::string& bytes, size_t place) {
     if (place + 2 > bytes.size())
         return 0;
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+    const auto byte = [&](size_t i) { return static_cast<unsigned char>(bytes[i]); };
     return byte(place) * 256U + byte(place + 1);
 }
 
 unsigned JpegSide(const std::string& bytes) {
-    for (std::size_t i = 2; i + 9 < bytes.size();) {
+    for (size_t i = 2; i + 9 < bytes.size();) {
         if (bytes[i] != '\xFF') {
             ++i;
             continue;
@@ -61,7 +61,7 @@ unsigned JpegSide(const std::string& bytes) {
         if (frame)
             return std::max(Side(bytes, i + 5), Side(bytes, i + 7));
         const bool alone = kind == 0xFF || kind <= 1 || (kind >= 0xD0 && kind <= 0xD8);
-        i += alone ? 1 : 2 + std::size_t{Side(bytes, i + 2)};
+        i += alone ? 1 : 2 + size_t{Side(bytes, i + 2)};
     }
     return 0;
 }
@@ -107,9 +107,9 @@ Picture ReadPicture(const std::string& bytes) {
     const Surface surface = Unpack(bytes);
     Picture picture(surface->w, surface->h);
     for (int y = 0; y < picture.height; ++y) {
-        const auto width = static_cast<std::size_t>(picture.width);
-        std::memcpy(picture.pixels.data() + static_cast<std::size_t>(y) * width,
-                    static_cast<const char*>(surface->pixels) + std::ptrdiff_t{y} * surface->pitch,
+        const auto width = static_cast<size_t>(picture.width);
+        std::memcpy(picture.pixels.data() + static_cast<size_t>(y) * width,
+                    static_cast<const char*>(surface->pixels) + ptrdiff_t{y} * surface->pitch,
                     width * sizeof(Pixel));
     }
     return picture;
@@ -119,7 +119,7 @@ std::string WritePicture(const Picture& picture, const std::string& name) {
     auto* const pixels = const_cast<Pixel*>(picture.pixels.data());
     const Surface surface(SDL_CreateRGBSurfaceWithFormatFrom(
         pixels, picture.width, picture.height, 32, picture.width * 4, SDL_PIXELFORMAT_ARGB8888));
-    const std::size_t raw = picture.pixels.size() * sizeof(Pixel);
+    const size_t raw = picture.pixels.size() * sizeof(Pixel);
     std::string bytes(raw + raw / 16 + 65536, '\0'); // more than a packer needs at worst
     const Stream stream(SDL_RWFromMem(bytes.data(), static_cast<int>(bytes.size())));
     const bool jpeg = EndsWith(name, ".jpg") || EndsWith(name, ".jpeg");
@@ -128,7 +128,7 @@ std::string WritePicture(const Picture& picture, const std::string& name) {
                                : IMG_SavePNG_RW(surface.get(), stream.get(), 0);
     if (error != 0)
         throw ScriptError(std::string("no se puede escribir la imagen: ") + SDL_GetError());
-    bytes.resize(static_cast<std::size_t>(SDL_RWtell(stream.get())));
+    bytes.resize(static_cast<size_t>(SDL_RWtell(stream.get())));
     return bytes;
 }
 

@@ -29,35 +29,35 @@ Session::Session(bool headless) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
 }
 
-Screen::Screen(const Options& options, Stage& stage) : stage_(stage) {
+Screen::Screen(const Options& options, Stage& stage) : m_stage(stage) {
     if (options.Headless()) {
-        stage_.Hurry();
-        stage_.LimitFrames(options.frames.value_or(0));
+        m_stage.Hurry();
+        m_stage.LimitFrames(options.frames.value_or(0));
         return;
     }
     const std::string title = options.name + " - luaplayer";
-    window_.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                                   kWidth, kHeight, 0));
-    if (!window_)
+    m_window.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                    kWidth, kHeight, 0));
+    if (!m_window)
         throw std::runtime_error(std::string("no se puede abrir la ventana: ") + SDL_GetError());
 }
 
 void Screen::Run() {
-    while (!stage_.Finished()) {
+    while (!m_stage.Finished()) {
         if (!Pump())
-            return stage_.Stop();
-        if (stage_.Take(shown_.pixels, seen_))
-            stale_ = true;
+            return m_stage.Stop();
+        if (m_stage.Take(m_shown.pixels, m_seen))
+            m_stale = true;
         Present();
     }
-    stage_.Take(shown_.pixels, seen_);
+    m_stage.Take(m_shown.pixels, m_seen);
 }
 
 void Screen::ShowFailure(const Failure& failure) {
-    failure_ = failure;
-    console_ = false;
-    stale_ = true;
-    while (window_ && Pump()) {
+    m_failure = failure;
+    m_console = false;
+    m_stale = true;
+    while (m_window && Pump()) {
         Present();
         SDL_WaitEventTimeout(nullptr, kIdleMilliseconds);
     }
@@ -66,24 +66,24 @@ void Screen::ShowFailure(const Failure& failure) {
 // False when the user wants to end.
 bool Screen::Pump() {
     SDL_Event event;
-    bool goes_on = true;
+    bool goesOn = true;
     while (SDL_PollEvent(&event) != 0)
-        goes_on = Handle(event) && goes_on;
-    stage_.Hold(pad_.Held());
-    return goes_on;
+        goesOn = Handle(event) && goesOn;
+    m_stage.Hold(m_pad.Held());
+    return goesOn;
 }
 
 bool Screen::Handle(const SDL_Event& event) {
-    pad_.Handle(event);
+    m_pad.Handle(event);
     if (event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_EXPOSED)
-        stale_ = true;
+        m_stale = true;
     if (event.type != SDL_KEYDOWN)
         return event.type != SDL_QUIT;
-    stage_.Hold(pad_.Held()); // a press may end in the same moment
+    m_stage.Hold(m_pad.Held()); // a press may end in the same moment
     switch (event.key.keysym.sym) {
     case SDLK_F1:
-        console_ = !console_ && !failure_;
-        stale_ = true;
+        m_console = !m_console && !m_failure;
+        m_stale = true;
         break;
     case SDLK_F2:
         ChangeScale();
@@ -97,35 +97,35 @@ bool Screen::Handle(const SDL_Event& event) {
 }
 
 void Screen::ChangeScale() {
-    if (!window_)
+    if (!m_window)
         return;
-    scale_ = scale_ % kLargestScale + 1;
-    SDL_SetWindowSize(window_.get(), kWidth * scale_, kHeight * scale_);
-    SDL_SetWindowPosition(window_.get(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
-    stale_ = true;
+    m_scale = m_scale % kLargestScale + 1;
+    SDL_SetWindowSize(m_window.get(), kWidth * m_scale, kHeight * m_scale);
+    SDL_SetWindowPosition(m_window.get(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
+    m_stale = true;
 }
 
 void Screen::Compose() {
-    view_.pixels = shown_.pixels;
-    if (failure_)
-        DrawPanel(view_, font_, *failure_);
-    else if (console_)
-        DrawConsole(view_, font_, stage_.Lines());
+    m_view.pixels = m_shown.pixels;
+    if (m_failure)
+        DrawPanel(m_view, m_font, *m_failure);
+    else if (m_console)
+        DrawConsole(m_view, m_font, m_stage.Lines());
 }
 
 void Screen::Present() {
-    const std::size_t printed = stage_.Printed();
-    if (!window_ || (!stale_ && !(console_ && printed != printed_)))
+    const size_t printed = m_stage.Printed();
+    if (!m_window || (!m_stale && !(m_console && printed != m_printed)))
         return;
     Compose();
-    printed_ = printed;
-    SDL_Surface* const target = SDL_GetWindowSurface(window_.get());
+    m_printed = printed;
+    SDL_Surface* const target = SDL_GetWindowSurface(m_window.get());
     SDL_Surface* const source = SDL_CreateRGBSurfaceWithFormatFrom(
-        view_.pixels.data(), kWidth, kHeight, 32, kWidth * 4, SDL_PIXELFORMAT_RGB888);
+        m_view.pixels.data(), kWidth, kHeight, 32, kWidth * 4, SDL_PIXELFORMAT_RGB888);
     if (target && source) {
-        SDL_Rect whole{0, 0, kWidth * scale_, kHeight * scale_};
+        SDL_Rect whole{0, 0, kWidth * m_scale, kHeight * m_scale};
         SDL_BlitScaled(source, nullptr, target, &whole);
-        stale_ = SDL_UpdateWindowSurface(window_.get()) != 0;
+        m_stale = SDL_UpdateWindowSurface(m_window.get()) != 0;
     }
     SDL_FreeSurface(source);
 }
@@ -133,7 +133,7 @@ void Screen::Present() {
 bool Screen::SaveScreenshot(const std::filesystem::path& path) {
     Compose();
     SDL_Surface* const surface = SDL_CreateRGBSurfaceWithFormatFrom(
-        view_.pixels.data(), kWidth, kHeight, 32, kWidth * 4, SDL_PIXELFORMAT_RGB888);
+        m_view.pixels.data(), kWidth, kHeight, 32, kWidth * 4, SDL_PIXELFORMAT_RGB888);
     const bool saved = surface && IMG_SavePNG(surface, path.c_str()) == 0;
     SDL_FreeSurface(surface);
     return saved;

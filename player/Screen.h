@@ -50,18 +50,18 @@ private:
         void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
     };
 
-    Stage& stage_;
-    std::unique_ptr<SDL_Window, Destroy> window_;
-    Pad pad_;
-    CellFont font_;
-    Picture shown_{kWidth, kHeight, true};
-    Picture view_{kWidth, kHeight, true};
-    std::optional<Failure> failure_;
-    std::uint64_t seen_ = 0;
-    std::size_t printed_ = 0;
-    int scale_ = 1;
-    bool console_ = false;
-    bool stale_ = true;
+    Stage& m_stage;
+    std::unique_ptr<SDL_Window, Destroy> m_window;
+    Pad m_pad;
+    CellFont m_font;
+    Picture m_shown{kWidth, kHeight, true};
+    Picture m_view{kWidth, kHeight, true};
+    std::optional<Failure> m_failure;
+    uint64_t m_seen = 0;
+    size_t m_printed = 0;
+    int m_scale = 1;
+    bool m_console = false;
+    bool m_stale = true;
 };
 
 } // namespace player

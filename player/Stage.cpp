@@ -20,100 +20,100 @@ constexpr size_t kLongestLine = 400;
 
 void Stage::Stop() {
     {
-        const std::lock_guard lock(mutex_);
-        stopping_ = true;
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
     }
-    wake_.notify_all();
+    m_wake.notify_all();
 }
 
 bool Stage::WaitUntil(Clock::time_point when) {
-    std::unique_lock lock(mutex_);
-    wake_.wait_until(lock, when, [this] { return stopping_.load(); });
-    return !stopping_;
+    std::unique_lock lock(m_mutex);
+    m_wake.wait_until(lock, when, [this] { return m_stopping.load(); });
+    return !m_stopping;
 }
 
-void Stage::Show(const std::vector<std::uint32_t>& pixels) {
+void Stage::Show(const std::vector<uint32_t>& pixels) {
     {
-        const std::lock_guard lock(mutex_);
-        if (stopping_)
+        const std::lock_guard lock(m_mutex);
+        if (m_stopping)
             return;
-        if (shown_ != pixels) {
-            shown_ = pixels;
-            ++version_;
+        if (m_shown != pixels) {
+            m_shown = pixels;
+            ++m_version;
         }
     }
-    notify_.notify_all();
-    CountFrames(flips_, 1);
+    m_notify.notify_all();
+    CountFrames(m_flips, 1);
 }
 
 // The first whole nanosecond of the frame, so that the next question finds it begun.
 std::chrono::nanoseconds Stage::EndOfFrames(std::chrono::nanoseconds since, int count) {
-    constexpr std::int64_t kSecond = 1'000'000'000;
-    const std::int64_t frame = since.count() * kFramesPerSecond / kSecond + count;
+    constexpr int64_t kSecond = 1'000'000'000;
+    const int64_t frame = since.count() * kFramesPerSecond / kSecond + count;
     return std::chrono::nanoseconds(frame * kSecond / kFramesPerSecond + 1);
 }
 
 void Stage::WaitFrames(int count) {
-    if (!hurry_)
-        WaitUntil(start_ + EndOfFrames(Clock::now() - start_, count));
-    CountFrames(waits_, count);
+    if (!m_hurry)
+        WaitUntil(m_start + EndOfFrames(Clock::now() - m_start, count));
+    CountFrames(m_waits, count);
 }
 
 // Waits count too, for a script that shows nothing; one that does may wait before it shows.
 void Stage::CountFrames(int& counter, int by) {
     counter += std::min(by, kMostFrames - counter);
-    if (limit_ > 0 && (flips_ >= limit_ || waits_ > limit_))
+    if (m_limit > 0 && (m_flips >= m_limit || m_waits > m_limit))
         Stop();
 }
 
 void Stage::Finish() {
     {
-        const std::lock_guard lock(mutex_);
-        finished_ = true;
+        const std::lock_guard lock(m_mutex);
+        m_finished = true;
     }
-    notify_.notify_all();
+    m_notify.notify_all();
 }
 
 void Stage::Hold(Buttons buttons) {
-    pressed_ |= buttons & ~held_;
-    held_ = buttons;
+    m_pressed |= buttons & ~m_held;
+    m_held = buttons;
 }
 
 void Stage::Print(const std::string& text) {
     std::fwrite(text.data(), 1, text.size(), stdout);
     std::fflush(stdout);
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     for (const char c : text) {
-        if (c != '\n' && line_.size() < kLongestLine) {
-            line_ += c;
+        if (c != '\n' && m_line.size() < kLongestLine) {
+            m_line += c;
         } else if (c == '\n') {
-            ++printed_;
-            lines_.push_back(std::move(line_));
-            line_.clear();
-            if (lines_.size() > kLines)
-                lines_.pop_front();
+            ++m_printed;
+            m_lines.push_back(std::move(m_line));
+            m_line.clear();
+            if (m_lines.size() > kLines)
+                m_lines.pop_front();
         }
     }
 }
 
-bool Stage::Take(std::vector<std::uint32_t>& pixels, std::uint64_t& seen) {
-    std::unique_lock lock(mutex_);
-    notify_.wait_for(lock, kMoment, [&] { return seen != version_ || finished_; });
-    if (seen == version_)
+bool Stage::Take(std::vector<uint32_t>& pixels, uint64_t& seen) {
+    std::unique_lock lock(m_mutex);
+    m_notify.wait_for(lock, kMoment, [&] { return seen != m_version || m_finished; });
+    if (seen == m_version)
         return false;
-    pixels = shown_;
-    seen = version_;
+    pixels = m_shown;
+    seen = m_version;
     return true;
 }
 
 bool Stage::WaitFinished(std::chrono::milliseconds most) {
-    std::unique_lock lock(mutex_);
-    return notify_.wait_for(lock, most, [this] { return finished_.load(); });
+    std::unique_lock lock(m_mutex);
+    return m_notify.wait_for(lock, most, [this] { return m_finished.load(); });
 }
 
 std::deque<std::string> Stage::Lines() const {
-    const std::lock_guard lock(mutex_);
-    return lines_;
+    const std::lock_guard lock(m_mutex);
+    return m_lines;
 }
 
 } // namespace player

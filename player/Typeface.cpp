@@ -16,7 +16,7 @@ namespace player {
 namespace {
 
 constexpr int kTallest = 256;
-constexpr std::size_t kKeptBytes = std::size_t{1} << 20;
+constexpr size_t kKeptBytes = size_t{1} << 20;
 constexpr int kTab = 4;
 constexpr int kBaseline = 9; // of a cell
 constexpr std::array kCellPixels = {13, 11};
@@ -50,8 +50,8 @@ std::unique_ptr<Typeface> OpenFile(const std::string& path) {
     return file ? Typeface::Open({std::istreambuf_iterator<char>(file), {}}) : nullptr;
 }
 
-void CopyRow(const FT_Bitmap& bitmap, int row, std::uint8_t* target) {
-    const unsigned char* const from = bitmap.buffer + std::ptrdiff_t{row} * bitmap.pitch;
+void CopyRow(const FT_Bitmap& bitmap, int row, uint8_t* target) {
+    const unsigned char* const from = bitmap.buffer + ptrdiff_t{row} * bitmap.pitch;
     for (unsigned i = 0; i < bitmap.width; ++i) {
         const bool bits = bitmap.pixel_mode == FT_PIXEL_MODE_MONO;
         target[i] = bits ? (from[i / 8] >> (7 - i % 8) & 1) * 255 : from[i];
@@ -70,16 +70,16 @@ void Typeface::Close::operator()(FT_LibraryRec_* library) const {
 
 std::unique_ptr<Typeface> Typeface::Open(std::string bytes) {
     auto face = std::make_unique<Typeface>();
-    face->bytes_ = std::move(bytes);
+    face->m_bytes = std::move(bytes);
     FT_Library library = nullptr;
     if (FT_Init_FreeType(&library) != 0)
         return nullptr;
-    face->library_.reset(library);
+    face->m_library.reset(library);
     FT_Face made = nullptr;
-    if (FT_New_Memory_Face(library, reinterpret_cast<const FT_Byte*>(face->bytes_.data()),
-                           static_cast<FT_Long>(face->bytes_.size()), 0, &made) != 0)
+    if (FT_New_Memory_Face(library, reinterpret_cast<const FT_Byte*>(face->m_bytes.data()),
+                           static_cast<FT_Long>(face->m_bytes.size()), 0, &made) != 0)
         return nullptr;
-    face->face_.reset(made);
+    face->m_face.reset(made);
     return face->SetPixels(0, 16) ? std::move(face) : nullptr;
 }
 
@@ -90,61 +90,61 @@ std::unique_ptr<Typeface> Typeface::OpenSystem(bool monospaced) {
 }
 
 bool Typeface::Sized(int error) {
-    glyphs_.clear();
-    kept_ = 0;
+    m_glyphs.clear();
+    m_kept = 0;
     return error == 0;
 }
 
 bool Typeface::SetPixels(int width, int height) {
     if (width < 0 || height < 0 || width > kTallest || height > kTallest || width + height == 0)
         return false;
-    return Sized(
-        FT_Set_Pixel_Sizes(face_.get(), static_cast<FT_UInt>(width), static_cast<FT_UInt>(height)));
+    return Sized(FT_Set_Pixel_Sizes(m_face.get(), static_cast<FT_UInt>(width),
+                                    static_cast<FT_UInt>(height)));
 }
 
-bool Typeface::SetPoints(double width, double height, int dpi_x, int dpi_y) {
+bool Typeface::SetPoints(double width, double height, int dpiX, int dpiY) {
     const auto pixels = [](double points, int dpi) { return points * (dpi > 0 ? dpi : 72) / 72; };
     const auto fits = [](double size) { return size >= 0 && size <= kTallest; };
-    const double wide = pixels(width, dpi_x > 0 ? dpi_x : dpi_y);
-    const double high = pixels(height, dpi_y > 0 ? dpi_y : dpi_x);
+    const double wide = pixels(width, dpiX > 0 ? dpiX : dpiY);
+    const double high = pixels(height, dpiY > 0 ? dpiY : dpiX);
     if (!fits(wide) || !fits(high) || wide + high <= 0)
         return false;
     return Sized(
-        FT_Set_Char_Size(face_.get(), std::lround(wide * 64), std::lround(high * 64), 0, 0));
+        FT_Set_Char_Size(m_face.get(), std::lround(wide * 64), std::lround(high * 64), 0, 0));
 }
 
 int Typeface::Ascent() const {
-    return Round(face_->size->metrics.ascender);
+    return Round(m_face->size->metrics.ascender);
 }
 
 int Typeface::LineHeight() const {
-    return std::max(1, Round(face_->size->metrics.height));
+    return std::max(1, Round(m_face->size->metrics.height));
 }
 
 Typeface::Glyph Typeface::Render(char32_t c) {
-    if (FT_Load_Char(face_.get(), c, FT_LOAD_RENDER) != 0)
+    if (FT_Load_Char(m_face.get(), c, FT_LOAD_RENDER) != 0)
         return {};
-    const FT_GlyphSlot slot = face_->glyph;
+    const FT_GlyphSlot slot = m_face->glyph;
     const FT_Bitmap& bitmap = slot->bitmap;
     Glyph glyph{slot->bitmap_left, slot->bitmap_top, 0, 0, Round(slot->advance.x), {}};
     if (bitmap.pixel_mode != FT_PIXEL_MODE_GRAY && bitmap.pixel_mode != FT_PIXEL_MODE_MONO)
         return glyph;
     glyph.width = static_cast<int>(bitmap.width);
     glyph.height = static_cast<int>(bitmap.rows);
-    glyph.coverage.resize(std::size_t{bitmap.width} * bitmap.rows);
+    glyph.coverage.resize(size_t{bitmap.width} * bitmap.rows);
     for (int row = 0; row < glyph.height; ++row)
-        CopyRow(bitmap, row, glyph.coverage.data() + std::ptrdiff_t{row} * glyph.width);
+        CopyRow(bitmap, row, glyph.coverage.data() + ptrdiff_t{row} * glyph.width);
     return glyph;
 }
 
 const Typeface::Glyph& Typeface::Find(char32_t c) {
-    if (const auto found = glyphs_.find(c); found != glyphs_.end())
+    if (const auto found = m_glyphs.find(c); found != m_glyphs.end())
         return found->second;
-    if (kept_ > kKeptBytes)
+    if (m_kept > kKeptBytes)
         Sized(0);
     Glyph glyph = Render(c);
-    kept_ += sizeof glyph + glyph.coverage.size();
-    return glyphs_.emplace(c, std::move(glyph)).first->second;
+    m_kept += sizeof glyph + glyph.coverage.size();
+    return m_glyphs.emplace(c, std::move(glyph)).first->second;
 }
 
 TextSize Typeface::Measure(std::u32string_view text) {
@@ -180,16 +180,16 @@ void Typeface::Draw(Picture& picture, int x, int y, std::u32string_view text, Pi
     }
 }
 
-CellFont::CellFont() : face_(Typeface::OpenSystem(true)) {
-    if (face_ && !face_->SetPixels(kCellPixels[0], kCellPixels[1]))
-        face_.reset();
+CellFont::CellFont() : m_face(Typeface::OpenSystem(true)) {
+    if (m_face && !m_face->SetPixels(kCellPixels[0], kCellPixels[1]))
+        m_face.reset();
 }
 
 void CellFont::Draw(Picture& picture, int x, int y, std::string_view text, Pixel color) {
     const std::u32string characters = Decode(text);
-    if (face_)
-        return face_->Draw(picture, x, y + kBaseline, characters, color, kCell);
-    for (std::size_t i = 0; i < characters.size() && x < picture.width; ++i, x += kCell) {
+    if (m_face)
+        return m_face->Draw(picture, x, y + kBaseline, characters, color, kCell);
+    for (size_t i = 0; i < characters.size() && x < picture.width; ++i, x += kCell) {
         if (characters[i] > ' ')
             picture.Fill({x + 1, y + 1, kCell - 2, kCell}, color);
     }

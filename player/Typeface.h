@@ -27,7 +27,7 @@ public:
 
     /// False if the font doesn't have the size. A width of 0 is that of the height.
     bool SetPixels(int width, int height);
-    bool SetPoints(double width, double height, int dpi_x, int dpi_y);
+    bool SetPoints(double width, double height, int dpiX, int dpiY);
 
     int Ascent() const;
     int LineHeight() const;
@@ -38,7 +38,7 @@ public:
 private:
     struct Glyph {
         int left = 0, top = 0, width = 0, height = 0, advance = 0;
-        std::vector<std::uint8_t> coverage;
+        std::vector<uint8_t> coverage;
     };
     struct Close {
         void operator()(FT_FaceRec_* face) const;
@@ -49,11 +49,11 @@ private:
     Glyph Render(char32_t c);
     bool Sized(int error);
 
-    std::string bytes_; // must outlive the face
-    std::unique_ptr<FT_LibraryRec_, Close> library_;
-    std::unique_ptr<FT_FaceRec_, Close> face_;
-    std::unordered_map<char32_t, Glyph> glyphs_;
-    std::size_t kept_ = 0;
+    std::string m_bytes; // must outlive the face
+    std::unique_ptr<FT_LibraryRec_, Close> m_library;
+    std::unique_ptr<FT_FaceRec_, Close> m_face;
+    std::unordered_map<char32_t, Glyph> m_glyphs;
+    size_t m_kept = 0;
 };
 
 /// The player's own characters, in cells of eight points: those of Image:print, the error panel and
@@ -67,7 +67,7 @@ public:
     void Draw(Picture& picture, int x, int y, std::string_view text, Pixel color);
 
 private:
-    std::unique_ptr<Typeface> face_;
+    std::unique_ptr<Typeface> m_face;
 };
 
 } // namespace player

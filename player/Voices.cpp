@@ -8,7 +8,7 @@
 namespace player {
 namespace {
 
-constexpr std::array<std::size_t, 4> kCombFrames = {1499, 1811, 2137, 2503};
+constexpr std::array<size_t, 4> kCombFrames = {1499, 1811, 2137, 2503};
 constexpr float kLongest = 0.85F; // feedback at the highest level
 constexpr float kWet = 0.5F;
 
@@ -28,22 +28,22 @@ Gains GainsOf(const Voices::Settings& settings, const Voices::Levels& levels) {
     return {volume * std::min(1.0F, 1 - side), volume * std::min(1.0F, 1 + side)};
 }
 
-std::int16_t Clamped(float value) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    return static_cast<std::int16_t>(std::clamp<float>(value, Limits::min(), Limits::max()));
+int16_t Clamped(float value) {
+    using Limits = std::numeric_limits<int16_t>;
+    return static_cast<int16_t>(std::clamp<float>(value, Limits::min(), Limits::max()));
 }
 
 } // namespace
 
 void Reverb::Add(std::span<float> bus) {
-    if (combs_.empty())
-        for (const std::size_t frames : kCombFrames)
-            combs_.push_back({std::vector<float>(frames * 2)});
+    if (m_combs.empty())
+        for (const size_t frames : kCombFrames)
+            m_combs.push_back({std::vector<float>(frames * 2)});
     const float part = static_cast<float>(level) / kMost;
-    const float wet = part * kWet / static_cast<float>(combs_.size());
+    const float wet = part * kWet / static_cast<float>(m_combs.size());
     for (float& value : bus) {
         const float dry = value;
-        for (Comb& comb : combs_) {
+        for (Comb& comb : m_combs) {
             float& past = comb.line[comb.at];
             value += past * wet;
             past = dry + past * part * kLongest;
@@ -55,89 +55,89 @@ void Reverb::Add(std::span<float> bus) {
 }
 
 Voices::Id Voices::Start(Sound sound, bool loop) {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     Reap();
-    if (voices_.size() == kMostVoices)
-        voices_.erase(voices_.begin());
+    if (m_voices.size() == kMostVoices)
+        m_voices.erase(m_voices.begin());
     const bool ended = sound->Frames() == 0;
-    voices_.push_back({++last_, std::move(sound), loop, ended, 0, {}});
-    return last_;
+    m_voices.push_back({++m_last, std::move(sound), loop, ended, 0, {}});
+    return m_last;
 }
 
 void Voices::Stop(Id id) {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     if (Voice* const voice = Find(id))
         voice->ended = true;
     Reap();
 }
 
 std::optional<Voices::Settings> Voices::Get(Id id) {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     Reap();
     const Voice* const voice = Find(id);
     return voice ? std::optional(voice->settings) : std::nullopt;
 }
 
 void Voices::Set(Id id, const Settings& settings) {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(m_mutex);
     if (Voice* const voice = Find(id))
         voice->settings = settings;
 }
 
 Voices::Levels Voices::AllLevels() const {
-    const std::lock_guard lock(mutex_);
-    return levels_;
+    const std::lock_guard lock(m_mutex);
+    return m_levels;
 }
 
 void Voices::AllLevels(const Levels& levels) {
-    const std::lock_guard lock(mutex_);
-    levels_ = levels;
-    reverb_.level = levels.reverb;
+    const std::lock_guard lock(m_mutex);
+    m_levels = levels;
+    m_reverb.level = levels.reverb;
 }
 
-void Voices::Mix(std::span<std::int16_t> stream) {
-    const std::lock_guard lock(mutex_);
-    bus_.assign(stream.size() / 2 * 2, 0);
-    for (Voice& voice : voices_)
+void Voices::Mix(std::span<int16_t> stream) {
+    const std::lock_guard lock(m_mutex);
+    m_bus.assign(stream.size() / 2 * 2, 0);
+    for (Voice& voice : m_voices)
         MixVoice(voice);
-    if (levels_.reverb > 0)
-        reverb_.Add(bus_);
-    for (std::size_t i = 0; i < bus_.size(); ++i)
-        stream[i] = Clamped(static_cast<float>(stream[i]) + bus_[i]);
+    if (m_levels.reverb > 0)
+        m_reverb.Add(m_bus);
+    for (size_t i = 0; i < m_bus.size(); ++i)
+        stream[i] = Clamped(static_cast<float>(stream[i]) + m_bus[i]);
 }
 
 void Voices::Reap() {
-    std::erase_if(voices_, [](const Voice& voice) { return voice.ended; });
+    std::erase_if(m_voices, [](const Voice& voice) { return voice.ended; });
 }
 
 Voices::Voice* Voices::Find(Id id) {
-    const auto found = std::find_if(voices_.begin(), voices_.end(),
+    const auto found = std::find_if(m_voices.begin(), m_voices.end(),
                                     [id](const Voice& voice) { return voice.id == id; });
-    return found == voices_.end() ? nullptr : &*found;
+    return found == m_voices.end() ? nullptr : &*found;
 }
 
 // Reads the sound faster or slower, with straight lines between its frames.
 void Voices::MixVoice(Voice& voice) {
-    const std::vector<std::int16_t>& values = voice.sound->values;
-    const std::size_t frames = voice.sound->Frames();
-    const Gains gains = GainsOf(voice.settings, levels_);
+    const std::vector<int16_t>& values = voice.sound->values;
+    const size_t frames = voice.sound->Frames();
+    const Gains gains = GainsOf(voice.settings, m_levels);
     const double step = static_cast<double>(voice.settings.frequency) / kMiddle;
-    for (std::size_t i = 0; i < bus_.size() && !voice.ended; i += 2) {
+    for (size_t i = 0; i < m_bus.size() && !voice.ended; i += 2) {
         if (voice.position >= static_cast<double>(frames)) {
             voice.ended = !voice.loop;
             if (voice.ended)
                 return;
             voice.position = std::fmod(voice.position, static_cast<double>(frames));
         }
-        const auto at = static_cast<std::size_t>(voice.position);
-        const std::size_t next = at + 1 < frames ? at + 1 : (voice.loop ? 0 : at);
+        const auto at = static_cast<size_t>(voice.position);
+        const size_t next = at + 1 < frames ? at + 1 : (voice.loop ? 0 : at);
         const float part = static_cast<float>(voice.position - static_cast<double>(at));
-        const auto between = [&](std::size_t side) {
+        const auto between = [&](size_t side) {
             const float first = values[at * 2 + side];
             return first + part * (static_cast<float>(values[next * 2 + side]) - first);
         };
-        bus_[i] += between(0) * gains.left;
-        bus_[i + 1] += between(1) * gains.right;
+        m_bus[i] += between(0) * gains.left;
+        m_bus[i + 1] += between(1) * gains.right;
         voice.position += step;
     }
 }

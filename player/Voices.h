@@ -17,10 +17,10 @@ constexpr int kSampleRate = 44100;
 
 /// A decoded sound: frames of left and right at kSampleRate.
 struct Samples {
-    std::vector<std::int16_t> values;
+    std::vector<int16_t> values;
     Share share;
 
-    std::size_t Frames() const { return values.size() / 2; }
+    size_t Frames() const { return values.size() / 2; }
 };
 
 /// Each comb gives back what went through it a moment ago, ever softer.
@@ -35,17 +35,17 @@ public:
 private:
     struct Comb {
         std::vector<float> line;
-        std::size_t at = 0;
+        size_t at = 0;
     };
 
-    std::vector<Comb> combs_;
+    std::vector<Comb> m_combs;
 };
 
 /// The sounds that are heard at the same time. The script's thread starts and sets them, the
 /// thread of the sound device mixes. A sound is freed in the script's thread only.
 class Voices {
 public:
-    using Id = std::uint64_t;
+    using Id = uint64_t;
     using Sound = std::shared_ptr<const Samples>;
 
     static constexpr int kMostVolume = 25;
@@ -53,7 +53,7 @@ public:
     static constexpr int kMostFrequency = 255;
     static constexpr int kMiddle = 128;    // of pan; of frequency: the sound's own
     static constexpr int kMostLevel = 128; // of the volume of all, and of the separation
-    static constexpr std::size_t kMostVoices = 32;
+    static constexpr size_t kMostVoices = 32;
 
     struct Settings {
         int volume = kMostVolume;
@@ -76,7 +76,7 @@ public:
     void AllLevels(const Levels& levels);
 
     /// Adds to the frames of left and right.
-    void Mix(std::span<std::int16_t> stream);
+    void Mix(std::span<int16_t> stream);
 
 private:
     struct Voice {
@@ -92,12 +92,12 @@ private:
     Voice* Find(Id id);
     void MixVoice(Voice& voice);
 
-    mutable std::mutex mutex_;
-    std::vector<Voice> voices_;
-    std::vector<float> bus_;
-    Levels levels_;
-    Reverb reverb_;
-    Id last_ = 0;
+    mutable std::mutex m_mutex;
+    std::vector<Voice> m_voices;
+    std::vector<float> m_bus;
+    Levels m_levels;
+    Reverb m_reverb;
+    Id m_last = 0;
 };
 
 } // namespace player

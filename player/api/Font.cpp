@@ -10,9 +10,9 @@ namespace player {
 namespace {
 
 // What a font takes besides its file: FreeType's tables and the glyphs that are kept.
-constexpr std::size_t kOverhead = std::size_t{1} << 20;
-constexpr std::size_t kSystemFile = std::size_t{1} << 20;
-constexpr std::size_t kLongestText = std::size_t{1} << 20;
+constexpr size_t kOverhead = size_t{1} << 20;
+constexpr size_t kSystemFile = size_t{1} << 20;
+constexpr size_t kLongestText = size_t{1} << 20;
 
 struct FontValue {
     static constexpr const char* kName = "Font";

@@ -10,7 +10,7 @@ namespace player {
 namespace {
 
 constexpr Pixel kClear = 0;
-constexpr std::size_t kLongestText = std::size_t{1} << 20; // far beyond what is seen
+constexpr size_t kLongestText = size_t{1} << 20; // far beyond what is seen
 
 void PushPicture(lua_State* L, Picture picture, Share share) {
     picture.share = std::move(share);
@@ -18,8 +18,7 @@ void PushPicture(lua_State* L, Picture picture, Share share) {
 }
 
 Share ReservePixels(lua_State* L, int width, int height) {
-    return Reserve(L, static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
-                          sizeof(Pixel));
+    return Reserve(L, static_cast<size_t>(width) * static_cast<size_t>(height) * sizeof(Pixel));
 }
 
 Rect RectAt(lua_State* L, int index) {

@@ -6,7 +6,7 @@ namespace player {
 namespace {
 
 constexpr int kLastPort = 65535;
-constexpr std::size_t kLongestHost = 255;
+constexpr size_t kLongestHost = 255;
 
 struct Handle {
     static constexpr const char* kName = "Socket";
@@ -94,7 +94,7 @@ int Send(lua_State* L, Player&) {
     Socket& self = Self(L);
     if (self.Listening())
         throw ScriptError("un socket de createServerSocket no envía; el que da accept, sí");
-    const std::size_t count = self.Send(Text(L, 2));
+    const size_t count = self.Send(Text(L, 2));
     if (self.Closed())
         return Refuse(L, self.Failure());
     lua_pushnumber(L, static_cast<lua_Number>(count));

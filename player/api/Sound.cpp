@@ -7,7 +7,7 @@
 namespace player {
 namespace {
 
-constexpr std::size_t kMaxFile = std::size_t{64} << 20;
+constexpr size_t kLargestFile = size_t{64} << 20;
 
 struct Sound {
     static constexpr const char* kName = "Sound";
@@ -24,7 +24,7 @@ struct Voice {
 int LoadSound(lua_State* L, Player& player) {
     const std::string path = Text(L, 1);
     const bool loop = Boolean(L, 2, false);
-    const std::string file = player.folder.Read(path, std::min(kMaxFile, player.memory.Free()));
+    const std::string file = player.folder.Read(path, std::min(kLargestFile, player.memory.Free()));
     Share most = Reserve(L, player.audio.DecodedSize(file));
     auto samples = std::make_shared<Samples>(player.audio.Decode(file, path));
     most = Share();

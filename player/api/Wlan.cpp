@@ -29,10 +29,10 @@ int GetConnectionConfigs(lua_State* L, Player&) {
 // Chooses whose address the script sees; the system chooses the way that data take.
 int UseConnectionConfig(lua_State* L, Player& player) {
     const int number = Integer(L, 1);
-    const std::size_t count = Network::Connections().size();
-    if (number < 1 || static_cast<std::size_t>(number) > count)
+    const size_t count = Network::Connections().size();
+    if (number < 1 || static_cast<size_t>(number) > count)
         BadArgument(L, 1, "el número de una conexión (hay " + std::to_string(count) + ")");
-    player.network.chosen = static_cast<std::size_t>(number) - 1;
+    player.network.chosen = static_cast<size_t>(number) - 1;
     lua_pushboolean(L, 1);
     return 1;
 }

@@ -7,7 +7,7 @@
 namespace player {
 namespace {
 
-using Frames = std::vector<std::int16_t>;
+using Frames = std::vector<int16_t>;
 
 Voices::Sound Made(Frames values) {
     auto samples = std::make_shared<Samples>();
@@ -15,7 +15,7 @@ Voices::Sound Made(Frames values) {
     return samples;
 }
 
-Frames Mixed(Voices& voices, std::size_t frames) {
+Frames Mixed(Voices& voices, size_t frames) {
     Frames stream(frames * 2);
     voices.Mix(stream);
     return stream;
@@ -49,7 +49,7 @@ TEST(VoicesTest, AreBoundedAndRingOn) {
     Voices voices;
     const auto first = voices.Start(Made(Frames(200, 30000)), true);
     EXPECT_FALSE(voices.Get(voices.Start(Made({}), true)));
-    for (std::size_t i = 1; i < Voices::kMostVoices; ++i)
+    for (size_t i = 1; i < Voices::kMostVoices; ++i)
         voices.Start(Made(Frames(200, 30000)), false);
     EXPECT_EQ(Mixed(voices, 1)[0], 32767);
     EXPECT_TRUE(voices.Get(first));
@@ -64,9 +64,9 @@ TEST(VoicesTest, AreBoundedAndRingOn) {
 }
 
 // A byte per frame.
-std::string Wave(std::uint32_t rate, std::uint32_t frames) {
+std::string Wave(uint32_t rate, uint32_t frames) {
     std::string wave = "RIFF";
-    const std::pair<std::uint32_t, const char*> words[] = {
+    const std::pair<uint32_t, const char*> words[] = {
         {frames + 36, "WAVEfmt "}, {16, ""},    {0x10001, ""}, {rate, ""}, {rate, ""},
         {0x80001, "data"},         {frames, ""}};
     for (const auto& [word, text] : words)
