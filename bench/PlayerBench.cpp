@@ -4,6 +4,7 @@
 // beat. Sprites: any alpha at any pixel, and a disc with a soft edge. All run by turns; medians
 // count.
 #include "player/LuaHost.h"
+#include "player/api/Api.h"
 
 #include <SDL.h>
 #include <algorithm>
@@ -67,7 +68,7 @@ double Ours(const std::string& script) {
         Player player(options);
         player.stage.Hurry();
         player.stage.LimitFrames(frames);
-        LuaHost host(player);
+        LuaHost host(player, &OpenLibraries);
         const auto start = std::chrono::steady_clock::now();
         if (const auto failure = host.Run(script, "bench"))
             std::printf("%s\n", failure->message.c_str());

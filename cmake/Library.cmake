@@ -2,8 +2,8 @@
 
 # quillmark_library(<folder> [WINDOWS] [USES <folder>...] [LINKS <target>...])
 #
-# The static library of a folder below src, with every source that lies in it, as the target
-# quillmark_<folder> with _ for /. USES names the folders whose headers it may include; to all others
+# The static library of a folder below src, or of one of the player's, with every source that lies in
+# it but main.cpp, as the target quillmark_<folder> with _ for /. USES names the folders whose headers it may include; to all others
 # it has no way, since each library brings an include folder of its own that leads to its headers and
 # to nothing beside or above them. WINDOWS: some of it has signals, slots or a form of the designer.
 function(quillmark_library folder)
@@ -11,6 +11,7 @@ function(quillmark_library folder)
   string(REPLACE "/" "_" name "quillmark_${folder}")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp"
     "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   add_library(${name} STATIC ${sources})
   if(arg_WINDOWS)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)

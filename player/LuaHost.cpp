@@ -2,7 +2,6 @@
 #include "player/LuaHost.h"
 
 #include "core/TextMarks.h"
-#include "player/api/Api.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -141,7 +140,7 @@ Failure Describe(lua_State* L, Player& player, int status, const std::string& na
 }
 
 int Open(lua_State* L) {
-    OpenLibraries(L, PlayerOf(L));
+    (*static_cast<LibraryOpener*>(lua_touserdata(L, 1)))(L, PlayerOf(L));
     return 0;
 }
 
@@ -198,12 +197,13 @@ void Load(lua_State* L, std::string_view source, const std::string& name) {
         throw ScriptError(lua_tostring(L, -1));
 }
 
-LuaHost::LuaHost(Player& player) : m_player(player), m_state(lua_newstate(&Allocate, &player)) {
+LuaHost::LuaHost(Player& player, LibraryOpener openLibraries)
+    : m_player(player), m_state(lua_newstate(&Allocate, &player)) {
     if (!m_state)
         throw std::bad_alloc();
     m_player.lua = m_state;
     ++m_player.memory.native;
-    lua_cpcall(m_state, &Open, nullptr);
+    lua_cpcall(m_state, &Open, &openLibraries);
     --m_player.memory.native;
     lua_sethook(m_state, Look, LUA_MASKCOUNT, kStepsBetweenLooks);
 }

@@ -11,10 +11,13 @@
 
 namespace player {
 
+/// Gives a new state the libraries that its script may use.
+using LibraryOpener = void (*)(lua_State*, Player&);
+
 /// The Lua state of a script. Runs in the script's thread only.
 class LuaHost {
 public:
-    explicit LuaHost(Player& player);
+    LuaHost(Player& player, LibraryOpener openLibraries);
     ~LuaHost();
     LuaHost(const LuaHost&) = delete;
     LuaHost& operator=(const LuaHost&) = delete;

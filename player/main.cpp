@@ -3,6 +3,7 @@
 #include "player/Options.h"
 #include "player/Player.h"
 #include "player/Screen.h"
+#include "player/api/Api.h"
 
 #include <SDL_thread.h>
 #include <chrono>
@@ -48,7 +49,7 @@ int RunScript(const Options& options) {
     Screen screen(options, player.stage);
     std::optional<Failure> failure;
     std::thread script([&] {
-        LuaHost(player).Run(*source, options.name).swap(failure);
+        LuaHost(player, &OpenLibraries).Run(*source, options.name).swap(failure);
         SDL_TLSCleanup();
         player.stage.Finish();
     });

@@ -133,13 +133,12 @@ void OpenLua(lua_State* L) {
 } // namespace
 
 void OpenLibraries(lua_State* L, Player& player) {
-    using Opener = void (*)(lua_State*, Player&);
-    constexpr Opener kOpeners[] = {
+    constexpr LibraryOpener kOpeners[] = {
         &OpenColor,  &OpenImage, &OpenScreen, &OpenFont, &OpenControls,
         &OpenSystem, &OpenMusic, &OpenSound,  &OpenWlan, &OpenSocket,
     };
     OpenLua(L);
-    for (const Opener open : kOpeners) {
+    for (const LibraryOpener open : kOpeners) {
         open(L, player);
         lua_settop(L, 0);
     }

@@ -3,6 +3,7 @@
 
 #include "player/LuaHost.h"
 #include "player/Player.h"
+#include "player/api/Api.h"
 
 #include <gtest/gtest.h>
 
@@ -27,7 +28,7 @@ protected:
 
     // The error of the script, or nothing.
     std::string Run(const std::string& source) {
-        failure = LuaHost(player).Run(source, player.options.name);
+        failure = LuaHost(player, &OpenLibraries).Run(source, player.options.name);
         return failure ? failure->message : "";
     }
     // A failed assert tells the script's line.
