@@ -4,6 +4,8 @@
 // beat. Sprites: any alpha at any pixel, and a disc with a soft edge. All run by turns; medians
 // count.
 #include "player/LuaHost.h"
+#include "player/Options.h"
+#include "player/Stage.h"
 #include "player/api/Api.h"
 
 #include <SDL.h>
@@ -12,6 +14,8 @@
 #include <cmath>
 #include <cstdio>
 #include <random>
+#include <string>
+#include <vector>
 
 namespace {
 

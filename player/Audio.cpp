@@ -4,7 +4,9 @@
 #include "player/ScriptError.h"
 
 #include <SDL.h>
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 

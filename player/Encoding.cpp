@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <optional>
+#include <utility>
 
 namespace player {
 namespace {

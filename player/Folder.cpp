@@ -14,6 +14,7 @@
 #include <array>
 #include <cerrno>
 #include <memory>
+#include <utility>
 
 namespace player {
 namespace {

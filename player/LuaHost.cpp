@@ -2,9 +2,14 @@
 #include "player/LuaHost.h"
 
 #include "core/TextMarks.h"
+#include "player/Memory.h"
+#include "player/ScriptError.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <exception>
+#include <new>
+#include <string_view>
 #include <utility>
 
 namespace player {

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "player/Failure.h"
+#include "player/Memory.h"
 #include "player/Player.h"
-#include "player/ScriptError.h"
 
 #include <lua.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace player {
 

@@ -15,9 +15,12 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <mutex>
+#include <system_error>
 #include <thread>
+#include <utility>
 
 namespace player {
 

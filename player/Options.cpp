@@ -5,6 +5,7 @@
 
 #include <charconv>
 #include <cstdlib>
+#include <system_error>
 
 namespace player {
 namespace {

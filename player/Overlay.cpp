@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Overlay.h"
 
+#include "player/Color.h"
 #include "player/Encoding.h"
+#include "player/Picture.h"
 
-#include <algorithm>
 #include <charconv>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
 
 namespace player {
 namespace {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "player/Failure.h"
+#include "player/Picture.h"
 #include "player/Typeface.h"
 
 #include <deque>
+#include <string>
 
 namespace player {
 

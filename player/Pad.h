@@ -5,6 +5,7 @@
 
 #include <SDL.h>
 #include <span>
+#include <vector>
 
 namespace player {
 

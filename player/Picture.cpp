@@ -2,7 +2,9 @@
 #include "player/Picture.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 namespace player {
 namespace {

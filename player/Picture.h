@@ -5,6 +5,7 @@
 #include "player/Memory.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/PictureFile.h"
 
+#include "player/Color.h"
 #include "player/ScriptError.h"
 
 #include <SDL.h>
@@ -10,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 namespace player {
 namespace {

@@ -9,6 +9,10 @@
 #include "player/Stage.h"
 #include "player/Typeface.h"
 
+#include <filesystem>
+#include <string>
+#include <utility>
+
 struct lua_State;
 
 namespace player {

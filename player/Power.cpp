@@ -5,6 +5,8 @@
 #include <cmath>
 #include <fstream>
 #include <string>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 namespace player {

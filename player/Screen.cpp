@@ -6,7 +6,9 @@
 
 #include <SDL_image.h>
 #include <cstring>
+#include <filesystem>
 #include <stdexcept>
+#include <string>
 
 namespace player {
 namespace {

@@ -9,6 +9,8 @@
 #include "player/Typeface.h"
 
 #include <SDL.h>
+#include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Typeface.h"
 
+#include "player/Color.h"
 #include "player/Encoding.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <fontconfig/fontconfig.h>
 #include <fstream>
 #include <ft2build.h>
 #include <iterator>
+#include <utility>
 #include FT_FREETYPE_H
 
 namespace player {

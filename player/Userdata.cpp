@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Userdata.h"
 
+#include "player/ScriptError.h"
+
 #include <algorithm>
+#include <cmath>
+#include <string_view>
 
 namespace player {
 namespace {

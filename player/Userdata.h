@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "player/LuaHost.h"
-
-#include <cmath>
+#include <lua.hpp>
 #include <new>
 #include <string>
 #include <utility>

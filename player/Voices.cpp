@@ -2,8 +2,10 @@
 #include "player/Voices.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace player {
 namespace {

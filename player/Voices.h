@@ -3,7 +3,6 @@
 
 #include "player/Memory.h"
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <mutex>

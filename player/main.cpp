@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/Failure.h"
 #include "player/LuaHost.h"
 #include "player/Options.h"
 #include "player/Player.h"
 #include "player/Screen.h"
+#include "player/Stage.h"
 #include "player/api/Api.h"
 
 #include <SDL_thread.h>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
+#include <string>
 #include <thread>
+#include <variant>
 
 namespace {
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/api/Api.h"
 
+#include "player/LuaHost.h"
+#include "player/ScriptError.h"
 #include "player/Userdata.h"
 
 #include <array>
-#include <cstdio>
+#include <string>
 
 namespace player {
 namespace {

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/api/Files.h"
 
+#include "core/FileDescriptor.h"
+#include "player/Folder.h"
+#include "player/LuaHost.h"
+#include "player/ScriptError.h"
 #include "player/Userdata.h"
 
 #include <array>
 #include <cstdio>
 #include <fcntl.h>
 #include <random>
+#include <string>
 
 namespace player {
 namespace {

@@ -1,10 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Typeface.h"
 
+#include "player/Color.h"
 #include "player/Encoding.h"
+#include "player/LuaHost.h"
+#include "player/Memory.h"
+#include "player/Picture.h"
+#include "player/ScriptError.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
 #include "player/api/Image.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
 
 namespace player {
 namespace {

@@ -1,10 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/api/Image.h"
 
+#include "player/Color.h"
+#include "player/LuaHost.h"
+#include "player/Memory.h"
 #include "player/PictureFile.h"
-#include "player/Typeface.h"
+#include "player/ScriptError.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
 
 namespace player {
 namespace {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "player/Color.h"
 #include "player/Picture.h"
 
 #include <lua.hpp>

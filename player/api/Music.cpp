@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/Audio.h"
+#include "player/LuaHost.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
 
 #include <algorithm>
+#include <string>
 
 namespace player {
 namespace {

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/LuaHost.h"
+#include "player/Picture.h"
+#include "player/Stage.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
 #include "player/api/Image.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace player {
 namespace {

@@ -1,6 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/LuaHost.h"
+#include "player/Network.h"
+#include "player/ScriptError.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace player {
 namespace {

@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/LuaHost.h"
+#include "player/Memory.h"
 #include "player/Userdata.h"
+#include "player/Voices.h"
 #include "player/api/Api.h"
 
 #include <algorithm>
+#include <memory>
+#include <string>
+#include <utility>
 
 namespace player {
 namespace {

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/Folder.h"
+#include "player/LuaHost.h"
 #include "player/Power.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
 #include "player/api/Files.h"
 
 #include <cstdio>
+#include <string>
+#include <string_view>
 
 namespace player {
 namespace {

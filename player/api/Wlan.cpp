@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/LuaHost.h"
+#include "player/Network.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
 
 namespace player {
 namespace {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Script.h"
+#include "player/Stage.h"
 
 #include <SDL.h>
 

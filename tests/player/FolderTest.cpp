@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/Folder.h"
 #include "Script.h"
 
 #include <atomic>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Script.h"
+#include "player/Picture.h"
 #include "player/PictureFile.h"
+#include "player/Stage.h"
 
 #include <sys/wait.h>
 

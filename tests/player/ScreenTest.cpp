@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Screen.h"
 
+#include "player/Color.h"
 #include "player/Encoding.h"
 #include "player/Overlay.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <functional>
 #include <thread>
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "player/Failure.h"
 #include "player/LuaHost.h"
+#include "player/Options.h"
 #include "player/Player.h"
 #include "player/api/Api.h"
 
