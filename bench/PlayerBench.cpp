@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A script's 10,000 Image:blit of 32 x 32 with alpha in a frame against the same blits of SDL's own
-// software renderer, onto a target with alpha and one without; the faster of these is the one to
-// beat. Sprites: any alpha at any pixel, and a disc with a soft edge. All run by turns; medians
-// count.
+// software renderer, onto a target with alpha and one without, of which the faster counts. Sprites:
+// random pixels with random alpha, and a disc with a soft edge. All run by turns; the medians are
+// compared.
 #include "player/LuaHost.h"
 #include "player/Options.h"
 #include "player/Stage.h"

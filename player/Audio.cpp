@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kBytesPerFrame = 4;
 constexpr int kFramesPerBlock = 1024;
-// The most that the kinds of files whose length nobody tells can grow.
+// How many times their size files can grow whose length SDL_mixer doesn't tell.
 constexpr size_t kGrowth = 48;
 
 void MixVoices(void* voices, Uint8* stream, int bytes) {

@@ -10,8 +10,8 @@
 
 namespace player {
 
-/// The sound device, opened by the first sound. Without one everything goes on in silence, which
-/// is said once.
+/// SDL_mixer's sound device, opened by the first sound. Without a device there is silence, which is
+/// said once on stderr.
 class Audio {
 public:
     static constexpr int kMostMusicVolume = MIX_MAX_VOLUME;
@@ -23,7 +23,7 @@ public:
 
     Voices voices;
 
-    /// How many bytes Decode will give, before it takes them.
+    /// How many bytes the samples of Decode will take, estimated without decoding.
     size_t DecodedSize(const std::string& file);
     /// Throws ScriptError if it isn't a sound.
     Samples Decode(const std::string& file, const std::string& name);

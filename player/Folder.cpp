@@ -26,7 +26,7 @@ constexpr int kAttempts = 64;
 constexpr int kFilePermissions = 0644;
 constexpr int kFolderPermissions = 0755;
 
-// What a script's folder means by these.
+// Texts of a script's folder, in place of the general ones.
 constexpr std::array kErrors = {
     core::ErrorText{ENOTDIR, "no es una carpeta"},
     core::ErrorText{EINVAL, "no es un nombre válido"},

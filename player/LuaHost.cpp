@@ -17,11 +17,12 @@ namespace {
 
 constexpr int kStepsBetweenLooks = 10000;
 
-// The end of the script asked for: this one error passes through every pcall of the script,
-// because the next step of whoever caught it raises it again.
+// Raises the error that ends the script. A pcall of the script can't hold it up: the hook stays
+// set, and raises it again at the next instruction.
 int Interrupt(lua_State* L);
 
-// Lua's collector would wait until its memory has doubled, though there may not be as much.
+// By default Lua's collector starts when its memory has doubled, which may be more than there is:
+// the less is free, the sooner it starts.
 void TightenCollector(lua_State* L) {
     constexpr size_t kUsual = 200; // percent
     const auto used = static_cast<size_t>(lua_gc(L, LUA_GCCOUNT, 0)) + 1;
@@ -43,7 +44,7 @@ int Interrupt(lua_State* L) {
     return lua_error(L);
 }
 
-// Lua tells no line when memory is short. Takes no memory of Lua's.
+// Notes the line, which Lua doesn't tell when memory is short. Takes no memory of Lua's itself.
 void NoteRefusal(Player& player) {
     lua_Debug call{};
     for (int level = 0; player.lua && lua_getstack(player.lua, level, &call) != 0; ++level) {
@@ -79,7 +80,8 @@ void* Allocate(void* data, void* block, size_t before, size_t after) {
 
 enum class Outcome { Returned, Failed, Ended };
 
-// No Lua error may leave this, and no object with a destructor may be in Guarded.
+// A Lua error is a longjmp: none may leave this, and Guarded, which raises it, may hold no object
+// with a destructor.
 Outcome Run(lua_State* L, Player& player, Function function, int& results) {
     ++player.memory.native;
     Outcome outcome = Outcome::Returned;
@@ -102,6 +104,7 @@ Outcome Run(lua_State* L, Player& player, Function function, int& results) {
     return outcome;
 }
 
+// The handler of Run's pcall: the error's text becomes a table of that and the traceback.
 int Trace(lua_State* L) {
     lua_settop(L, 1);
     if (!lua_isstring(L, 1)) {

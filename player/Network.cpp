@@ -35,7 +35,7 @@ namespace {
 constexpr int kMostLookups = 8;
 constexpr int kBacklog = 16;
 
-// What a connection means by these.
+// Texts of connections, in place of the general ones.
 constexpr std::array kErrors = {
     core::ErrorText{EACCES, "no hay permiso para ese puerto"},
     core::ErrorText{EMFILE, "hay demasiadas conexiones abiertas"},

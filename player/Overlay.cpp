@@ -64,7 +64,7 @@ std::optional<Place> FindPlace(const std::string& message) {
     return std::nullopt;
 }
 
-// Writes lines downwards while there is room, and tells where it ended.
+// Writes lines downwards while there is room.
 class Writer {
 public:
     Writer(Picture& picture, CellFont& font, int top, int bottom)

@@ -19,7 +19,7 @@ struct Button {
 /// In the order of the bits of Buttons.
 std::span<const Button> AllButtons();
 
-/// The buttons held with the keyboard and all game pads.
+/// The buttons held with the keyboard and all of SDL's game controllers.
 class Pad {
 public:
     ~Pad();

@@ -16,7 +16,7 @@ Pixel Alpha(Pixel color) {
     return color >> 24;
 }
 
-// Over an opaque pixel. Red and blue are reckoned at once.
+// Over an opaque pixel. Red and blue are computed in one go.
 inline Pixel OverOpaque(Pixel below, Pixel color) {
     const Pixel alpha = Alpha(color) + (Alpha(color) >> 7);
     const Pixel rest = 256 - alpha;
@@ -25,8 +25,8 @@ inline Pixel OverOpaque(Pixel below, Pixel color) {
     return kOpaque | redBlue | green;
 }
 
-// Over a pixel that shows through itself: colours count as far as they are seen.
-Pixel OverClear(Pixel below, Pixel color) {
+// Over a translucent pixel: each colour is weighted by what is seen of it.
+Pixel OverTranslucent(Pixel below, Pixel color) {
     const Pixel front = Alpha(color) * 255;
     const Pixel back = Alpha(below) * (255 - Alpha(color));
     const Pixel all = front + back;
@@ -43,14 +43,14 @@ void BlendRow(Pixel* target, const Pixel* source, int count) {
         target[i] = Over(target[i], source[i]);
 }
 
-// Without branches, for the compiler to do several at once.
+// Without branches, for the compiler to vectorise.
 void BlendRowOpaque(Pixel* __restrict target, const Pixel* __restrict source, int count) {
     for (int i = 0; i < count; ++i)
         target[i] = OverOpaque(target[i], source[i]);
 }
 
-// Cuts a span that starts at a place of the target to what both have.
-void Cut(int& place, int& start, int& length, int target, int source) {
+// Clips a span that goes from `start` of a source to `place` of a target to the sizes of both.
+void Clip(int& place, int& start, int& length, int target, int source) {
     const int before = std::max({0, -place, -start});
     place += before;
     start += before;
@@ -64,7 +64,7 @@ Pixel Over(Pixel below, Pixel color) {
         return color;
     if (Alpha(color) == 0)
         return below;
-    return Alpha(below) == 255 ? OverOpaque(below, color) : OverClear(below, color);
+    return Alpha(below) == 255 ? OverOpaque(below, color) : OverTranslucent(below, color);
 }
 
 Picture::Picture(int wide, int high, bool withoutAlpha)
@@ -113,8 +113,8 @@ void Picture::Line(int x0, int y0, int x1, int y1, Pixel color) {
 void Picture::Stamp(int x, int y, const Mask& mask, Pixel color) {
     int row = 0, column = 0;
     int rows = mask.height, columns = mask.width;
-    Cut(x, column, columns, width, mask.width);
-    Cut(y, row, rows, height, mask.height);
+    Clip(x, column, columns, width, mask.width);
+    Clip(y, row, rows, height, mask.height);
     for (int j = 0; j < rows; ++j) {
         for (int i = 0; i < columns; ++i) {
             const ptrdiff_t place = ptrdiff_t{row + j} * mask.width + column + i;
@@ -126,25 +126,25 @@ void Picture::Stamp(int x, int y, const Mask& mask, Pixel color) {
 }
 
 void Picture::Blit(int x, int y, const Picture& source, const Rect& part, bool blend) {
-    Rect cut = part;
-    Cut(x, cut.x, cut.width, width, source.width);
-    Cut(y, cut.y, cut.height, height, source.height);
-    if (cut.width <= 0 || cut.height <= 0)
+    Rect clipped = part;
+    Clip(x, clipped.x, clipped.width, width, source.width);
+    Clip(y, clipped.y, clipped.height, height, source.height);
+    if (clipped.width <= 0 || clipped.height <= 0)
         return;
     if (&source == this) { // the parts may lie over each other
-        Picture copy(cut.width, cut.height);
-        copy.Blit(0, 0, source, cut, false);
-        return Blit(x, y, copy, {0, 0, cut.width, cut.height}, blend);
+        Picture copy(clipped.width, clipped.height);
+        copy.Blit(0, 0, source, clipped, false);
+        return Blit(x, y, copy, {0, 0, clipped.width, clipped.height}, blend);
     }
-    for (int row = 0; row < cut.height; ++row) {
-        const Pixel* const from = &source.pixels[source.Index(cut.x, cut.y + row)];
+    for (int row = 0; row < clipped.height; ++row) {
+        const Pixel* const from = &source.pixels[source.Index(clipped.x, clipped.y + row)];
         Pixel* const to = &pixels[Index(x, y + row)];
         if (blend && always)
-            BlendRowOpaque(to, from, cut.width);
+            BlendRowOpaque(to, from, clipped.width);
         else if (blend)
-            BlendRow(to, from, cut.width);
+            BlendRow(to, from, clipped.width);
         else
-            std::transform(from, from + cut.width, to, [this](Pixel p) { return p | always; });
+            std::transform(from, from + clipped.width, to, [this](Pixel p) { return p | always; });
     }
 }
 

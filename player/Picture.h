@@ -23,7 +23,7 @@ struct Mask {
     std::span<const uint8_t> coverage;
 };
 
-/// Pixels and the drawing on them. What lies outside is left out; coordinates may be anything
+/// Pixels and the drawing on them, which is clipped to the picture; coordinates may be anything
 /// within what Integer of Userdata.h gives.
 struct Picture {
     static constexpr const char* kName = "Image";

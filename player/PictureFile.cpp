@@ -42,8 +42,7 @@ void* Reallocate(void* block, size_t size) {
     return size > kMostPiece ? nullptr : std::realloc(block, size);
 }
 
-// The largest side that the header tells, before anything is unpacked; 0 if it isn't found. The
-// other kinds are unpacked into one piece, which is limited.
+// The big-endian number of two bytes; 0 behind the end.
 unsigned Side(const std::string& bytes, size_t place) {
     if (place + 2 > bytes.size())
         return 0;
@@ -51,6 +50,8 @@ unsigned Side(const std::string& bytes, size_t place) {
     return byte(place) * 256U + byte(place + 1);
 }
 
+// JpegSide and PngSide give the larger side that the header tells, before anything is unpacked; 0
+// if it isn't found. BMP and GIF are unpacked into one piece of memory, which LimitPieces limits.
 unsigned JpegSide(const std::string& bytes) {
     for (size_t i = 2; i + 9 < bytes.size();) {
         if (bytes[i] != '\xFF') {

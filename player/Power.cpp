@@ -19,7 +19,7 @@ constexpr double kSecondsPerMinute = 60;
 constexpr double kMicro = 1e6;
 constexpr double kMostMinutes = 60.0 * 24 * 365;
 
-// One folder of the power supplies, with a file for each value.
+// The folder of one battery or mains supply, with a file for each value.
 struct Supply {
     fs::path folder;
 

@@ -5,7 +5,7 @@
 
 namespace player {
 
-/// How the machine is fed. Without a battery it's on mains, with full charge.
+/// The machine's power supply. Without a battery it's on mains, with full charge.
 struct Power {
     enum class Charging { No, Yes, Full };
 
@@ -22,7 +22,8 @@ struct Power {
     static constexpr int kLow = 10;
 };
 
-/// Reads the files that the system keeps of its power supplies.
+/// Reads the files below /sys/class/power_supply, or a folder laid out like it (the kernel's
+/// Documentation/ABI/testing/sysfs-class-power).
 Power ReadPower(const std::filesystem::path& folder);
 
 } // namespace player

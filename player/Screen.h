@@ -16,7 +16,7 @@
 
 namespace player {
 
-/// SDL, from before the first of what stands on it to after the last.
+/// SDL, initialised for as long as this lives: the window and its game pads must be gone before.
 class Session {
 public:
     /// Throws std::runtime_error if there is no display.
@@ -26,7 +26,7 @@ public:
     Session& operator=(const Session&) = delete;
 };
 
-/// The window, or what stands for it when there is none.
+/// The player's SDL window. Headless it has none and keeps the picture for the screenshot.
 class Screen {
 public:
     /// Throws std::runtime_error.

@@ -20,12 +20,12 @@ struct TextSize {
     int width = 0, height = 0;
 };
 
-/// A font at a size. Of use to one thread at a time; different ones don't meet.
+/// A font of FreeType's at a size. One thread at a time may use it; two fonts share nothing.
 class Typeface {
 public:
     /// Null if the bytes are no font.
     static std::unique_ptr<Typeface> Open(std::string bytes);
-    /// One that the system has; null if it has none.
+    /// One that the system has, as fontconfig finds it; null if it has none.
     static std::unique_ptr<Typeface> OpenSystem(bool monospaced);
 
     /// False if the font doesn't have the size. A width of 0 is that of the height.

@@ -118,7 +118,7 @@ Voices::Voice* Voices::Find(Id id) {
     return found == m_voices.end() ? nullptr : &*found;
 }
 
-// Reads the sound faster or slower, with straight lines between its frames.
+// Resamples the sound to its frequency, with linear interpolation between its frames.
 void Voices::MixVoice(Voice& voice) {
     const std::vector<int16_t>& values = voice.sound->values;
     const size_t frames = voice.sound->Frames();

@@ -22,13 +22,14 @@ struct Samples {
     size_t Frames() const { return values.size() / 2; }
 };
 
-/// Each comb gives back what went through it a moment ago, ever softer.
+/// A reverb of parallel comb filters, which differ in their delay.
 class Reverb {
 public:
     static constexpr int kMost = 15;
 
     int level = 0;
 
+    /// Adds the echoes to the frames of left and right.
     void Add(std::span<float> bus);
 
 private:

@@ -37,7 +37,7 @@ void Report(const Failure& failure) {
     std::fprintf(stderr, "%s\n%s\n", failure.message.c_str(), failure.traceback.c_str());
 }
 
-// What the script does is left to itself if it doesn't end soon: it may be in a long function.
+// A script that doesn't end soon isn't waited for: it may be in a long function of Lua's.
 void Join(std::thread& thread, Stage& stage) {
     constexpr std::chrono::milliseconds kPatience{300};
     if (!stage.WaitFinished(kPatience))

@@ -18,8 +18,8 @@ constexpr luaL_Reg kLuaLibraries[] = {
     {LUA_MATHLIBNAME, luaopen_math},
 };
 
-// What reads files or compiled programs, and what would let a script run its own code while
-// memory is freed.
+// What reads files or compiled programs, and newproxy, whose __gc would run code of the script
+// while memory is freed.
 constexpr std::array kRemoved = {"newproxy", "loadfile", "dofile", "load", "loadstring"};
 
 int Print(lua_State* L, Player& player) {
@@ -65,7 +65,7 @@ int Original(lua_State* L) {
     return lua_tocfunction(L, lua_upvalueindex(1))(L);
 }
 
-// Lua matches as deep in the machine's stack as the pattern is long, and doesn't watch it.
+// Lua's matcher recurses on the C stack as deep as the pattern is long.
 template<bool find>
 int Match(lua_State* L) {
     constexpr size_t kLongest = 8192;
@@ -75,7 +75,7 @@ int Match(lua_State* L) {
     return Original(L);
 }
 
-// Lua reckons the count in an int, which may overflow.
+// Lua's unpack counts in an int, which may overflow.
 int Unpack(lua_State* L) {
     constexpr lua_Number kMost = 1e6;
     const lua_Number first = luaL_optnumber(L, 2, 1);

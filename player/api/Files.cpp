@@ -202,7 +202,7 @@ void OpenStandard(lua_State* L, const luaL_Reg& library, const luaL_Reg* changes
     lua_pop(L, 1);
 }
 
-// The metatable of Lua's files serves as their methods too; a script that had it could run its own
+// The metatable of Lua's files is their __index too; through it a script could set __gc and run
 // code while memory is freed.
 void HideFileMetatable(lua_State* L) {
     luaL_getmetatable(L, LUA_FILEHANDLE);
@@ -251,7 +251,7 @@ void OpenFiles(lua_State* L, Player&) {
     OpenStandard(L, {LUA_LOADLIBNAME, luaopen_package}, kPackage);
     OpenStandard(L, {LUA_IOLIBNAME, luaopen_io}, kIo);
     OpenStandard(L, {LUA_OSLIBNAME, luaopen_os}, kOs);
-    // Files of the script are closed as io.open of Lua closes its own.
+    // In the environment of Lua's io functions a file finds how it is closed.
     lua_getglobal(L, LUA_IOLIBNAME);
     lua_getfield(L, -1, "lines");
     lua_getfenv(L, -1);

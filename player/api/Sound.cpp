@@ -26,7 +26,7 @@ struct Voice {
     Voices::Id id = 0;
 };
 
-// The share of what it takes to decode is there before, and the exact one after.
+// Reserves what decoding may take, and then what the samples do take.
 int LoadSound(lua_State* L, Player& player) {
     const std::string path = Text(L, 1);
     const bool loop = Boolean(L, 2, false);

@@ -13,7 +13,7 @@
 namespace player {
 namespace {
 
-// What a desktop has no equivalent of. Says so the first time.
+// Says, the first time, that a desktop has nothing of the kind.
 template<const char* const& what>
 void Lack() {
     static bool said = false;
