@@ -19,29 +19,34 @@ constexpr size_t kZlibHeader = 2;
 constexpr int64_t kMostGrowth = 1032;
 constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
 
+bool HasKnownInterlacing(const Header& header) {
+    return header.Interlacing == kNotInterlaced || header.Interlacing == kAdam7;
+}
+
 // For how many bytes of a stream there should be room. A header may promise any number.
 int64_t ExpectedBytes(const Header& header) {
-    if (header.Interlacing > 1 || header.Height <= 0)
+    if (!HasKnownInterlacing(header) || header.Height <= 0)
         return 0;
-    const int64_t line = header.LineBytes() + header.Interlacing;
+    const int64_t line = header.LineBytes() + (header.Interlacing == kAdam7 ? 1 : 0);
     return line > kMost / header.Height ? kMost : std::max(int64_t{0}, line * header.Height);
 }
 
 // The bytes of all rows as they come out of the stream, with their filter bytes.
 int64_t StoredBytes(const Header& header) {
-    return header.Interlacing == 0 ? header.Height * header.LineBytes() : InterlacedBytes(header);
+    return header.Interlacing == kAdam7 ? InterlacedBytes(header)
+                                        : header.Height * header.LineBytes();
 }
 
 // The most bits that a pixel has on its way to the bitmap, once the rows are there.
 int32_t WidestPixel(const Header& header, bool toRgba) {
     if (toRgba)
         return 32;
-    const bool wholeBytes = header.Interlacing == 1 || header.Bitdepht == 2;
+    const bool wholeBytes = header.Interlacing == kAdam7 || header.Bitdepht == 2;
     return std::max(header.BitsPerPixel(), wholeBytes ? 8 : 1);
 }
 
 bool HasChannel(const Header& header) {
-    return header.ColorType == 4 || header.ColorType == 6;
+    return header.ColorType == kGreyAlpha || header.ColorType == kTrueColorAlpha;
 }
 
 bool HasWholeBytes(const Header& header) {
@@ -50,11 +55,11 @@ bool HasWholeBytes(const Header& header) {
 
 // Whether there is a picture at all, and every size on the way to it can be counted.
 bool IsPossible(const Header& header, bool toRgba) {
-    if (header.Width <= 0 || header.Height <= 0 || header.Interlacing > 1 ||
+    if (header.Width <= 0 || header.Height <= 0 || !HasKnownInterlacing(header) ||
         header.BitsPerPixel() == 0)
         return false;
     const int32_t bits = header.BitsPerPixel();
-    if (header.Interlacing == 1 && bits < 8 && bits != 1 && bits != 2 && bits != 4)
+    if (header.Interlacing == kAdam7 && bits < 8 && bits != 1 && bits != 2 && bits != 4)
         return false; // parts of bytes that no PNG file has
     const auto stride = RowStride(static_cast<size_t>(header.Width),
                                   static_cast<size_t>(WidestPixel(header, toRgba)));
@@ -80,7 +85,8 @@ void LoadPNG::BuildPicture() {
 
 bool LoadPNG::IsKeyed() const {
     return m_fields.HaveTransparence && m_fields.SetTrans &&
-           (m_fields.ColorType == 0 || m_fields.ColorType == 2 || m_fields.ColorType == 3);
+           (m_fields.ColorType == kGrey || m_fields.ColorType == kTrueColor ||
+            m_fields.ColorType == kIndexed);
 }
 
 // The image data out of its stream, with room for all that is stored. Even a stream for which there
@@ -88,7 +94,7 @@ bool LoadPNG::IsKeyed() const {
 Bytes LoadPNG::Unpacked(int64_t stored) {
     Bytes Data = std::move(m_fields.IdatData);
     Data.DropFront(kZlibHeader);
-    if (m_fields.Compression != 0)
+    if (m_fields.Compression != kDeflate)
         return Data;
     // Narrow interlaced pictures have more bytes than expected, and no stream gives all that a
     // header may promise.
@@ -101,10 +107,10 @@ Bytes LoadPNG::Unpacked(int64_t stored) {
 }
 
 void LoadPNG::Reconstruct(Picture& picture) {
-    if (m_fields.Interlacing == 0)
-        UnfilterRows(m_fields, picture.Data);
-    else
+    if (m_fields.Interlacing == kAdam7)
         picture.Data = Deinterlace(m_fields, std::move(picture.Data));
+    else
+        UnfilterRows(m_fields, picture.Data);
     picture.OutBits = m_fields.Bitdepht;
 }
 
@@ -113,18 +119,18 @@ void LoadPNG::Convert(Picture& picture) {
     const int32_t depth = m_fields.Bitdepht;
     const bool whole = HasWholeBytes(m_fields);
     const bool partial = depth == 1 || depth == 2 || depth == 4;
-    if (m_fields.ColorType == 0 && (whole || partial))
+    if (m_fields.ColorType == kGrey && (whole || partial))
         ConvertGrey(picture);
-    else if (m_fields.ColorType == 2 && whole)
+    else if (m_fields.ColorType == kTrueColor && whole)
         ConvertTrueColor(picture);
-    else if (m_fields.ColorType == 3 && (depth == 8 || partial))
+    else if (m_fields.ColorType == kIndexed && (depth == 8 || partial))
         ConvertIndexed(picture);
     else if (m_fields.HaveAlpha)
         ConvertAlpha(picture);
 }
 
 void LoadPNG::ConvertGrey(Picture& picture) {
-    const bool laced = m_fields.Interlacing == 1;
+    const bool laced = m_fields.Interlacing == kAdam7;
     const int32_t depth = m_fields.Bitdepht;
     if (depth == 16)
         Reduce16To8(picture.Data);
@@ -135,7 +141,7 @@ void LoadPNG::ConvertGrey(Picture& picture) {
 // Indices, of colours or of greys: they keep their depth, but those of 2 bits become whole bytes,
 // as interlaced ones and reduced ones are already.
 void LoadPNG::ConvertIndexed(Picture& picture) {
-    const bool laced = m_fields.Interlacing == 1;
+    const bool laced = m_fields.Interlacing == kAdam7;
     if (m_fields.Bitdepht == 2 && !laced) {
         Expand2BitTo8(m_fields.Width, m_fields.Height, picture.Data, m_fields.LineBytes());
         m_fields.WorkDepth = 8;
@@ -163,7 +169,7 @@ void LoadPNG::ConvertTrueColor(Picture& picture) {
 void LoadPNG::ConvertAlpha(Picture& picture) {
     if (m_fields.Bitdepht == 16)
         Reduce16To8(picture.Data);
-    if (m_fields.ColorType == 4)
+    if (m_fields.ColorType == kGreyAlpha)
         GreyAlphaToRgba(picture.Data);
     else
         SwapRedBlue32(picture.Data);
@@ -177,7 +183,7 @@ void LoadPNG::ConvertAlpha(Picture& picture) {
 void LoadPNG::ApplyTransparence(Picture& picture) {
     const int32_t width = m_fields.Width;
     const int32_t height = m_fields.Height;
-    const bool trueColor = m_fields.ColorType == 2;
+    const bool trueColor = m_fields.ColorType == kTrueColor;
     const bool fits = trueColor ? picture.OutBits == 24 : picture.OutBits <= 8;
     if (!fits || !HoldsRows(picture)) {
         picture.Data = Bytes(); // samples that no PNG file has: nothing will be painted
@@ -190,7 +196,7 @@ void LoadPNG::ApplyTransparence(Picture& picture) {
         else
             RgbKeyToRgba(width, height, key, picture.Data);
     } else {
-        if (m_fields.ColorType == 0)
+        if (m_fields.ColorType == kGrey)
             MakeGreyKey();
         IndexedToRgba(width, height, picture.OutBits, m_fields.PaletteData.View(),
                       m_fields.TrnsData.View(), picture.Data);
@@ -240,19 +246,19 @@ void LoadPNG::Paint(Picture& picture) {
         return; // samples that no PNG file has don't fill a bitmap
     switch (picture.OutBits) {
     case 1:
-        if (m_fields.ColorType == 3)
+        if (m_fields.ColorType == kIndexed)
             CBitmap::SetPaletteFor1Bit(m_fields.PaletteData.View());
         else
             CBitmap::SetBlackWhitePalette();
         CBitmap::CreateBitmap1(picture.Data, width, height, true);
         break;
     case 4:
-        if (m_fields.ColorType != 0)
+        if (m_fields.ColorType != kGrey)
             CBitmap::SetPaletteFor4Bit(m_fields.PaletteData.View());
         CBitmap::CreateBitmap4(picture.Data, width, height, true);
         break;
     case 8:
-        if (m_fields.ColorType != 0 && m_fields.ColorType != 4)
+        if (m_fields.ColorType != kGrey && m_fields.ColorType != kGreyAlpha)
             CBitmap::SetPaletteFor8Bit(m_fields.PaletteData.View());
         CBitmap::CreateBitmap8(picture.Data, width, height, true);
         break;

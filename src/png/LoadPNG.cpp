@@ -161,8 +161,8 @@ int32_t LoadPNG::ColorOfBkgd() const {
     const Bytes& bkgd = m_fields.BkgdData;
     const int32_t depth = m_fields.Bitdepht;
     switch (m_fields.ColorType) {
-    case 0:
-    case 4: {
+    case kGrey:
+    case kGreyAlpha: {
         if (bkgd.size() != 2)
             return 0;
         const int32_t grey = WordToLong(SwapWord(bkgd.data()));
@@ -172,13 +172,13 @@ int32_t LoadPNG::ColorOfBkgd() const {
         const auto index = static_cast<size_t>(grey);
         return 3 * index < greys.size() ? EntryOf(greys.View(), index) : m_fields.BkgdColor;
     }
-    case 2:
-    case 6:
+    case kTrueColor:
+    case kTrueColorAlpha:
         if (bkgd.size() != 6)
             return 0;
         return ColorValue(To8Bits(&bkgd[0], depth), To8Bits(&bkgd[2], depth),
                           To8Bits(&bkgd[4], depth));
-    case 3:
+    case kIndexed:
         if (bkgd.size() != 1 || 3 * bkgd[0] + 2U >= m_fields.PaletteData.size())
             return 0;
         return EntryOf(m_fields.PaletteData.View(), bkgd[0]);

@@ -21,8 +21,9 @@ int32_t WordToLong(int16_t word);
 /// the last byte. -1 stands before the first.
 ptrdiff_t FindNul(std::span<const uint8_t> bytes, size_t from);
 
-/// Walks through the chunks of a PNG file (format: RFC 2083, PNG). A file that can't be
-/// opened or isn't a regular one reads as an empty one. No checksum is looked at.
+/// Walks through the chunks of a PNG file (PNG specification, 5,
+/// https://www.w3.org/TR/png-3/#5DataRep). A file that can't be opened or isn't a regular one reads
+/// as an empty one. No checksum is looked at.
 class ChunkReader {
 public:
     explicit ChunkReader(const std::string& filename);

@@ -7,6 +7,18 @@
 
 namespace png {
 
+// What the bytes of IHDR mean: PNG specification, https://www.w3.org/TR/png-3/#11IHDR.
+// A file may hold any other value, too.
+enum ColorTypes : int32_t {
+    kGrey = 0,
+    kTrueColor = 2,
+    kIndexed = 3,
+    kGreyAlpha = 4,
+    kTrueColorAlpha = 6,
+};
+enum CompressionMethods : int32_t { kDeflate = 0 };
+enum InterlaceMethods : int32_t { kNotInterlaced = 0, kAdam7 = 1 };
+
 /// What IHDR says of the picture, unchecked, and the sizes that follow from it.
 struct Header {
     int32_t Width = 0;
@@ -23,14 +35,14 @@ struct Header {
     int32_t BitsPerPixel() const {
         const int32_t depth = WorkDepth != 0 ? WorkDepth : Bitdepht;
         switch (ColorType) {
-        case 0:
-        case 3:
+        case kGrey:
+        case kIndexed:
             return depth;
-        case 2:
+        case kTrueColor:
             return 3 * depth;
-        case 4:
+        case kGreyAlpha:
             return 2 * depth;
-        case 6:
+        case kTrueColorAlpha:
             return 4 * depth;
         default:
             return 0;

@@ -88,7 +88,7 @@ void ScatterPassRow(Target& target, std::span<const uint8_t> row, const Pass& pa
 }
 
 // Undoes the filter; the row is the previous one of the next.
-void UnfilterPassRow(Row row, uint8_t filter, PreviousRow& previous, size_t distance) {
+void UnfilterPassRow(Row row, FilterType filter, PreviousRow& previous, size_t distance) {
     UnfilterRow(filter, row, previous, distance);
     previous = row;
 }
@@ -172,7 +172,7 @@ Bytes Deinterlace(const Header& header, Bytes data) {
         const auto rows = static_cast<size_t>(CountLines(header.Height, pass.rows));
         for (size_t i = 0; i < rows; ++i, pos += length + 1) {
             Row row(data.data() + pos + 1, length);
-            UnfilterPassRow(row, data[pos], previous, distance);
+            UnfilterPassRow(row, FilterType{data[pos]}, previous, distance);
             if (bits < 8) {
                 ExpandRowToBytes(row, bits, std::span(expanded).first(pixels));
                 row = std::span(expanded).first(pixels);

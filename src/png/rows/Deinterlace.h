@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Interlaced pictures (Adam7).
+// Interlaced pictures: Adam7, PNG specification,
+// https://www.w3.org/TR/png-3/#8InterlaceMethods.
 #pragma once
 
 #include "png/format/Bytes.h"

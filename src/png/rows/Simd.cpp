@@ -99,15 +99,15 @@ void Paeth(Row row, PreviousRow previous) {
 }
 
 template<size_t bytes>
-bool Unfilter(uint8_t type, Row row, PreviousRow previous) {
+bool Unfilter(FilterType type, Row row, PreviousRow previous) {
     switch (type) {
-    case 1:
+    case FilterType::Sub:
         Sub<bytes>(row);
         return true;
-    case 3:
+    case FilterType::Average:
         Average<bytes>(row, previous);
         return true;
-    case 4:
+    case FilterType::Paeth:
         Paeth<bytes>(row, previous);
         return true;
     default:
@@ -117,7 +117,7 @@ bool Unfilter(uint8_t type, Row row, PreviousRow previous) {
 
 } // namespace
 
-bool UnfilterRowSimd(uint8_t type, Row row, PreviousRow previous, size_t distance) {
+bool UnfilterRowSimd(FilterType type, Row row, PreviousRow previous, size_t distance) {
     if (row.size() % distance != 0)
         return false;
     switch (distance) {
@@ -172,7 +172,7 @@ size_t SwapRedBlue24Simd(std::span<uint8_t> pixels) {
 
 #else
 
-bool png::UnfilterRowSimd(uint8_t, Row, PreviousRow, size_t) {
+bool png::UnfilterRowSimd(FilterType, Row, PreviousRow, size_t) {
     return false;
 }
 

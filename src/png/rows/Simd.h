@@ -8,7 +8,7 @@ namespace png {
 
 /// Undoes a filter. Answers false, with the row as it was, if it can't for this filter and
 /// distance.
-bool UnfilterRowSimd(uint8_t type, Row row, PreviousRow previous, size_t distance);
+bool UnfilterRowSimd(FilterType type, Row row, PreviousRow previous, size_t distance);
 
 /// Swaps bytes 0 and 2 of each 3, from the beginning on. Answers how many bytes are done, a
 /// multiple of 3; the rest is as it was.

@@ -45,22 +45,23 @@ void FilterPaeth(Row row, PreviousRow previous, size_t distance) {
     }
 }
 
-void UnfilterRow(uint8_t type, Row row, PreviousRow previous, size_t distance) {
+void UnfilterRow(FilterType type, Row row, PreviousRow previous, size_t distance) {
     if (UnfilterRowSimd(type, row, previous, distance))
         return;
     switch (type) {
-    case 1:
+    case FilterType::Sub:
         FilterSub(row, distance);
         break;
-    case 2:
+    case FilterType::Up:
         FilterUp(row, previous);
         break;
-    case 3:
+    case FilterType::Average:
         FilterAverage(row, previous, distance);
         break;
-    case 4:
+    case FilterType::Paeth:
         FilterPaeth(row, previous, distance);
         break;
+    case FilterType::None:
     default:
         break;
     }
@@ -74,7 +75,7 @@ void UnfilterRows(const Header& header, Bytes& data) {
     PreviousRow previous = zeros;
     for (size_t y = 0; y < static_cast<size_t>(header.Height); ++y) {
         const uint8_t* stored = data.data() + y * line;
-        const uint8_t type = *stored; // the row may move over it
+        const auto type = FilterType{*stored}; // the row may move over it
         const Row row(data.data() + y * length, length);
         std::memmove(row.data(), stored + 1, length);
         UnfilterRow(type, row, previous, distance);
