@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/inflate/FastCodes.h"
 
+#include "png/format/Machine.h"
 #include "png/inflate/CodeTable.h"
 #include "png/inflate/DeflateTables.h"
 #include "png/inflate/FastLoop.h"
@@ -149,14 +150,9 @@ void BuildFastTables(FastTables& tables, std::span<const uint8_t> literals,
     FillTable(tables.distances.entries, kDistBits, distances, kDistEntries);
 }
 
-bool DecodeFast(FastBlock& block, [[maybe_unused]] bool fastest) {
-#ifdef QUILLMARK_PNG_X86
-    static const bool modern = __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2") &&
-                               __builtin_cpu_supports("ssse3");
-    if (modern && fastest)
-        return FastLoopBmi2(block);
-#endif
-    return FastLoopPlain(block);
+bool DecodeFast(FastBlock& block, bool fastest) {
+    const Machine& machine = ThisMachine();
+    return fastest && machine.Bmi2 && machine.Ssse3 ? FastLoopBmi2(block) : FastLoopPlain(block);
 }
 
 } // namespace png

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/rows/Convert.h"
 
+#include "png/format/Machine.h"
 #include "png/rows/Deinterlace.h"
-#include "png/rows/Simd.h"
+#include "png/rows/RowsSsse3.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +13,8 @@
 namespace png {
 
 void SwapRedBlue24(Bytes& buffer) {
-    const size_t done = SwapRedBlue24Simd({buffer.data(), buffer.size()});
+    const std::span pixels(buffer.data(), buffer.size());
+    const size_t done = ThisMachine().Ssse3 ? SwapRedBlue24Ssse3(pixels) : 0;
     for (uint8_t* pixel = buffer.begin() + done; buffer.end() - pixel >= 3; pixel += 3)
         std::swap(pixel[0], pixel[2]);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/rows/Unfilter.h"
 
-#include "png/rows/Simd.h"
+#include "png/format/Machine.h"
+#include "png/rows/RowsSsse3.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -46,7 +47,7 @@ void FilterPaeth(Row row, PreviousRow previous, size_t distance) {
 }
 
 void UnfilterRow(FilterType type, Row row, PreviousRow previous, size_t distance) {
-    if (UnfilterRowSimd(type, row, previous, distance))
+    if (ThisMachine().Ssse3 && UnfilterRowSsse3(type, row, previous, distance))
         return;
     switch (type) {
     case FilterType::Sub:

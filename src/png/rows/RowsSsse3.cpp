@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "png/rows/Simd.h"
-
-#include <cstring>
+#include "png/rows/RowsSsse3.h"
 
 // The pixels go through registers of 64 bits, which the 32-bit kind of these machines lacks.
-#if defined(QUILLMARK_PNG_X86) && defined(__x86_64__)
+#if defined(__SSSE3__) && defined(__x86_64__)
+#include <cstring>
 #include <tmmintrin.h>
 
 namespace png {
@@ -68,10 +67,6 @@ void Average(Row row, PreviousRow previous) {
     });
 }
 
-__m128i Absolute(__m128i words) {
-    return _mm_max_epi16(words, _mm_sub_epi16(_mm_setzero_si128(), words));
-}
-
 __m128i Choose(__m128i mask, __m128i yes, __m128i no) {
     return _mm_or_si128(_mm_and_si128(mask, yes), _mm_andnot_si128(mask, no));
 }
@@ -85,9 +80,9 @@ void Paeth(Row row, PreviousRow previous) {
         const __m128i up = _mm_unpacklo_epi8(above, zero);
         const __m128i byLeft = _mm_sub_epi16(up, upperLeft);
         const __m128i byUp = _mm_sub_epi16(left, upperLeft);
-        const __m128i toLeft = Absolute(byLeft);
-        const __m128i toUp = Absolute(byUp);
-        const __m128i toUpperLeft = Absolute(_mm_add_epi16(byLeft, byUp));
+        const __m128i toLeft = _mm_abs_epi16(byLeft);
+        const __m128i toUp = _mm_abs_epi16(byUp);
+        const __m128i toUpperLeft = _mm_abs_epi16(_mm_add_epi16(byLeft, byUp));
         const __m128i least = _mm_min_epi16(toUpperLeft, _mm_min_epi16(toLeft, toUp));
         const __m128i nearest = Choose(_mm_cmpeq_epi16(least, toLeft), left,
                                        Choose(_mm_cmpeq_epi16(least, toUp), up, upperLeft));
@@ -117,7 +112,7 @@ bool Unfilter(FilterType type, Row row, PreviousRow previous) {
 
 } // namespace
 
-bool UnfilterRowSimd(FilterType type, Row row, PreviousRow previous, size_t distance) {
+bool UnfilterRowSsse3(FilterType type, Row row, PreviousRow previous, size_t distance) {
     if (row.size() % distance != 0)
         return false;
     switch (distance) {
@@ -140,11 +135,13 @@ bool UnfilterRowSimd(FilterType type, Row row, PreviousRow previous, size_t dist
 
 namespace {
 
+constexpr size_t kFive = 15; // bytes of the pixels that a register has room for
+constexpr size_t kGroup = 4 * kFive;
+
 // Five pixels of a register; its last byte stays.
-__attribute__((target("ssse3"))) void SwapGroups(uint8_t* pixel, size_t groups) {
+void SwapGroups(uint8_t* pixel, size_t groups) {
     const __m128i order = _mm_setr_epi8(2, 1, 0, 5, 4, 3, 8, 7, 6, 11, 10, 9, 14, 13, 12, 15);
-    constexpr size_t kFive = 15; // bytes
-    for (; groups > 0; --groups, pixel += 4 * kFive) {
+    for (; groups > 0; --groups, pixel += kGroup) {
         __m128i four[4];
         // All are read before one is written: a reading that meets a writing half way waits for it.
         for (size_t i = 0; i < 4; ++i)
@@ -157,13 +154,11 @@ __attribute__((target("ssse3"))) void SwapGroups(uint8_t* pixel, size_t groups) 
 
 } // namespace
 
-size_t SwapRedBlue24Simd(std::span<uint8_t> pixels) {
-    static const bool able = __builtin_cpu_supports("ssse3");
-    constexpr size_t kGroup = 60;
-    if (!able || pixels.empty())
+size_t SwapRedBlue24Ssse3(std::span<uint8_t> pixels) {
+    if (pixels.empty())
         return 0;
-    const size_t groups =
-        (pixels.size() - 1) / kGroup; // a byte behind the last one is written, too
+    // A byte behind the last one is written, too.
+    const size_t groups = (pixels.size() - 1) / kGroup;
     SwapGroups(pixels.data(), groups);
     return groups * kGroup;
 }
@@ -172,11 +167,11 @@ size_t SwapRedBlue24Simd(std::span<uint8_t> pixels) {
 
 #else
 
-bool png::UnfilterRowSimd(FilterType, Row, PreviousRow, size_t) {
+bool png::UnfilterRowSsse3(FilterType, Row, PreviousRow, size_t) {
     return false;
 }
 
-size_t png::SwapRedBlue24Simd(std::span<uint8_t>) {
+size_t png::SwapRedBlue24Ssse3(std::span<uint8_t>) {
     return 0;
 }
 
