@@ -3,6 +3,7 @@
 
 #include "platform/rtf/RtfFormats.h"
 
+#include <QString>
 #include <QTextCursor>
 
 namespace platform {

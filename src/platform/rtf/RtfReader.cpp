@@ -2,7 +2,9 @@
 #include "platform/rtf/RtfReader.h"
 
 #include "platform/rtf/RtfParser.h"
+#include "platform/rtf/RtfTokens.h"
 
+#include <QTextCursor>
 #include <QTextDocument>
 
 namespace platform {

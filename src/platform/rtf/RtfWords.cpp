@@ -1,269 +1,199 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The control words that the reader knows, and what they do.
-#include "platform/rtf/RtfParser.h"
+#include "platform/rtf/RtfWords.h"
+
+#include "platform/rtf/RtfCodePages.h"
+
+#include <QChar>
+#include <QFont>
+#include <QTextCharFormat>
+#include <QTextOption>
+#include <algorithm>
+#include <array>
 
 namespace platform {
 namespace {
 
-constexpr int kLargestFont = 3276; // half points
-constexpr size_t kMostTabs = 32;   // of one paragraph
+using F = RtfFileAction;
+using G = RtfGroupAction;
+using C = RtfCharacterAction;
+using P = RtfParagraphAction;
+using T = RtfTextAction;
+using Q = QTextCharFormat;
 
-// Groups whose text isn't the document's own.
-constexpr std::string_view kUnseen[] = {
-    "annotation", "atnauthor",    "atnid",      "comment",
-    "fldinst",    "filetbl",      "footer",     "footerf",
-    "footerl",    "footerr",      "footnote",   "ftncn",
-    "ftnsep",     "ftnsepc",      "header",     "headerf",
-    "headerl",    "headerr",      "info",       "listoverridetable",
-    "listtable",  "nonesttables", "nonshppict", "object",
-    "pict",       "revtbl",       "rxe",        "shp",
-    "stylesheet", "tc",           "txe",        "xe"};
+constexpr int kBody = static_cast<int>(RtfPlace::Body);
+constexpr int kLabel = static_cast<int>(RtfPlace::Label);
+constexpr int kFontTable = static_cast<int>(RtfPlace::FontTable);
+constexpr int kColorTable = static_cast<int>(RtfPlace::ColorTable);
+constexpr int kNowhere = static_cast<int>(RtfPlace::Nowhere);
+
+constexpr auto kWords = std::to_array<RtfWord>({
+    // Code page, places of text, tables of fonts and colours.
+    {"ansi", F::CodePage, kRtfWestern},
+    {"ansicpg", F::CodePage},
+    {"mac", F::CodePage, 10000},
+    {"pc", F::CodePage, 437},
+    {"pca", F::CodePage, 850},
+    {"fldrslt", G::Place, kBody},
+    {"fonttbl", G::Place, kFontTable},
+    {"colortbl", G::Place, kColorTable},
+    {"listtext", G::Place, kLabel},
+    {"pntext", G::Place, kLabel},
+    {"deff", F::DefaultFont},
+    {"deftab", F::DefaultTab},
+    {"f", G::Font},
+    {"fcharset", F::FontCharset},
+    {"cpg", F::FontCodePage},
+    {"red", F::ColorPart, 16},
+    {"green", F::ColorPart, 8},
+    {"blue", F::ColorPart, 0},
+    // The look of characters.
+    {"plain", G::PlainCharacters},
+    {"fs", C::Size},
+    {"b", C::Bold},
+    {"i", C::Italic},
+    {"strike", C::Strike},
+    {"striked", C::Strike},
+    {"v", C::Hidden},
+    {"caps", C::Capitals, QFont::AllUppercase},
+    {"scaps", C::Capitals, QFont::SmallCaps},
+    {"cf", C::Color},
+    {"cb", C::Background},
+    {"chcbpat", C::Background},
+    {"highlight", C::Background},
+    {"ul", C::Underline, Q::SingleUnderline},
+    {"uld", C::Underline, Q::DotLine},
+    {"uldash", C::Underline, Q::DashUnderline},
+    {"uldashd", C::Underline, Q::DashDotLine},
+    {"uldashdd", C::Underline, Q::DashDotDotLine},
+    {"uldb", C::Underline, Q::SingleUnderline},
+    {"ulhwave", C::Underline, Q::WaveUnderline},
+    {"ulldash", C::Underline, Q::DashUnderline},
+    {"ulth", C::Underline, Q::SingleUnderline},
+    {"ulthd", C::Underline, Q::DotLine},
+    {"ulthdash", C::Underline, Q::DashUnderline},
+    {"ulthdashd", C::Underline, Q::DashDotLine},
+    {"ulthdashdd", C::Underline, Q::DashDotDotLine},
+    {"ulthldash", C::Underline, Q::DashUnderline},
+    {"ululdbwave", C::Underline, Q::WaveUnderline},
+    {"ulw", C::Underline, Q::SingleUnderline},
+    {"ulwave", C::Underline, Q::WaveUnderline},
+    {"ulnone", C::Underline, Q::NoUnderline},
+    {"super", C::Vertical, Q::AlignSuperScript},
+    {"sub", C::Vertical, Q::AlignSubScript},
+    {"nosupersub", C::Vertical, Q::AlignNormal},
+    {"up", C::Vertical, Q::AlignSuperScript},
+    {"dn", C::Vertical, Q::AlignSubScript},
+    // Paragraphs, pages, sections.
+    {"pard", G::PlainParagraph},
+    {"ql", P::Alignment, Qt::AlignLeft},
+    {"qr", P::Alignment, Qt::AlignRight},
+    {"qc", P::Alignment, Qt::AlignHCenter},
+    {"qj", P::Alignment, Qt::AlignJustify},
+    {"qd", P::Alignment, Qt::AlignJustify},
+    {"li", P::Left},
+    {"ri", P::Right},
+    {"fi", P::FirstLine},
+    {"sb", P::Before},
+    {"sa", P::After},
+    {"sl", P::LineSpacing},
+    {"slmult", P::Proportional},
+    {"pagebb", P::PageBreakBefore},
+    {"tx", G::Tab},
+    {"tqr", G::TabType, QTextOption::RightTab},
+    {"tqc", G::TabType, QTextOption::CenterTab},
+    {"tqdec", G::TabType, QTextOption::DelimiterTab},
+    {"par", T::EndParagraph},
+    {"page", T::BreakPage},
+    {"sect", T::EndSection},
+    {"sectd", F::SectionBreaks, 1},
+    {"sbknone", F::SectionBreaks, 0},
+    {"sbkcol", F::SectionBreaks, 0},
+    // Tables.
+    {"intbl", G::InTable},
+    {"trowd", T::NewRow},
+    {"cellx", T::CellEdge},
+    {"cell", T::EndCell},
+    {"nestcell", T::EndCell},
+    {"row", T::EndRow},
+    // Characters.
+    {"u", T::Unicode},
+    {"uc", G::FallbackLength},
+    {"tab", T::Character, '\t'},
+    {"line", T::Character, QChar::LineSeparator},
+    {"lbr", T::Character, QChar::LineSeparator},
+    {"emdash", T::Character, 0x2014},
+    {"endash", T::Character, 0x2013},
+    {"lquote", T::Character, 0x2018},
+    {"rquote", T::Character, 0x2019},
+    {"ldblquote", T::Character, 0x201C},
+    {"rdblquote", T::Character, 0x201D},
+    {"bullet", T::Character, 0x2022},
+    {"emspace", T::Character, 0x2003},
+    {"enspace", T::Character, 0x2002},
+    {"qmspace", T::Character, 0x2005},
+    {"ltrmark", T::Character, 0x200E},
+    {"rtlmark", T::Character, 0x200F},
+    {"zwj", T::Character, 0x200D},
+    {"zwnj", T::Character, 0x200C},
+    {"zwbo", T::Character, 0x200B},
+    {"zwnbo", T::Character, 0x2060},
+    // Symbols.
+    {"\r", T::EndParagraph},
+    {"\n", T::EndParagraph},
+    {"\t", T::Character, '\t'},
+    {"~", T::Character, 0x00A0},
+    {"-", T::Character, 0x00AD},
+    {"_", T::Character, 0x2011},
+    {"\\", T::Character, '\\'},
+    {"{", T::Character, '{'},
+    {"}", T::Character, '}'},
+    // Groups whose text isn't the document's own.
+    {"annotation", G::Place, kNowhere},
+    {"atnauthor", G::Place, kNowhere},
+    {"atnid", G::Place, kNowhere},
+    {"comment", G::Place, kNowhere},
+    {"fldinst", G::Place, kNowhere},
+    {"filetbl", G::Place, kNowhere},
+    {"footer", G::Place, kNowhere},
+    {"footerf", G::Place, kNowhere},
+    {"footerl", G::Place, kNowhere},
+    {"footerr", G::Place, kNowhere},
+    {"footnote", G::Place, kNowhere},
+    {"ftncn", G::Place, kNowhere},
+    {"ftnsep", G::Place, kNowhere},
+    {"ftnsepc", G::Place, kNowhere},
+    {"header", G::Place, kNowhere},
+    {"headerf", G::Place, kNowhere},
+    {"headerl", G::Place, kNowhere},
+    {"headerr", G::Place, kNowhere},
+    {"info", G::Place, kNowhere},
+    {"listoverridetable", G::Place, kNowhere},
+    {"listtable", G::Place, kNowhere},
+    {"nonesttables", G::Place, kNowhere},
+    {"nonshppict", G::Place, kNowhere},
+    {"object", G::Place, kNowhere},
+    {"pict", G::Place, kNowhere},
+    {"revtbl", G::Place, kNowhere},
+    {"rxe", G::Place, kNowhere},
+    {"shp", G::Place, kNowhere},
+    {"stylesheet", G::Place, kNowhere},
+    {"tc", G::Place, kNowhere},
+    {"txe", G::Place, kNowhere},
+    {"xe", G::Place, kNowhere},
+});
+
+constexpr auto kByName = [] {
+    auto words = kWords;
+    std::ranges::sort(words, {}, &RtfWord::name);
+    return words;
+}();
+static_assert(std::ranges::adjacent_find(kByName, {}, &RtfWord::name) == kByName.end());
 
 } // namespace
 
-RtfParser::OrderTable RtfParser::MakeOrders() {
-    OrderTable orders;
-    AddFileWords(orders);
-    AddLookWords(orders);
-    AddParagraphWords(orders);
-    AddCharacterWords(orders);
-    return orders;
-}
-
-// Code page, places of text, tables of fonts and colours.
-void RtfParser::AddFileWords(OrderTable& orders) {
-    using R = RtfParser;
-    orders.insert({
-        {"ansi", {&R::DocumentPage, kRtfWestern}},
-        {"ansicpg", {&R::DocumentPage}},
-        {"mac", {&R::DocumentPage, 10000}},
-        {"pc", {&R::DocumentPage, 437}},
-        {"pca", {&R::DocumentPage, 850}},
-        {"fldrslt", {&R::Enter, static_cast<int>(Place::Body)}},
-        {"fonttbl", {&R::Enter, static_cast<int>(Place::FontTable)}},
-        {"colortbl", {&R::Enter, static_cast<int>(Place::ColorTable)}},
-        {"listtext", {&R::Enter, static_cast<int>(Place::Label)}},
-        {"pntext", {&R::Enter, static_cast<int>(Place::Label)}},
-        {"deff", {&R::DefaultFont}},
-        {"deftab", {&R::DefaultTab}},
-        {"f", {&R::Font}},
-        {"fcharset", {&R::FontPage, 1}},
-        {"cpg", {&R::FontPage, 0}},
-        {"red", {&R::ColorPart, 16}},
-        {"green", {&R::ColorPart, 8}},
-        {"blue", {&R::ColorPart, 0}},
-    });
-    for (const std::string_view name : kUnseen)
-        orders[name] = {&R::Enter, static_cast<int>(Place::Nowhere)};
-}
-
-void RtfParser::AddLookWords(OrderTable& orders) {
-    using R = RtfParser;
-    using C = RtfCharacters;
-    using F = QTextCharFormat;
-    orders.insert({
-        {"plain", {&R::Plain}},
-        {"fs", {&R::FontSize}},
-        {"b", {&R::Flag<&C::bold>}},
-        {"i", {&R::Flag<&C::italic>}},
-        {"strike", {&R::Flag<&C::strike>}},
-        {"striked", {&R::Flag<&C::strike>}},
-        {"v", {&R::Flag<&C::hidden>}},
-        {"caps", {&R::Capitals, QFont::AllUppercase}},
-        {"scaps", {&R::Capitals, QFont::SmallCaps}},
-        {"cf", {&R::Color<&C::color>}},
-        {"cb", {&R::Color<&C::background>}},
-        {"chcbpat", {&R::Color<&C::background>}},
-        {"highlight", {&R::Color<&C::background>}},
-        {"ul", {&R::Underline, F::SingleUnderline}},
-        {"uld", {&R::Underline, F::DotLine}},
-        {"uldash", {&R::Underline, F::DashUnderline}},
-        {"uldashd", {&R::Underline, F::DashDotLine}},
-        {"uldashdd", {&R::Underline, F::DashDotDotLine}},
-        {"uldb", {&R::Underline, F::SingleUnderline}},
-        {"ulhwave", {&R::Underline, F::WaveUnderline}},
-        {"ulldash", {&R::Underline, F::DashUnderline}},
-        {"ulth", {&R::Underline, F::SingleUnderline}},
-        {"ulthd", {&R::Underline, F::DotLine}},
-        {"ulthdash", {&R::Underline, F::DashUnderline}},
-        {"ulthdashd", {&R::Underline, F::DashDotLine}},
-        {"ulthdashdd", {&R::Underline, F::DashDotDotLine}},
-        {"ulthldash", {&R::Underline, F::DashUnderline}},
-        {"ululdbwave", {&R::Underline, F::WaveUnderline}},
-        {"ulw", {&R::Underline, F::SingleUnderline}},
-        {"ulwave", {&R::Underline, F::WaveUnderline}},
-        {"ulnone", {&R::Underline, F::NoUnderline}},
-        {"super", {&R::Raise, F::AlignSuperScript}},
-        {"sub", {&R::Raise, F::AlignSubScript}},
-        {"nosupersub", {&R::Raise, F::AlignNormal}},
-        {"up", {&R::Raise, F::AlignSuperScript}},
-        {"dn", {&R::Raise, F::AlignSubScript}},
-    });
-}
-
-void RtfParser::AddParagraphWords(OrderTable& orders) {
-    using R = RtfParser;
-    using P = RtfParagraph;
-    orders.insert({
-        {"pard", {&R::ParagraphPlain}},
-        {"ql", {&R::Align, Qt::AlignLeft}},
-        {"qr", {&R::Align, Qt::AlignRight}},
-        {"qc", {&R::Align, Qt::AlignHCenter}},
-        {"qj", {&R::Align, Qt::AlignJustify}},
-        {"qd", {&R::Align, Qt::AlignJustify}},
-        {"li", {&R::Length<&P::left>, -kLongest}},
-        {"ri", {&R::Length<&P::right>, -kLongest}},
-        {"fi", {&R::Length<&P::firstLine>, -kLongest}},
-        {"sb", {&R::Length<&P::before>}},
-        {"sa", {&R::Length<&P::after>}},
-        {"sl", {&R::LineSpacing}},
-        {"slmult", {&R::ParagraphFlag<&P::proportional>}},
-        {"pagebb", {&R::ParagraphFlag<&P::pageBreakBefore>}},
-        {"tx", {&R::Tab}},
-        {"tqr", {&R::TabKind, QTextOption::RightTab}},
-        {"tqc", {&R::TabKind, QTextOption::CenterTab}},
-        {"tqdec", {&R::TabKind, QTextOption::DelimiterTab}},
-        {"par", {&R::EndParagraph}},
-        {"page", {&R::BreakPage}},
-        {"sect", {&R::EndSection}},
-        {"sectd", {&R::SectionBreaks, 1}},
-        {"sbknone", {&R::SectionBreaks, 0}},
-        {"sbkcol", {&R::SectionBreaks, 0}},
-        // Tables.
-        {"intbl", {&R::InTable}},
-        {"trowd", {&R::NewRow}},
-        {"cellx", {&R::CellEdge}},
-        {"cell", {&R::EndCell}},
-        {"nestcell", {&R::EndCell}},
-        {"row", {&R::EndRow}},
-    });
-}
-
-void RtfParser::AddCharacterWords(OrderTable& orders) {
-    using R = RtfParser;
-    orders.insert({
-        {"u", {&R::Unicode}},
-        {"uc", {&R::FallbackLength}},
-        {"tab", {&R::Character, '\t'}},
-        {"line", {&R::Character, QChar::LineSeparator}},
-        {"lbr", {&R::Character, QChar::LineSeparator}},
-        {"emdash", {&R::Character, 0x2014}},
-        {"endash", {&R::Character, 0x2013}},
-        {"lquote", {&R::Character, 0x2018}},
-        {"rquote", {&R::Character, 0x2019}},
-        {"ldblquote", {&R::Character, 0x201C}},
-        {"rdblquote", {&R::Character, 0x201D}},
-        {"bullet", {&R::Character, 0x2022}},
-        {"emspace", {&R::Character, 0x2003}},
-        {"enspace", {&R::Character, 0x2002}},
-        {"qmspace", {&R::Character, 0x2005}},
-        {"ltrmark", {&R::Character, 0x200E}},
-        {"rtlmark", {&R::Character, 0x200F}},
-        {"zwj", {&R::Character, 0x200D}},
-        {"zwnj", {&R::Character, 0x200C}},
-        {"zwbo", {&R::Character, 0x200B}},
-        {"zwnbo", {&R::Character, 0x2060}},
-        // Symbols.
-        {"\r", {&R::EndParagraph}},
-        {"\n", {&R::EndParagraph}},
-        {"\t", {&R::Character, '\t'}},
-        {"~", {&R::Character, 0x00A0}},
-        {"-", {&R::Character, 0x00AD}},
-        {"_", {&R::Character, 0x2011}},
-        {"\\", {&R::Character, '\\'}},
-        {"{", {&R::Character, '{'}},
-        {"}", {&R::Character, '}'}},
-    });
-}
-
-void RtfParser::Font(int, Number number) {
-    Look().font = number.value_or(0);
-    if (Top().place == Place::FontTable) {
-        CommitFont();
-        m_font = {number.value_or(0), m_codePage};
-    }
-}
-
-void RtfParser::FontPage(int fromCharset, Number number) {
-    m_font.codePage = fromCharset ? CodePageOfCharset(number.value_or(1), m_codePage)
-                                  : number.value_or(m_codePage);
-}
-
-void RtfParser::FontSize(int, Number number) {
-    Look().halfPoints = std::clamp(number.value_or(RtfCharacters().halfPoints), 2, kLargestFont);
-}
-
-void RtfParser::ColorPart(int shift, Number number) {
-    const QRgb part = static_cast<QRgb>(std::clamp(number.value_or(0), 0, 255));
-    m_color = (m_color.value_or(qRgb(0, 0, 0)) & ~(0xFFU << shift)) | part << shift;
-}
-
-void RtfParser::LineSpacing(int, Number number) {
-    Paragraph().lineSpacing = std::clamp(number.value_or(0), -kLongest, kLongest);
-}
-
-void RtfParser::Tab(int, Number number) {
-    auto& tabs = Paragraph().tabs;
-    if (tabs.size() < kMostTabs)
-        tabs.push_back({std::clamp(number.value_or(0), 0, kLongest), m_tabType});
-    m_tabType = QTextOption::LeftTab;
-}
-
-void RtfParser::ParagraphPlain(int, Number) {
-    Paragraph() = {};
-    Top().inTable = false;
-}
-
-void RtfParser::Unicode(int, Number number) {
-    const int value = number.value_or('?');
-    const uint code = static_cast<uint>(value < 0 ? value + 0x10000 : value);
-    if (code < 0x10000)
-        Text(QString(QChar(static_cast<char16_t>(code))));
-    else if (code <= QChar::LastValidCodePoint)
-        Text(QString::fromUcs4(reinterpret_cast<const char32_t*>(&code), 1));
-    m_toSkip = Top().fallbackLength;
-}
-
-void RtfParser::EndParagraph(int, Number) {
-    if (Top().place != Place::Body)
-        return;
-    if (Top().inTable)
-        m_flow.BreakCellLine();
-    else
-        m_flow.EndParagraph(Paragraph(), Look());
-}
-
-void RtfParser::BreakPage(int, Number) {
-    if (Top().place == Place::Body)
-        m_flow.BreakPage(Paragraph(), Look());
-}
-
-void RtfParser::EndSection(int, Number) {
-    if (Top().place != Place::Body)
-        return;
-    m_flow.EndParagraph(Paragraph(), Look());
-    if (m_sectionStartsPage)
-        m_flow.BreakPage(Paragraph(), Look());
-}
-
-void RtfParser::CellEdge(int, Number number) {
-    if (m_cellEdges.size() < kMostTabs)
-        m_cellEdges.push_back(std::clamp(number.value_or(0), 0, kLongest));
-}
-
-void RtfParser::EndCell(int, Number) {
-    if (Top().place == Place::Body)
-        m_flow.EndCell();
-}
-
-// The cells' left edges become the tabs of the paragraph.
-void RtfParser::EndRow(int, Number) {
-    if (Top().place != Place::Body)
-        return;
-    RtfParagraph row;
-    for (size_t i = 0; i + 1 < m_cellEdges.size(); ++i)
-        row.tabs.push_back({m_cellEdges[i], QTextOption::LeftTab});
-    m_flow.EndParagraph(row, Look());
+const RtfWord* FindRtfWord(std::string_view name) {
+    const auto* word = std::ranges::lower_bound(kByName, name, {}, &RtfWord::name);
+    return word != kByName.end() && word->name == name ? word : nullptr;
 }
 
 } // namespace platform
