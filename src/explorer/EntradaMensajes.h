@@ -2,8 +2,12 @@
 #pragma once
 
 #include "explorer/Retrollamadas.h"
+#include "platform/forms/WindowHandles.h"
+#include "platform/forms/WindowMessages.h"
 
 #include <array>
+#include <memory>
+#include <span>
 
 namespace explorer {
 

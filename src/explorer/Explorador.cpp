@@ -6,6 +6,7 @@
 #include "platform/controls/LoadPicture.h"
 #include "platform/files/Program.h"
 #include "platform/forms/Handler.h"
+#include "platform/forms/WindowHandles.h"
 #include "shared/Module1.h"
 #include "ui_Explorador.h"
 

@@ -3,6 +3,7 @@
 
 #include "platform/base/Log.h"
 #include "platform/forms/Dialogs.h"
+#include "platform/forms/WindowMessages.h"
 
 #include <algorithm>
 #include <cerrno>

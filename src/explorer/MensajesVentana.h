@@ -2,6 +2,9 @@
 #pragma once
 
 #include "explorer/EntradaMensajes.h"
+#include "explorer/Retrollamadas.h"
+#include "platform/forms/WindowHandles.h"
+#include "platform/forms/WindowTimers.h"
 
 #include <QString>
 #include <array>

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/forms/WindowMessages.h"
+#include "platform/forms/WindowHandles.h"
 
 #include <functional>
 #include <map>
 #include <memory>
 #include <span>
+#include <utility>
 
 namespace explorer {
 

@@ -2,6 +2,8 @@
 #include "explorer/cSubclassListView.h"
 
 #include "platform/controls/ListView.h"
+#include "platform/forms/WindowMessages.h"
+#include "platform/forms/WindowTimers.h"
 
 #include <QApplication>
 #include <QCursor>

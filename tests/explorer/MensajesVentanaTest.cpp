@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/MensajesVentana.h"
+#include "platform/forms/WindowMessages.h"
+#include "platform/forms/WindowTimers.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QMouseEvent>

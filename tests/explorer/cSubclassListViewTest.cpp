@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/cSubclassListView.h"
 #include "platform/controls/ListView.h"
+#include "platform/forms/WindowHandles.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QHeaderView>

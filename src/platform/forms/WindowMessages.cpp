@@ -1,24 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/forms/WindowMessages.h"
 
-#include "platform/forms/Handler.h"
-
 #include <QCoreApplication>
 #include <QMouseEvent>
+#include <QObject>
 #include <QPaintEvent>
 #include <QScopedValueRollback>
 #include <QThread>
-#include <QTimer>
+#include <QWidget>
 #include <cerrno>
-#include <chrono>
-#include <map>
 #include <unordered_map>
 #include <utility>
 
 namespace platform {
 namespace {
 
-constexpr HWnd kForeign = 1U << 31;
 constexpr qint32 kClientArea = 1; // what WM_NCHITTEST is answered with
 
 constexpr std::pair<Qt::MouseButton, qint32> kButtonFlags[] = {
@@ -35,12 +31,6 @@ qint32 FlagsOf(const QMouseEvent& event) {
     return flags;
 }
 
-qint32 Milliseconds() {
-    using namespace std::chrono;
-    const auto now = steady_clock::now().time_since_epoch();
-    return static_cast<qint32>(duration_cast<milliseconds>(now).count());
-}
-
 class DefaultProcedure : public WindowProcedure {
 public:
     qint32 Call(HWnd window, quint32 message, qint32 wParam, qint32 lParam) override;
@@ -51,54 +41,20 @@ const WindowProc& Default() {
     return procedure;
 }
 
-// Lives at least until its own call returns.
-class WindowTimer : public QObject, public std::enable_shared_from_this<WindowTimer> {
+// Turns a window's events into messages for its procedure, and the messages that are left to the
+// window into events. It outlives its widget while a message is under way.
+class Translator : public QObject, public std::enable_shared_from_this<Translator> {
 public:
-    WindowTimer(HWnd window, quintptr id, int milliseconds, PlainProc procedure)
-        : m_window(window), m_id(id), m_procedure(std::move(procedure)) {
-        connect(&m_timer, &QTimer::timeout, this, &WindowTimer::Tick);
-        m_timer.start(milliseconds);
-    }
-    void Stop() { m_timer.stop(); }
-
-private:
-    void Tick() {
-        if (m_running)
-            return;
-        const std::shared_ptr<WindowTimer> alive = shared_from_this();
-        const QScopedValueRollback running(m_running, true);
-        const qint32 values[] = {static_cast<qint32>(m_window), static_cast<qint32>(WM_TIMER),
-                                 static_cast<qint32>(m_id), Milliseconds()};
-        RunHandler([&] {
-            if (m_procedure)
-                (*m_procedure)(values);
-            else
-                SendMessage(m_window, WM_TIMER, values[2]);
-        });
+    explicit Translator(const WindowHandle& window)
+        : m_handle(window.Number()), m_widget(window.Widget()) {
+        connect(&window, &WindowHandle::Ending, this, &Translator::End);
     }
 
-    HWnd m_window;
-    quintptr m_id;
-    PlainProc m_procedure;
-    QTimer m_timer;
-    bool m_running = false;
-};
-
-// A window that has a handle. It outlives its widget while a message is under way.
-class Window : public QObject, public std::enable_shared_from_this<Window> {
-public:
-    Window(HWnd handle, QWidget* widget) : m_handle(handle), m_widget(widget) {
-        connect(widget, &QObject::destroyed, this, [this] { End(); });
-    }
-
-    QWidget* Widget() const { return m_widget; }
     const WindowProc& Procedure() const { return m_procedure; }
     WindowProc Procedure(WindowProc procedure);
     qint32 Dispatch(QEvent* event, quint32 message, qint32 wParam, qint32 lParam);
     qint32 OwnHandling(quint32 message, qint32 wParam, qint32 lParam);
     QRect BeginPaint();
-    void StartTimer(quintptr id, int milliseconds, PlainProc procedure);
-    bool EndTimer(quintptr id);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -125,31 +81,28 @@ private:
     QEvent* m_handedBack = nullptr;
     bool m_ending = false;
     bool m_hadTracking = false;
-    std::map<quintptr, std::shared_ptr<WindowTimer>> m_timers;
 };
 
-struct Registry {
-    std::unordered_map<HWnd, std::shared_ptr<Window>> windows;
-    std::unordered_map<const QWidget*, HWnd> handles;
-    HWnd last = 0;
-};
-
-Registry& Windows() {
-    static Registry registry;
-    return registry;
+std::unordered_map<HWnd, std::shared_ptr<Translator>>& Translators() {
+    static std::unordered_map<HWnd, std::shared_ptr<Translator>> translators;
+    return translators;
 }
 
-std::shared_ptr<Window> Find(HWnd handle) {
-    const auto found = Windows().windows.find(handle);
-    return found == Windows().windows.end() ? nullptr : found->second;
+// Null if the window isn't one of this process.
+std::shared_ptr<Translator> Find(HWnd window) {
+    const auto known = Translators().find(window);
+    if (known != Translators().end())
+        return known->second;
+    const auto handle = FindHandle(window);
+    return handle ? Translators()[window] = std::make_shared<Translator>(*handle) : nullptr;
 }
 
 qint32 DefaultProcedure::Call(HWnd handle, quint32 message, qint32 wParam, qint32 lParam) {
-    const std::shared_ptr<Window> window = Find(handle);
+    const std::shared_ptr<Translator> window = Find(handle);
     return window ? window->OwnHandling(message, wParam, lParam) : 0;
 }
 
-WindowProc Window::Procedure(WindowProc procedure) {
+WindowProc Translator::Procedure(WindowProc procedure) {
     const bool watched = m_procedure != Default();
     const bool watch = procedure != Default();
     if (m_ending || watch == watched)
@@ -165,15 +118,15 @@ WindowProc Window::Procedure(WindowProc procedure) {
     return std::exchange(m_procedure, std::move(procedure));
 }
 
-qint32 Window::Dispatch(QEvent* event, quint32 message, qint32 wParam, qint32 lParam) {
-    const std::shared_ptr<Window> alive = shared_from_this();
+qint32 Translator::Dispatch(QEvent* event, quint32 message, qint32 wParam, qint32 lParam) {
+    const std::shared_ptr<Translator> alive = shared_from_this();
     const WindowProc procedure = m_procedure;
     Call call{message, event, event && IsUntracked(*event), m_call};
     const QScopedValueRollback innermost(m_call, &call);
     return procedure->Call(m_handle, message, wParam, lParam);
 }
 
-qint32 Window::OwnHandling(quint32 message, qint32 wParam, qint32 lParam) {
+qint32 Translator::OwnHandling(quint32 message, qint32 wParam, qint32 lParam) {
     if (message == WM_NCHITTEST)
         return kClientArea;
     if (m_ending)
@@ -190,18 +143,18 @@ qint32 Window::OwnHandling(quint32 message, qint32 wParam, qint32 lParam) {
 }
 
 // Whether the widget wouldn't have got the event if nobody watched it.
-bool Window::IsUntracked(const QEvent& event) const {
+bool Translator::IsUntracked(const QEvent& event) const {
     return event.type() == QEvent::MouseMove && !m_hadTracking &&
            static_cast<const QMouseEvent&>(event).buttons() == Qt::NoButton;
 }
 
 // By the ordinary way, so that the filters behind this one see the event too.
-void Window::HandBack(QEvent& event) {
+void Translator::HandBack(QEvent& event) {
     const QScopedValueRollback<QEvent*> pass(m_handedBack, &event);
     QCoreApplication::sendEvent(m_widget, &event);
 }
 
-void Window::HandOver(quint32 message, qint32 wParam, QPoint place) {
+void Translator::HandOver(quint32 message, qint32 wParam, QPoint place) {
     Qt::MouseButtons buttons;
     for (const auto& [button, flag] : kButtonFlags)
         buttons.setFlag(button, wParam & flag);
@@ -217,11 +170,11 @@ void Window::HandOver(quint32 message, qint32 wParam, QPoint place) {
     HandBack(event);
 }
 
-bool Window::eventFilter(QObject*, QEvent* event) {
+bool Translator::eventFilter(QObject*, QEvent* event) {
     const bool disabled = event->isPointerEvent() && !m_widget->isEnabled();
     if (event == m_handedBack || m_ending || disabled)
         return false;
-    const std::shared_ptr<Window> alive = shared_from_this();
+    const std::shared_ptr<Translator> alive = shared_from_this();
     switch (event->type()) {
     case QEvent::Paint:
         Dispatch(event, WM_PAINT, 0, 0);
@@ -245,26 +198,20 @@ bool Window::eventFilter(QObject*, QEvent* event) {
     return true;
 }
 
-void Window::MouseMessage(QMouseEvent& event, quint32 message) {
+void Translator::MouseMessage(QMouseEvent& event, quint32 message) {
     Dispatch(nullptr, WM_NCHITTEST, 0, MakeLParam(event.globalPosition().toPoint()));
     if (!m_ending)
         Dispatch(&event, message, FlagsOf(event), MakeLParam(event.position().toPoint()));
 }
 
-// The widget is still one, with its children, but no longer of its own class.
-void Window::End() {
-    const std::shared_ptr<Window> alive = shared_from_this();
+void Translator::End() {
+    const std::shared_ptr<Translator> alive = shared_from_this();
     m_ending = true;
     Dispatch(nullptr, WM_DESTROY, 0, 0);
-    Windows().handles.erase(m_widget);
-    m_widget = nullptr;
-    Windows().windows.erase(m_handle);
-    for (const auto& [id, timer] : m_timers)
-        timer->Stop();
-    m_timers.clear();
+    Translators().erase(m_handle);
 }
 
-QRect Window::BeginPaint() {
+QRect Translator::BeginPaint() {
     for (Call* call = m_call; call; call = call->outer) {
         if (call->event && call->message == WM_PAINT) {
             call->spent = true;
@@ -274,53 +221,7 @@ QRect Window::BeginPaint() {
     return {};
 }
 
-void Window::StartTimer(quintptr id, int milliseconds, PlainProc procedure) {
-    EndTimer(id);
-    // Its last reference may go while its own event is under way.
-    m_timers[id] = {new WindowTimer(m_handle, id, milliseconds, std::move(procedure)),
-                    [](WindowTimer* timer) { timer->deleteLater(); }};
-}
-
-bool Window::EndTimer(quintptr id) {
-    const auto timer = m_timers.find(id);
-    if (timer == m_timers.end())
-        return false;
-    timer->second->Stop();
-    m_timers.erase(timer);
-    return true;
-}
-
 } // namespace
-
-HWnd HandleOf(QWidget* widget) {
-    if (!widget)
-        return 0;
-    Registry& registry = Windows();
-    HWnd& handle = registry.handles[widget];
-    if (handle == 0) {
-        handle = ++registry.last;
-        registry.windows[handle] = std::make_shared<Window>(handle, widget);
-    }
-    return handle;
-}
-
-HWnd HandleOfNative(WId native) {
-    QWidget* widget = QWidget::find(native);
-    return widget || native == 0 ? HandleOf(widget) : static_cast<HWnd>(native) | kForeign;
-}
-
-QWidget* WidgetOf(HWnd window) {
-    const auto found = Find(window);
-    return found ? found->Widget() : nullptr;
-}
-
-bool IsWindow(HWnd window) {
-    return IsForeign(window) || Find(window);
-}
-
-bool IsForeign(HWnd window) {
-    return window & kForeign;
-}
 
 WindowProc GetWindowProc(HWnd window) {
     const auto found = Find(window);
@@ -328,12 +229,12 @@ WindowProc GetWindowProc(HWnd window) {
 }
 
 WindowProc SetWindowProc(HWnd window, WindowProc procedure) {
-    const auto found = Find(window);
-    if (!found || found->thread() != QThread::currentThread()) {
-        errno = found ? EPERM : EINVAL;
+    const auto handle = FindHandle(window);
+    if (!handle || handle->thread() != QThread::currentThread()) {
+        errno = handle ? EPERM : EINVAL;
         return nullptr;
     }
-    return found->Procedure(std::move(procedure));
+    return Find(window)->Procedure(std::move(procedure));
 }
 
 qint32 SendMessage(HWnd window, quint32 message, qint32 wParam, qint32 lParam) {
@@ -354,18 +255,6 @@ qint32 MakeLParam(QPoint point) {
 
 QPoint PointOf(qint32 lParam) {
     return {static_cast<qint16>(lParam), static_cast<qint16>(lParam >> 16)};
-}
-
-bool SetTimer(HWnd window, quintptr id, int milliseconds, PlainProc procedure) {
-    const auto found = Find(window);
-    if (found)
-        found->StartTimer(id, milliseconds, std::move(procedure));
-    return found != nullptr;
-}
-
-bool KillTimer(HWnd window, quintptr id) {
-    const auto found = Find(window);
-    return found && found->EndTimer(id);
 }
 
 } // namespace platform

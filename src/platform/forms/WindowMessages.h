@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/forms/WindowHandles.h"
+
 #include <QPoint>
 #include <QRect>
-#include <QWidget>
-#include <functional>
 #include <memory>
-#include <span>
 
 namespace platform {
-
-/// A window by number. A number is never given a second time; 0 is no window.
-using HWnd = quint32;
 
 inline constexpr quint32 WM_NULL = 0;
 inline constexpr quint32 WM_DESTROY = 2;
@@ -33,17 +29,6 @@ public:
 };
 using WindowProc = std::shared_ptr<WindowProcedure>;
 
-/// Lives as long as the widget; it ends with WM_DESTROY. 0 for no widget.
-HWnd HandleOf(QWidget* widget);
-/// The handle for a native window, which may be another program's.
-HWnd HandleOfNative(WId native);
-/// Null if the window isn't one of this process.
-QWidget* WidgetOf(HWnd window);
-
-bool IsWindow(HWnd window);
-/// Whether the window belongs to another process; such a window is taken to be there.
-bool IsForeign(HWnd window);
-
 /// Null if there is no such window here.
 WindowProc GetWindowProc(HWnd window);
 /// Answers the former procedure, or null and `errno` if the window isn't one of this process and of
@@ -61,16 +46,5 @@ QRect BeginPaint(HWnd window);
 
 qint32 MakeLParam(QPoint point);
 QPoint PointOf(qint32 lParam);
-
-/// A plain procedure of as many values as its maker says. It may be let go while it runs.
-using PlainProcedure = std::function<qint32(std::span<const qint32> values)>;
-using PlainProc = std::shared_ptr<const PlainProcedure>;
-
-/// Calls with window, WM_TIMER, id and the milliseconds of the clock, again and again until
-/// KillTimer or the window's end, but never while a call of this timer runs. Without a procedure
-/// the window gets the message. The same id again starts anew. False if there is no such window
-/// here.
-bool SetTimer(HWnd window, quintptr id, int milliseconds, PlainProc procedure);
-bool KillTimer(HWnd window, quintptr id);
 
 } // namespace platform
