@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <memory_resource>
 #include <new>
+#include <span>
 #include <utility>
 
 namespace explorer {
@@ -16,10 +17,6 @@ namespace {
 
 constexpr int kTipoVentana = 0;
 constexpr int kTipoRetrollamada = 2; // 1, the hook, is never made
-
-QString Clave(qint64 id) {
-    return QString::number(id) + u'h';
-}
 
 // From the default resource, which a test can leave without memory.
 template<class Valor>
@@ -34,22 +31,6 @@ std::shared_ptr<Valor> Reservar() {
 QString SinMemoria() {
     return QStringLiteral("VirtualAlloc failed, error: %1").arg(ENOMEM);
 }
-
-struct EntradaRetrollamada {
-    std::weak_ptr<const void> dueno;
-    const Retrollamadas::Metodo* metodo = nullptr; // valid while the owner is there
-    size_t parametros = 0;
-    platform::PlainProc procedimiento;
-
-    qint32 Llamar(std::span<const qint32> valores) const {
-        const auto vivo = dueno.lock();
-        if (!vivo || valores.size() != parametros)
-            return 0;
-        qint32 resultado = 0;
-        (*metodo)(valores, resultado);
-        return resultado;
-    }
-};
 
 } // namespace
 
@@ -78,7 +59,7 @@ bool MensajesVentana::ssc_Subclass(platform::HWnd hWnd, qint32 valorUsuario, int
     const auto entrada = Reservar<EntradaMensajes>();
     if (!entrada)
         return fallo(SinMemoria());
-    if (!Agregar(kTipoVentana, hWnd, entrada))
+    if (!m_ventanas.Agregar(hWnd, entrada))
         return fallo(QStringLiteral("Window handle is already subclassed"));
     entrada->ventana = hWnd;
     entrada->dueno = dueno->Vida();
@@ -88,7 +69,7 @@ bool MensajesVentana::ssc_Subclass(platform::HWnd hWnd, qint32 valorUsuario, int
     if (entrada->procAnterior)
         return true;
     const int error = errno;
-    Quitar(kTipoVentana, hWnd);
+    m_ventanas.Quitar(hWnd);
     return fallo(QStringLiteral("SetWindowLong failed, error #%1").arg(error));
 }
 
@@ -126,16 +107,15 @@ void MensajesVentana::ssc_UserValue(platform::HWnd hWnd, qint32 valor) {
 
 void MensajesVentana::ssc_Unhook(platform::HWnd hWnd) {
     const auto entrada = Entrada(hWnd);
-    Quitar(kTipoVentana, hWnd);
+    m_ventanas.Quitar(hWnd);
     if (entrada)
         entrada->Soltar();
 }
 
 void MensajesVentana::ssc_UnhookAll() {
-    Coleccion coleccion =
-        std::exchange(m_colecciones[kTipoVentana], std::nullopt).value_or(Coleccion());
-    for (; !coleccion.empty(); coleccion.pop_back())
-        std::static_pointer_cast<EntradaMensajes>(coleccion.back().entrada)->Soltar();
+    auto entradas = m_ventanas.SacarTodas();
+    for (; !entradas.empty(); entradas.pop_back())
+        entradas.back().second->Soltar();
 }
 
 platform::PlainProc MensajesVentana::scb_SetCallbackAddr(int parametros, int ordinal,
@@ -144,8 +124,8 @@ platform::PlainProc MensajesVentana::scb_SetCallbackAddr(int parametros, int ord
         Informar(QStringLiteral("scb_SetCallbackAddr"), mensaje);
         return nullptr;
     };
-    if (const auto hecha = Hallar(kTipoRetrollamada, ordinal))
-        return std::static_pointer_cast<EntradaRetrollamada>(hecha)->procedimiento;
+    if (const auto hecha = m_retrollamadas.Hallar(ordinal))
+        return hecha->procedimiento;
     if (parametros < 0)
         return fallo(QStringLiteral("Invalid Parameter count"));
     if (!dueno)
@@ -156,7 +136,7 @@ platform::PlainProc MensajesVentana::scb_SetCallbackAddr(int parametros, int ord
     const auto entrada = Reservar<EntradaRetrollamada>();
     if (!entrada)
         return fallo(SinMemoria());
-    Agregar(kTipoRetrollamada, ordinal, entrada);
+    m_retrollamadas.Agregar(ordinal, entrada);
     entrada->dueno = dueno->Vida();
     entrada->metodo = metodo;
     entrada->parametros = static_cast<size_t>(parametros);
@@ -170,56 +150,34 @@ platform::PlainProc MensajesVentana::scb_SetCallbackAddr(int parametros, int ord
 
 void MensajesVentana::scb_Release(int ordinal) {
     if (zMap_VFunction(ordinal, kTipoRetrollamada))
-        Quitar(kTipoRetrollamada, ordinal);
+        m_retrollamadas.Quitar(ordinal);
 }
 
 void MensajesVentana::scb_ReleaseAll() {
-    m_colecciones[kTipoRetrollamada].reset();
+    m_retrollamadas.SacarTodas();
 }
 
-std::shared_ptr<void> MensajesVentana::zMap_VFunction(qint64 id, int tipo) const {
-    if (tipo < 0 || tipo >= static_cast<int>(m_colecciones.size())) {
+bool MensajesVentana::zMap_VFunction(qint64 id, int tipo) const {
+    if (tipo < kTipoVentana || tipo > kTipoRetrollamada) {
         Informar(QStringLiteral("zMap_Vfunction"), QStringLiteral("Invalid thunk type passed"));
-        return nullptr;
+        return false;
     }
+    const bool deVentana = tipo == kTipoVentana;
+    const bool deRetrollamada = tipo == kTipoRetrollamada;
+    const bool hecha =
+        (deVentana && m_ventanas.Hecha()) || (deRetrollamada && m_retrollamadas.Hecha());
+    const bool hallada =
+        (deVentana && m_ventanas.Hallar(id)) || (deRetrollamada && m_retrollamadas.Hallar(id));
     const QString rutina = QStringLiteral("zMap_VFunction");
-    if (!m_colecciones[static_cast<size_t>(tipo)]) {
+    if (!hecha)
         Informar(rutina, QStringLiteral("Thunk hasn't been initialized"));
-        return nullptr;
-    }
-    auto entrada = Hallar(tipo, id);
-    if (!entrada)
+    else if (!hallada)
         Informar(rutina, QStringLiteral("Thunk type for ID of %1 does not exist").arg(id));
-    return entrada;
+    return hallada;
 }
 
 std::shared_ptr<EntradaMensajes> MensajesVentana::Entrada(platform::HWnd hWnd) const {
-    return std::static_pointer_cast<EntradaMensajes>(zMap_VFunction(hWnd, kTipoVentana));
-}
-
-bool MensajesVentana::Agregar(int tipo, qint64 id, std::shared_ptr<void> entrada) {
-    if (Hallar(tipo, id))
-        return false;
-    auto& coleccion = m_colecciones[static_cast<size_t>(tipo)];
-    if (!coleccion)
-        coleccion.emplace();
-    coleccion->push_back({Clave(id), std::move(entrada)});
-    return true;
-}
-
-std::shared_ptr<void> MensajesVentana::Hallar(int tipo, qint64 id) const {
-    const auto& coleccion = m_colecciones[static_cast<size_t>(tipo)];
-    if (!coleccion)
-        return nullptr;
-    const auto hallado = std::ranges::find(*coleccion, Clave(id), &Elemento::clave);
-    return hallado == coleccion->end() ? nullptr : hallado->entrada;
-}
-
-void MensajesVentana::Quitar(int tipo, qint64 id) {
-    if (auto& coleccion = m_colecciones[static_cast<size_t>(tipo)])
-        std::erase_if(*coleccion, [clave = Clave(id)](const Elemento& elemento) {
-            return elemento.clave == clave;
-        });
+    return zMap_VFunction(hWnd, kTipoVentana) ? m_ventanas.Hallar(hWnd) : nullptr;
 }
 
 void MensajesVentana::zAddMsg(TablaMensajes& tabla, qint32 mensaje) const {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "explorer/Coleccion.h"
 #include "explorer/EntradaMensajes.h"
+#include "explorer/EntradaRetrollamada.h"
 #include "explorer/Retrollamadas.h"
 #include "platform/forms/WindowHandles.h"
 #include "platform/forms/WindowTimers.h"
 
 #include <QString>
-#include <array>
-#include <optional>
-#include <vector>
+#include <memory>
 
 namespace explorer {
 
@@ -54,27 +54,20 @@ public:
     void scb_Release(int ordinal);
     void scb_ReleaseAll();
 
-    /// The entry of a window (type 0) or of a callback's ordinal (type 2), or null.
-    std::shared_ptr<void> zMap_VFunction(qint64 id, int tipo) const;
+    /// Whether there is an entry of a window (type 0) or of a callback's ordinal (type 2); without
+    /// one it is reported.
+    bool zMap_VFunction(qint64 id, int tipo) const;
 
 private:
-    struct Elemento {
-        QString clave;
-        std::shared_ptr<void> entrada;
-    };
-    using Coleccion = std::vector<Elemento>;
-
     std::shared_ptr<EntradaMensajes> Entrada(platform::HWnd hWnd) const;
-    bool Agregar(int tipo, qint64 id, std::shared_ptr<void> entrada);
-    std::shared_ptr<void> Hallar(int tipo, qint64 id) const;
-    void Quitar(int tipo, qint64 id);
     void zAddMsg(TablaMensajes& tabla, qint32 mensaje) const;
     void zDelMsg(TablaMensajes& tabla, qint32 mensaje) const;
     void Informar(const QString& rutina, const QString& mensaje) const;
 
     QString m_tipo;
     Retrollamadas m_propias;
-    std::array<std::optional<Coleccion>, 3> m_colecciones; ///< by type, made at first use
+    Coleccion<EntradaMensajes> m_ventanas;          ///< by window
+    Coleccion<EntradaRetrollamada> m_retrollamadas; ///< by ordinal
 };
 
 } // namespace explorer
