@@ -6,6 +6,7 @@
 #include "platform/text/NativeNames.h"
 
 #include <QCollator>
+#include <QLocale>
 #include <array>
 #include <utility>
 
@@ -60,7 +61,7 @@ void ordenarRango(std::span<EntradaArchivo> entradas, qsizetype lo, qsizetype hi
 
 } // namespace
 
-bool EsTipo(const QString& tipo, const QString& otro) {
+bool EsTipo(QStringView tipo, QStringView otro) {
     return tipo.compare(otro, Qt::CaseInsensitive) == 0;
 }
 

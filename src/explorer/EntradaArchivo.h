@@ -3,13 +3,14 @@
 
 #include <QCollator>
 #include <QString>
+#include <QStringView>
 #include <optional>
 #include <span>
 
 namespace explorer {
 
-inline const QString kTipoCarpeta = QStringLiteral("Carpeta de Archivos");
-inline const QString kClaveCarpeta = QStringLiteral("carpeta");
+inline constexpr QStringView kTipoCarpeta = u"Carpeta de Archivos";
+inline constexpr QStringView kClaveCarpeta = u"carpeta";
 
 /// One entry of a listed folder.
 struct EntradaArchivo {
@@ -23,7 +24,7 @@ struct EntradaArchivo {
 };
 
 /// True for types that differ in nothing but case.
-bool EsTipo(const QString& tipo, const QString& otro);
+bool EsTipo(QStringView tipo, QStringView otro);
 
 /// "z" and the extension in lower case; a name without a point is all extension.
 QString ClaveDeArchivo(const QString& nombre);

@@ -8,6 +8,8 @@
 #include "platform/files/Program.h"
 
 #include <QCoreApplication>
+#include <QHash>
+#include <QStringView>
 #include <algorithm>
 #include <array>
 
@@ -19,7 +21,7 @@ constexpr size_t kFilasPorRefresco = 1000;
 constexpr qsizetype kRaiz = 3;      // characters, of "C:\"
 constexpr qsizetype kExtension = 4; // characters, of ".qmk"
 
-const QString kTipoProyecto = QStringLiteral("Quillmark");
+constexpr QStringView kTipoProyecto = u"Quillmark";
 
 struct Columna {
     const char16_t* titulo;
@@ -142,15 +144,15 @@ bool clsListFile::leerDirectorio(const QString& directorio) {
     for (const platform::FoundFile& archivo : *archivos)
         mvarFiles.push_back(LeerEntrada(archivo, lectura));
     if (lectura.hayCarpetas)
-        AnadirIconos(platform::ProgramFolder(), kClaveCarpeta);
+        AnadirIconos(platform::ProgramFolder(), kClaveCarpeta.toString());
     ordenarEntradas(mvarFiles);
     return !mvarFiles.empty();
 }
 
 EntradaArchivo clsListFile::LeerEntrada(const platform::FoundFile& archivo, Lectura& lectura) {
-    EntradaArchivo entrada{kClaveCarpeta,
+    EntradaArchivo entrada{kClaveCarpeta.toString(),
                            archivo.name,
-                           kTipoCarpeta,
+                           kTipoCarpeta.toString(),
                            archivo.attributes,
                            static_cast<qint32>(archivo.sizeLow),
                            archivo.lastWriteTime,

@@ -7,7 +7,7 @@
 #include "platform/files/FileSystemObject.h"
 #include "platform/files/FindFile.h"
 
-#include <QHash>
+#include <QString>
 #include <functional>
 #include <memory>
 #include <vector>
