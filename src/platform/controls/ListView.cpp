@@ -8,9 +8,11 @@
 #include "platform/text/NativeNames.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QListView>
+#include <QMetaObject>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTreeView>
@@ -222,7 +224,7 @@ bool ListView::IsOnRow(const QMouseEvent& event) const {
     return event.button() == Qt::LeftButton && shown->indexAt(event.position().toPoint()).isValid();
 }
 
-// Without a selected row the first arrow selects the current one; the toolkit would skip it.
+// Without a selected row the first arrow selects the current one; QAbstractItemView would skip it.
 bool ListView::SelectByKey(const QKeyEvent& event) {
     const bool arrow =
         event.key() == Qt::Key_Down || event.key() == Qt::Key_Up || event.key() == Qt::Key_Home;
@@ -236,22 +238,41 @@ bool ListView::SelectByKey(const QKeyEvent& event) {
 }
 
 bool ListView::eventFilter(QObject* object, QEvent* event) {
-    const bool viewport = object == m_list->viewport() || object == m_report->viewport();
-    if (viewport && event->type() == QEvent::Resize && object == m_list->viewport())
-        FitColumn();
-    if (!viewport && event->type() == QEvent::KeyPress &&
-        SelectByKey(*static_cast<QKeyEvent*>(event)))
-        return true;
-    const bool pressed =
-        !viewport && event->type() == QEvent::KeyPress && IsEnter(*static_cast<QKeyEvent*>(event));
-    const bool clicked = viewport && event->type() == QEvent::MouseButtonDblClick &&
-                         IsOnRow(*static_cast<QMouseEvent*>(event));
-    if (!pressed && !clicked)
+    const bool onViewport = object == m_list->viewport() || object == m_report->viewport();
+    switch (event->type()) {
+    case QEvent::Resize:
+        if (object == m_list->viewport())
+            FitColumn();
+        return false;
+    case QEvent::KeyPress:
+        return !onViewport && KeyPressed(*static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonDblClick:
+        return onViewport && DoubleClicked(*static_cast<QMouseEvent*>(event));
+    default:
         return QStackedWidget::eventFilter(object, event);
+    }
+}
+
+bool ListView::KeyPressed(const QKeyEvent& event) {
+    if (SelectByKey(event))
+        return true;
+    if (!IsEnter(event))
+        return false;
+    DblClick();
+    return true;
+}
+
+bool ListView::DoubleClicked(const QMouseEvent& event) {
+    if (!IsOnRow(event))
+        return false;
+    DblClick();
+    return true;
+}
+
+void ListView::DblClick() {
     const std::function<void()> handler = m_dblClick; // which may take this view away
     if (handler)
         RunHandler(handler);
-    return true;
 }
 
 } // namespace platform

@@ -3,12 +3,19 @@
 
 #include "platform/controls/ListControl.h"
 
+#include <QColor>
+#include <QIcon>
+#include <QSize>
 #include <QStackedWidget>
+#include <QString>
+#include <functional>
 #include <optional>
 
 class QAbstractItemView;
 class QHeaderView;
+class QKeyEvent;
 class QListView;
+class QMouseEvent;
 class QTreeView;
 
 namespace platform {
@@ -75,8 +82,12 @@ private:
     void Prepare(QAbstractItemView* view);
     void ShowNewRows();
     void FitColumn();
+    // Whether the event is done with, and the view isn't to see it.
+    bool KeyPressed(const QKeyEvent& event);
+    bool DoubleClicked(const QMouseEvent& event);
     bool SelectByKey(const QKeyEvent& event);
     bool IsOnRow(const QMouseEvent& event) const;
+    void DblClick();
 
     ListModel* m_model;
     QListView* m_list;
