@@ -7,8 +7,10 @@
 #include "platform/text/NativeNames.h"
 
 #include <QRegularExpression>
-#include <QStringList>
 #include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
 #include <unistd.h>
 
 namespace deploy {
@@ -42,9 +44,11 @@ constexpr std::array kEboots = {
     Eboot{u"Eboot PhoenixGameEngine 0.02", u"\\data\\EBOOT4.PBP"},
 };
 
+// In the name as it is shown: what stands for bytes that are no text is U+FFFD there.
 bool HasForbiddenCharacter(const QString& name) {
+    const QString shown = platform::DisplayText(name);
     const QString forbidden = QStringLiteral("\\/:*?\"<>|") + QChar(QChar::ReplacementCharacter);
-    return std::any_of(name.begin(), name.end(), [&](QChar c) {
+    return std::any_of(shown.begin(), shown.end(), [&](QChar c) {
         return c.unicode() < 0x20 || c.unicode() == 0x7F || forbidden.contains(c);
     });
 }
@@ -65,6 +69,25 @@ bool IsShortName(const QString& name) {
     return alias.match(name).hasMatch();
 }
 
+bool HasHalfCharacter(const QString& name) {
+    return !name.isValidUtf16();
+}
+
+// Also the names of a folder itself and of the one above it.
+bool EndsInPointOrSpace(const QString& name) {
+    return name.endsWith(u'.') || name.endsWith(u' ');
+}
+
+bool IsTooLong(const QString& name) {
+    return name.size() > kLongestName;
+}
+
+bool IsImpossible(const QString& name) {
+    constexpr std::array kDefects = {HasForbiddenCharacter, HasHalfCharacter,   IsDevice,
+                                     IsShortName,           EndsInPointOrSpace, IsTooLong};
+    return std::ranges::any_of(kDefects, [&](auto defect) { return defect(name); });
+}
+
 } // namespace
 
 std::span<const Firmware> Firmwares() {
@@ -82,9 +105,7 @@ std::optional<QString> DefectoDeNombre(const QString& nombre) {
                               "encima de su texto y vuelve a intentarlo. Ese nombre es el del "
                               "documento sin sus cuatro últimas letras: si no tiene más de cuatro, "
                               "guárdalo antes con otro más largo.");
-    if (nombre == u"." || nombre == u".." || HasForbiddenCharacter(shown) || IsDevice(nombre) ||
-        IsShortName(nombre) || !nombre.isValidUtf16() || nombre.endsWith(u'.') ||
-        nombre.endsWith(u' ') || nombre.size() > kLongestName)
+    if (IsImpossible(nombre))
         return QStringLiteral("\"%1\" no puede ser el nombre de una carpeta en la tarjeta de "
                               "memoria. Guarda el script con otro nombre y pasa el ratón por la "
                               "franja que hay encima de su texto.")
