@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "deploy/Destinos.h"
-#include "deploy/cProg.h"
+#include "deploy/Module2.h"
 #include "platform/base/Clock.h"
 #include "platform/controls/DriveListBox.h"
 #include "platform/files/Drives.h"
+#include "shared/cProg.h"
 #include "support/MainWindow.h"
 
 #include <QLabel>
@@ -101,7 +102,7 @@ TEST_F(TransferTest, EachLoaderMakesItsTree) {
                         .contains("Sustituir por: " + loader.toUtf8()));
         Transfer();
         EXPECT_TRUE(Idle());
-        EXPECT_EQ(Find<deploy::cProg>("cProg1")->Value(), 100);
+        EXPECT_EQ(Find<shared::cProg>("cProg1")->Value(), 100);
         EXPECT_EQ(Tree(), u"GAME GAME/juego GAME/juego/EBOOT.PBP=%1"_s.arg(kDataFiles[size_t(i)]) +
                               (i == 2 ? kDrivers : QString()) + kScript);
         ++i;
@@ -233,4 +234,14 @@ TEST_F(TransferTest, NamesFollowTheFileSystemOfTheStick) {
     allowed << QString(255, u'a');
     for (const QString& name : allowed)
         EXPECT_FALSE(deploy::DefectoDeNombre(name)) << name.toStdString();
+}
+
+TEST(Module2Test, ProgressIsCutOffToAWholePercentage) {
+    shared::cProg bar;
+    EXPECT_EQ(Module2::CopyProgress(3, 2, bar), 0);
+    EXPECT_EQ(bar.Value(), 66);
+    Module2::CopyProgress(qint64{1} << 40, (qint64{1} << 40) - 1, bar);
+    EXPECT_EQ(bar.Value(), 99);
+    Module2::CopyProgress(0, 0, bar);
+    EXPECT_EQ(bar.Value(), 100);
 }

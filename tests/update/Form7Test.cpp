@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/Form7.h"
-#include "deploy/cProg.h"
+#include "shared/cProg.h"
 #include "support/MainWindow.h"
 
 #include <QLabel>
@@ -39,7 +39,7 @@ TEST_F(Form7Test, WaitsIdleUntilItTellsEachStepAndCountsTheSeconds) {
     Offer("3.1");
     compartido.segundos = 7; // of another window
     Use([&](update::Form7& form) {
-        auto* bar = form.findChild<deploy::cProg*>();
+        auto* bar = form.findChild<shared::cProg*>();
         const auto timers = form.findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
         const auto panels = form.findChild<QStatusBar*>()->findChildren<QLabel*>();
         EXPECT_EQ(form.Caption(), QString(18, u' ') + u"Buscando ctualizaciones"_s);
@@ -58,7 +58,7 @@ TEST_F(Form7Test, WaitsIdleUntilItTellsEachStepAndCountsTheSeconds) {
             }
             steps += u"%1 %2 %3|"_s.arg(bar->Value()).arg(panels[0]->text(), panels[1]->text());
         };
-        QObject::connect(bar, &deploy::cProg::PropertyChanged, &form, tell);
+        QObject::connect(bar, &shared::cProg::PropertyChanged, &form, tell);
         for (const char* first : {"Idle", "Descargando actualizacion"}) { // a second look, too
             timers.at(2)->start(60000); // which starts the look, and once is enough
             steps.clear();

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <array>
 
-namespace deploy {
+namespace shared {
 
 /// The progress bar of the program: a background, a bar over it and the percentage over both.
 /// Lengths are in twips.
@@ -20,20 +20,20 @@ public:
 
     /// The percentage that is shown, of 16 bits; it isn't clamped. A resize fills the bar, and the
     /// next writing sets its width again.
-    int Value() const { return m_value; }
-    void Value(int percent);
+    int Value() const { return m_valor; }
+    void Value(int porcentaje);
     /// 1 is green, 2 is blue; any other number leaves the colours as they are.
-    int PaletteColor() const { return m_paletteColor; }
-    void PaletteColor(int palette);
-    QFont Font() const { return m_font; }
+    int PaletteColor() const { return m_paleta; }
+    void PaletteColor(int paleta);
+    QFont Font() const { return m_letra; }
     void Font(const QFont& font);
 
     void WriteProperties(platform::PropertyBag& bag) const;
     void ReadProperties(const platform::PropertyBag& bag);
 
     /// The bar's width, in twips.
-    int BarWidth() const { return m_barWidth; }
-    QString LabelText() const;
+    int AnchoBarra() const { return m_anchoBarra; }
+    QString Rotulo() const;
 
 Q_SIGNALS:
     void PropertyChanged(const QString& name);
@@ -43,23 +43,23 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    struct Colors {
-        QRgb back;
-        QRgb backBorder;
-        QRgb bar;
-        QRgb barBorder;
-        QRgb text;
+    struct Colores {
+        QRgb fondo;
+        QRgb bordeFondo;
+        QRgb barra;
+        QRgb bordeBarra;
+        QRgb texto;
     };
-    static const std::array<Colors, 2> kPalettes;
+    static const std::array<Colores, 2> kPaletas;
 
     void DrawBar();
     void ApplyPalette();
 
-    qint16 m_value = 15;
-    int m_paletteColor = 1;
-    QFont m_font;
-    Colors m_colors;
-    qint16 m_barWidth = 0;
+    qint16 m_valor = 15;
+    int m_paleta = 1;
+    QFont m_letra;
+    Colores m_colores;
+    qint16 m_anchoBarra = 0;
 };
 
-} // namespace deploy
+} // namespace shared

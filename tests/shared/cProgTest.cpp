@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "deploy/cProg.h"
-#include "deploy/Module2.h"
+#include "shared/cProg.h"
 
 #include <QAccessible>
 #include <QBitmap>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using deploy::cProg;
+using shared::cProg;
 
 namespace {
 
@@ -28,14 +27,14 @@ protected:
 TEST_F(cProgTest, ShowsItsValue) {
     const auto width = [&](int value) {
         bar.Value(value);
-        return bar.BarWidth();
+        return bar.AnchoBarra();
     };
     EXPECT_EQ(width(50), 3000);
-    EXPECT_EQ(bar.LabelText(), u"50%"_s);
+    EXPECT_EQ(bar.Rotulo(), u"50%"_s);
     EXPECT_EQ(width(0), 0);
     EXPECT_EQ(QColor(bar.grab().toImage().pixel(1, 20)).name(), u"#336699"_s);
     bar.resize(401, 30); // 6015 twips: halves go to the even neighbour
-    EXPECT_EQ(bar.BarWidth(), 6015);
+    EXPECT_EQ(bar.AnchoBarra(), 6015);
     EXPECT_EQ(width(10), 602);
     EXPECT_EQ(width(30000), 32767); // a number of 16 bits
     EXPECT_EQ(width(30), 1804);
@@ -79,25 +78,16 @@ TEST_F(cProgTest, TheHostKeepsItsProperties) {
     EXPECT_EQ(told, u"ValuePaletteColorFont"_s);
     bar.WriteProperties(bag);
     cProg other;
-    EXPECT_EQ(other.LabelText(), u"15%"_s);
+    EXPECT_EQ(other.Rotulo(), u"15%"_s);
     EXPECT_EQ(other.PaletteColor(), 1);
     const QFont hosts = other.font();
     other.resize(400, 40);
     other.ReadProperties(bag);
     EXPECT_EQ(other.Value(), 16);
-    EXPECT_EQ(other.BarWidth(), 960);
+    EXPECT_EQ(other.AnchoBarra(), 960);
     EXPECT_EQ(other.grab().toImage(), bar.grab().toImage());
     other.ReadProperties({});
     EXPECT_EQ(other.Value(), 15);
     EXPECT_EQ(QColor(other.grab().toImage().pixel(210, 20)).name(), u"#c0ffc0"_s);
     EXPECT_EQ(other.Font(), hosts);
-}
-
-TEST_F(cProgTest, ProgressIsCutOffToAWholePercentage) {
-    EXPECT_EQ(Module2::CopyProgress(3, 2, bar), 0);
-    EXPECT_EQ(bar.Value(), 66);
-    Module2::CopyProgress(qint64{1} << 40, (qint64{1} << 40) - 1, bar);
-    EXPECT_EQ(bar.Value(), 99);
-    Module2::CopyProgress(0, 0, bar);
-    EXPECT_EQ(bar.Value(), 100);
 }
