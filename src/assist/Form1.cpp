@@ -3,6 +3,7 @@
 
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
+#include "shared/Medidas.h"
 #include "ui_Form1.h"
 
 #include <QRegularExpression>
@@ -12,8 +13,7 @@
 namespace assist {
 namespace {
 
-constexpr int kIzquierda = 8000; // twips: under the catalogue
-constexpr int kArriba = 5010;
+constexpr int kArriba = 5010; // twips: under the catalogue
 constexpr int kMaximo = 255;
 
 // Digits, and more behind a comma or a point; anything else is no number here.
@@ -62,7 +62,7 @@ void Form1::Unir(const Canal& canal) {
 }
 
 void Form1::Form_Load() {
-    Place(kIzquierda, kArriba);
+    Place(shared::kAnchoDocumento, kArriba);
     Caption(QStringLiteral("Editor de color RGB"));
 }
 

@@ -6,6 +6,7 @@
 #include "platform/base/Log.h"
 #include "platform/base/Silently.h"
 #include "platform/forms/Dialogs.h"
+#include "shared/Medidas.h"
 #include "shared/Temporal.h"
 #include "ui_frmDocumento.h"
 
@@ -22,7 +23,6 @@ using platform::Failure;
 constexpr int kFranja = 350;
 // What the window's height has more than the editor's.
 constexpr int kRestoDeAlto = 850;
-constexpr int kAncho = 8000;
 constexpr int kMenosQueElMarco = 900;
 constexpr int kExtension = 4;
 
@@ -88,7 +88,7 @@ void frmDocumento::Form_Load() {
     m_txtFile->Text(Esqueleto());
     platform::RunSilently([this] { m_marco.crear_temporal_click(); });
     m_compartido.nombre_script = Caption();
-    Move(0, 0, kAncho, m_marco.Alto() - kMenosQueElMarco);
+    Move(0, 0, shared::kAnchoDocumento, m_marco.Alto() - kMenosQueElMarco);
     PonerAspecto(*m_txtFile);
 }
 

@@ -7,6 +7,7 @@
 #include "platform/files/Program.h"
 #include "platform/forms/Handler.h"
 #include "platform/forms/WindowHandles.h"
+#include "shared/Medidas.h"
 #include "shared/Module1.h"
 #include "ui_Explorador.h"
 
@@ -15,7 +16,6 @@
 namespace explorer {
 namespace {
 
-constexpr int kIzquierda = 8000; // twips: beside a document that the explorer has opened
 constexpr int kJuntoAlTexto = 6; // pixels, of a button
 constexpr int kSubir = 1;
 constexpr int kCambiar = 3;
@@ -62,7 +62,7 @@ void Explorador::Form_Load() {
     cSkin->SubClassListView(platform::HandleOf(m_ui->ListView1));
     setColumnHeader(skin, 0, 0, true, false);
     m_ui->ListView1->View(platform::ListDisplay::List);
-    Move(kIzquierda, 0, Width(), Height());
+    Move(shared::kAnchoDocumento, 0, Width(), Height());
 }
 
 void Explorador::Form_Unload() {
