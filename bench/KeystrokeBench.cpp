@@ -18,7 +18,6 @@ namespace {
 struct Frame : documents::MarcoDocumentos {
     void crear_temporal_click() override {}
     void Rotulo(const QString&) override {}
-    int Ancho() const override { return 15000; }
     int Alto() const override { return 11000; }
 };
 

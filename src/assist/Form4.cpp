@@ -2,8 +2,8 @@
 #include "assist/Form4.h"
 
 #include "assist/Catalogo.h"
-#include "platform/base/Silently.h"
 #include "platform/forms/Handler.h"
+#include "shared/Medidas.h"
 #include "ui_Form4.h"
 
 #include <QButtonGroup>
@@ -13,11 +13,11 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace assist {
 namespace {
 
-constexpr int kIzquierda = 8000; // twips: to the right of a document where it starts
 constexpr int kLineasDeLista = 16;
 constexpr int kMargen = 8; // pixels
 
@@ -53,8 +53,8 @@ public:
 
 } // namespace
 
-Form4::Form4(const QPointer<documents::frmDocumento>& FrmDoc)
-    : m_ui(std::make_unique<Ui::Form4>()), m_frmDoc(FrmDoc) {
+Form4::Form4(Insertar insertar)
+    : m_ui(std::make_unique<Ui::Form4>()), m_insertar(std::move(insertar)) {
     m_ui->setupUi(this);
     Caption(windowTitle());
     HacerPestanas();
@@ -116,7 +116,7 @@ QWidget* Form4::HacerPagina(size_t pestana) {
 }
 
 void Form4::Form_Load() {
-    Place(kIzquierda, 0);
+    Place(shared::kAnchoDocumento, 0);
 }
 
 bool Form4::Elegida(const EntradaCatalogo& entrada) const {
@@ -132,14 +132,8 @@ void Form4::KewlButtons1_Click() {
     const auto entradas = Catalogo();
     const auto entrada = std::find_if(entradas.begin(), entradas.end(),
                                       [this](const EntradaCatalogo& e) { return Elegida(e); });
-    if (entrada == entradas.end() || !m_frmDoc)
-        return;
-    platform::RunSilently([&] { m_frmDoc->txtFile().SelText(entrada->Codigo()); });
-    platform::RunSilently([&] {
-        if (m_frmDoc->State() == platform::WindowState::Minimised)
-            m_frmDoc->State(platform::WindowState::Normal); // one sees what one types
-        m_frmDoc->txtFile().SetFocus();
-    });
+    if (entrada != entradas.end())
+        m_insertar(entrada->Codigo());
 }
 
 void Form4::KewlButtons2_Click() {

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "documents/frmDocumento.h"
 #include "platform/forms/Form.h"
 
-#include <QPointer>
+#include <functional>
 #include <memory>
 
 namespace Ui {
@@ -20,8 +19,11 @@ class Form4 : public platform::Form {
     Q_OBJECT
 
 public:
-    /// `FrmDoc` is the document that gets the calls, as it is at each press.
-    explicit Form4(const QPointer<documents::frmDocumento>& FrmDoc);
+    /// Puts the text into the script that gets the calls, if there is one, and goes on typing
+    /// there.
+    using Insertar = std::function<void(const QString& codigo)>;
+
+    explicit Form4(Insertar insertar);
     ~Form4() override;
 
 protected:
@@ -35,7 +37,7 @@ private:
     void KewlButtons2_Click();
 
     std::unique_ptr<Ui::Form4> m_ui;
-    const QPointer<documents::frmDocumento>& m_frmDoc;
+    Insertar m_insertar;
 };
 
 } // namespace assist

@@ -47,11 +47,8 @@ QString EnPixeles(float twips) {
 
 } // namespace
 
-Form5::Form5(documents::MarcoDocumentos& marco, MarcoCoordenadas& coordenadas)
-    : m_ui(std::make_unique<Ui::Form5>()),
-      m_marco(marco),
-      m_coordenadas(coordenadas),
-      CommonDialog1(this) {
+Form5::Form5(MarcoCoordenadas& coordenadas)
+    : m_ui(std::make_unique<Ui::Form5>()), m_coordenadas(coordenadas), CommonDialog1(this) {
     m_ui->setupUi(this);
     Caption(windowTitle());
     CancelButton(m_ui->KewlButtons2);
@@ -80,7 +77,7 @@ platform::PictureBox& Form5::Picture1() {
 }
 
 void Form5::Form_Load() {
-    Move(m_marco.Ancho() / 2 - Width() / 2, m_marco.Alto() / 2 - Height() / 2, Width(), Height());
+    Center();
 }
 
 void Form5::Picture1_MouseMove(float X, float Y) {

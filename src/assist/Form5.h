@@ -2,7 +2,6 @@
 #pragma once
 
 #include "assist/MarcoCoordenadas.h"
-#include "documents/MarcoDocumentos.h"
 #include "platform/controls/PictureBox.h"
 #include "platform/forms/CommonDialog.h"
 #include "platform/forms/Form.h"
@@ -21,7 +20,7 @@ class Form5 : public platform::Form {
     Q_OBJECT
 
 public:
-    Form5(documents::MarcoDocumentos& marco, MarcoCoordenadas& coordenadas);
+    Form5(MarcoCoordenadas& coordenadas);
     ~Form5() override;
 
     platform::PictureBox& Picture1();
@@ -38,7 +37,6 @@ private:
     void KewlButtons6_Click();
 
     std::unique_ptr<Ui::Form5> m_ui;
-    documents::MarcoDocumentos& m_marco;
     MarcoCoordenadas& m_coordenadas;
     platform::CommonDialog CommonDialog1;
 };

@@ -21,8 +21,8 @@ std::string RutaNativa(const QString& ruta) {
 
 } // namespace
 
-Form6::Form6(documents::MarcoDocumentos& marco, MarcoCoordenadas& coordenadas)
-    : m_ui(std::make_unique<Ui::Form6>()), m_marco(marco), m_coordenadas(coordenadas) {
+Form6::Form6(MarcoCoordenadas& coordenadas)
+    : m_ui(std::make_unique<Ui::Form6>()), m_coordenadas(coordenadas) {
     m_ui->setupUi(this);
     Caption(windowTitle());
     CancelButton(m_ui->KewlButtons5);
@@ -38,7 +38,7 @@ Form6::~Form6() = default;
 
 void Form6::Form_Load() {
     m_ui->File1->Pattern(QStringLiteral("*.png"));
-    Move(m_marco.Ancho() / 2 - Width() / 2, m_marco.Alto() / 2 - Height() / 2, Width(), Height());
+    Center();
 }
 
 void Form6::Drive1_Change() {

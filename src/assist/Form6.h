@@ -2,7 +2,6 @@
 #pragma once
 
 #include "assist/MarcoCoordenadas.h"
-#include "documents/MarcoDocumentos.h"
 #include "platform/forms/Form.h"
 
 #include <memory>
@@ -22,7 +21,7 @@ class Form6 : public platform::Form {
     Q_OBJECT
 
 public:
-    Form6(documents::MarcoDocumentos& marco, MarcoCoordenadas& coordenadas);
+    Form6(MarcoCoordenadas& coordenadas);
     ~Form6() override;
 
 protected:
@@ -37,7 +36,6 @@ private:
     png::LoadPNG& Lector();
 
     std::unique_ptr<Ui::Form6> m_ui;
-    documents::MarcoDocumentos& m_marco;
     MarcoCoordenadas& m_coordenadas;
     std::unique_ptr<png::LoadPNG> m_lector;
 };

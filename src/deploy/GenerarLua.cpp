@@ -18,8 +18,8 @@ bool ConfirmarSustitucion() {
 
 } // namespace
 
-void GenerarLua(documents::frmDocumento& documento, platform::CommonDialog& dialogo,
-                const platform::FileSystemObject& fso) {
+void GenerarLua(const std::function<void(const QString& ruta)>& guardarCopia,
+                platform::CommonDialog& dialogo, const platform::FileSystemObject& fso) {
     dialogo.Filter(QStringLiteral("Archivos .lua|*.lua"));
     dialogo.ShowSave();
     if (dialogo.FileName().isEmpty())
@@ -28,7 +28,7 @@ void GenerarLua(documents::frmDocumento& documento, platform::CommonDialog& dial
     const QString titulo = dialogo.FileTitle();
     if (fso.FileExists(ruta) && !ConfirmarSustitucion())
         return;
-    documento.txtFile().SaveCopy(ruta);
+    guardarCopia(ruta);
     MsgBox(titulo + QStringLiteral(" generado en ") + ruta, Buttons::Ok, Icon::None);
 }
 

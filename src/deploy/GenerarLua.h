@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "documents/frmDocumento.h"
+#include "platform/files/FileSystemObject.h"
+#include "platform/forms/CommonDialog.h"
+
+#include <QString>
+#include <functional>
 
 namespace deploy {
 
-/// Asks for a name and writes the document's text there, as it stands in the editor. A file that
-/// bears the name is replaced, write-protected or not, after a question. The document stays as it
-/// was. Fails as SaveFile does, and the old file is whole then.
-void GenerarLua(documents::frmDocumento& documento, platform::CommonDialog& dialogo,
-                const platform::FileSystemObject& fso);
+/// Asks for a name and has the script written there, which `guardarCopia` does. A file that bears
+/// the name is replaced after a question. Fails as that does.
+void GenerarLua(const std::function<void(const QString& ruta)>& guardarCopia,
+                platform::CommonDialog& dialogo, const platform::FileSystemObject& fso);
 
 } // namespace deploy

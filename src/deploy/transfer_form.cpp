@@ -22,9 +22,8 @@ using platform::Buttons;
 using platform::Icon;
 using platform::MsgBox;
 
-transfer_form::transfer_form(documents::MarcoDocumentos& marco,
-                             shared::ValoresCompartidos& compartido)
-    : m_ui(std::make_unique<Ui::transfer_form>()), m_marco(marco), m_compartido(compartido) {
+transfer_form::transfer_form(shared::ValoresCompartidos& compartido)
+    : m_ui(std::make_unique<Ui::transfer_form>()), m_compartido(compartido) {
     m_ui->setupUi(this);
     Caption(windowTitle());
     CancelButton(m_ui->KewlButtons2);
@@ -44,7 +43,7 @@ transfer_form::transfer_form(documents::MarcoDocumentos& marco,
 transfer_form::~transfer_form() = default;
 
 void transfer_form::Form_Load() {
-    Move(m_marco.Ancho() / 2 - Width() / 2, m_marco.Alto() / 2 - Height() / 2, Width(), Height());
+    Center();
     m_ui->KewlButtons1->setEnabled(false);
     MostrarCopia(false);
     for (const Firmware& firmware : Firmwares())

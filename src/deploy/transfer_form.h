@@ -2,7 +2,6 @@
 #pragma once
 
 #include "deploy/Destinos.h"
-#include "documents/MarcoDocumentos.h"
 #include "platform/forms/Form.h"
 #include "shared/ValoresCompartidos.h"
 
@@ -20,7 +19,7 @@ class transfer_form : public platform::Form {
     Q_OBJECT
 
 public:
-    transfer_form(documents::MarcoDocumentos& marco, shared::ValoresCompartidos& compartido);
+    transfer_form(shared::ValoresCompartidos& compartido);
     ~transfer_form() override;
 
     bool IsBusy() const override { return m_copiando; }
@@ -42,7 +41,6 @@ private:
     void Copiar(const QString& origen, const QString& destino);
 
     std::unique_ptr<Ui::transfer_form> m_ui;
-    documents::MarcoDocumentos& m_marco;
     shared::ValoresCompartidos& m_compartido;
     platform::FileSystemObject fso;
     int m_cancelar = 0; // not 0: no further byte is copied

@@ -14,8 +14,7 @@ public:
     virtual void crear_temporal_click() = 0;
     /// The caption of the main window.
     virtual void Rotulo(const QString& texto) = 0;
-    /// The width and height of the main window, in twips.
-    virtual int Ancho() const = 0;
+    /// The height of the main window, in twips.
     virtual int Alto() const = 0;
 };
 

@@ -18,6 +18,7 @@
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
 #include "print/Imprimir.h"
+#include "shared/Medidas.h"
 #include "shared/Temporal.h"
 #include "shell/Form2.h"
 #include "shell/Form3.h"
@@ -42,8 +43,7 @@ using platform::RunSilently;
 
 constexpr int kIntervalo = 500; // milliseconds
 constexpr quint8 kRecientes = 6;
-// Width and height of a document opened from the command line or the explorer, in twips.
-constexpr int kAnchoAbierto = 8000;
+// The height of a document opened from the command line or the explorer, in twips.
 constexpr int kAltoAbierto = 10350;
 
 const QString kProductoVersion = QStringLiteral("Quillmark v3.0.0");
@@ -122,7 +122,7 @@ void MDIForm1::MDIForm_Load() {
 void MDIForm1::AbrirLineaDeComandos() {
     frmDocumento* documento = DocumentoDeArchivo(m_lineaDeComandos);
     documento->Show();
-    documento->Move(0, 0, kAnchoAbierto, kAltoAbierto);
+    documento->Move(0, 0, shared::kAnchoDocumento, kAltoAbierto);
     ++m_compartido.numero_documentos;
     mnuherramientasExplorador_Click();
 }
@@ -341,7 +341,7 @@ void MDIForm1::AbrirProyecto(const QString& ruta, const QString& rotulo) {
         documento->flagGuardar = false;
     }
     documento->Show();
-    documento->Move(0, 0, kAnchoAbierto, kAltoAbierto);
+    documento->Move(0, 0, shared::kAnchoDocumento, kAltoAbierto);
     ++m_compartido.numero_documentos;
 }
 
@@ -373,6 +373,17 @@ void MDIForm1::AnadirPlantilla(const QString& archivo) {
         editor.Text(editor.Text() + plantilla);
 }
 
+void MDIForm1::InsertarCodigo(const QString& codigo) {
+    if (!FrmDoc)
+        return;
+    RunSilently([&] { FrmDoc->txtFile().SelText(codigo); });
+    RunSilently([&] {
+        if (FrmDoc->State() == platform::WindowState::Minimised)
+            FrmDoc->State(platform::WindowState::Normal); // one sees what one types
+        FrmDoc->txtFile().SetFocus();
+    });
+}
+
 void MDIForm1::mnucodigoshola_Click() {
     AnadirPlantilla(QStringLiteral("codehm"));
 }
@@ -394,13 +405,13 @@ void MDIForm1::ejecutar_lua_Click() {
 }
 
 void MDIForm1::transfer_Click() {
-    documents::MarcoDocumentos& marco = *this;
-    Mostrar<deploy::transfer_form>(m_transferForm, marco, m_compartido);
+    Mostrar<deploy::transfer_form>(m_transferForm, m_compartido);
 }
 
 void MDIForm1::mnugenerarlua_Click() {
     ConUltimoDocumento([this](frmDocumento& documento) {
-        deploy::GenerarLua(documento, CommonDialog1, *m_compartido.fso);
+        deploy::GenerarLua([&](const QString& ruta) { documento.txtFile().SaveCopy(ruta); },
+                           CommonDialog1, *m_compartido.fso);
     });
 }
 
@@ -420,24 +431,25 @@ void MDIForm1::Mostrar(QPointer<platform::Form>& ventana, Argumentos&... argumen
 }
 
 void MDIForm1::mnuherramientasventana_Click() {
-    Mostrar<assist::Form4>(m_form4, FrmDoc);
+    const assist::Form4::Insertar insertar = [this](const QString& codigo) {
+        InsertarCodigo(codigo);
+    };
+    Mostrar<assist::Form4>(m_form4, insertar);
 }
 void MDIForm1::mnuherramientascolores_Click() {
     Mostrar<assist::Form1>(m_form1);
 }
 
 assist::Form5& MDIForm1::Form5Cargado() {
-    documents::MarcoDocumentos& marco = *this;
     assist::MarcoCoordenadas& coordenadas = *this;
-    auto& form5 = Unica<assist::Form5>(m_form5, marco, coordenadas);
+    auto& form5 = Unica<assist::Form5>(m_form5, coordenadas);
     form5.Load();
     return form5;
 }
 
 void MDIForm1::MostrarForm6() {
-    documents::MarcoDocumentos& marco = *this;
     assist::MarcoCoordenadas& coordenadas = *this;
-    Mostrar<assist::Form6>(m_form6, marco, coordenadas);
+    Mostrar<assist::Form6>(m_form6, coordenadas);
 }
 
 void MDIForm1::pspscreen_Click() {

@@ -44,7 +44,6 @@ public:
 
     void crear_temporal_click() override;
     void Rotulo(const QString& texto) override { Caption(texto); }
-    int Ancho() const override { return Width(); }
     int Alto() const override { return Height(); }
     assist::Form5& Form5Cargado() override;
     void MostrarForm6() override;
@@ -112,6 +111,7 @@ private:
     void AbrirRuta(const QString& ruta);
     bool HayVentanas();
     void GuardarConNombre();
+    void InsertarCodigo(const QString& codigo);
     void AnadirPlantilla(const QString& archivo);
     /// A window of which there is only one, made at its first use.
     template<class Ventana, class... Argumentos>

@@ -2,6 +2,7 @@
 #include "platform/forms/Form.h"
 
 #include "platform/forms/Handler.h"
+#include "platform/forms/MDIFrame.h"
 #include "platform/text/NativeNames.h"
 
 #include <QCloseEvent>
@@ -90,6 +91,12 @@ void Form::Place(int left, int top) {
         return;
     const QSize room(m_shell->parentWidget()->width() - ToPixels(left), m_shell->height());
     m_shell->resize(m_shell->size().boundedTo(room.expandedTo(m_shell->minimumSizeHint())));
+}
+
+void Form::Center() {
+    if (const auto* frame = qobject_cast<const MDIFrame*>(Shell()->window()))
+        Move(frame->Width() / 2 - Width() / 2, frame->Height() / 2 - Height() / 2, Width(),
+             Height());
 }
 
 WindowState Form::State() const {

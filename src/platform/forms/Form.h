@@ -46,6 +46,8 @@ public:
     /// Moves the window there and makes it as much narrower as its frame is to the right of the
     /// place, as long as its contents allow it.
     void Place(int left, int top);
+    /// Moves the window into the middle of the frame that has adopted it.
+    void Center();
     int ScaleWidth() const { return ToTwips(width()); }
     int ScaleHeight() const { return ToTwips(height()); }
     int Width() const { return ScaleWidth() + kFrameWidth; }
