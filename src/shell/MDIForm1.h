@@ -1,31 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "assist/MarcoCoordenadas.h"
 #include "documents/MarcoDocumentos.h"
 #include "documents/frmDocumento.h"
-#include "explorer/MarcoExplorador.h"
 #include "platform/forms/CommonDialog.h"
 #include "platform/forms/MDIFrame.h"
 #include "platform/forms/MenuArray.h"
 #include "platform/forms/Timer.h"
 #include "shared/ValoresCompartidos.h"
 #include "shell/Class1.h"
+#include "shell/Documentos.h"
+#include "shell/Ventanas.h"
 
 #include <QHash>
 #include <QPointer>
-#include <functional>
 #include <memory>
 
 namespace shell {
 
-/// The frame of the program: documents and tool windows are its children, and every command enters
+/// The frame of the program: it holds the documents and the tool windows, and every command enters
 /// through its menu.
-class MDIForm1 : public platform::MDIFrame,
-                 public documents::MarcoDocumentos,
-                 public assist::MarcoCoordenadas,
-                 public explorer::MarcoExplorador {
+class MDIForm1 : public platform::MDIFrame, public documents::MarcoDocumentos {
     Q_OBJECT
+
+    shared::ValoresCompartidos& m_compartido;
+    Documentos m_documentos; // before FrmDoc, which is one of its members
+    Ventanas m_ventanas;
 
 public:
     /// `lineaDeComandos` is the path of a file to open at the start, or empty.
@@ -33,23 +33,20 @@ public:
     ~MDIForm1() override;
 
     /// The document made last by mnuarchivonuevo; none once that is closed.
-    QPointer<documents::frmDocumento> FrmDoc;
+    const QPointer<documents::frmDocumento>& FrmDoc;
     platform::Timer Timer1;
 
     /// A blank document with the next number, on show. The explorer follows; none if the document
     /// was closed meanwhile.
-    documents::frmDocumento* NuevoScript();
+    QPointer<documents::frmDocumento> NuevoScript();
+    /// The print window, with a file in it unless the path is empty.
+    void MostrarImprimir(const QString& archivo) { m_ventanas.MostrarImprimir(archivo); }
     /// The menu entry of that name, null if there is none.
     QAction* Entrada(const QString& nombre) const { return m_entradas.value(nombre); }
 
     void crear_temporal_click() override;
     void Rotulo(const QString& texto) override { Caption(texto); }
     int Alto() const override { return Height(); }
-    assist::Form5& Form5Cargado() override;
-    void MostrarForm6() override;
-    /// The print window, with a file in it unless the path is empty.
-    void MostrarImprimir(const QString& archivo);
-    void AbrirProyecto(const QString& ruta, const QString& rotulo) override;
 
     void mnuarchivonuevo_Click();
     void mnuarchivoabrir_Click();
@@ -96,45 +93,14 @@ protected:
 private:
     void HacerMenu();
     bool ConfirmarSalida();
-    /// Null while a tool window or nothing is active.
-    documents::frmDocumento* DocumentoActivo() const;
-    /// For what needs no document in front: the one that was active last. A notice says what to do
-    /// if none is open.
-    void ConUltimoDocumento(const std::function<void(documents::frmDocumento&)>& operacion);
-    /// Nothing happens without an active one; a failure is ignored.
-    void ConDocumento(const std::function<void(documents::CodeMax&)>& operacion);
-    documents::frmDocumento* CrearDocumento();
-    void Descartar(documents::frmDocumento& documento);
-    void NumerarYMostrar(documents::frmDocumento& documento);
-    documents::frmDocumento* DocumentoDeArchivo(const QString& ruta);
-    void AbrirLineaDeComandos();
-    void AbrirRuta(const QString& ruta);
-    bool HayVentanas();
-    void GuardarConNombre();
-    void InsertarCodigo(const QString& codigo);
-    void AnadirPlantilla(const QString& archivo);
-    /// A window of which there is only one, made at its first use.
-    template<class Ventana, class... Argumentos>
-    Ventana& Unica(QPointer<platform::Form>& ventana, Argumentos&... argumentos);
-    template<class Ventana, class... Argumentos>
-    void Mostrar(QPointer<platform::Form>& ventana, Argumentos&... argumentos);
     void TodasAlEstado(platform::WindowState estado);
 
-    shared::ValoresCompartidos& m_compartido;
     QString m_lineaDeComandos;
     QString ruta_programa;
     QHash<QString, QAction*> m_entradas;
     std::unique_ptr<platform::MenuArray> mnuReciente;
     std::unique_ptr<Class1> m_recientes;
     platform::CommonDialog CommonDialog1;
-    QPointer<platform::Form> m_form1;
-    QPointer<platform::Form> m_form2;
-    QPointer<platform::Form> m_form4;
-    QPointer<platform::Form> m_form5;
-    QPointer<platform::Form> m_form6;
-    QPointer<platform::Form> m_transferForm;
-    QPointer<platform::Form> m_explorador;
-    QPointer<platform::Form> m_imprimir;
 };
 
 } // namespace shell

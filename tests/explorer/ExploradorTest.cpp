@@ -139,7 +139,9 @@ TEST_F(ExploradorTest, AProjectOpensInTheEditor) {
     EXPECT_EQ(compartido.documento_explorador, Active());
     EXPECT_EQ(Active()->Caption(), u"juego"_s);
     EXPECT_EQ(Text(), u"print(1)"_s);
+    EXPECT_EQ(Active()->Shell()->pos(), QPoint(0, 0));
     EXPECT_NEAR(Active()->Width(), 8000, 15);
+    EXPECT_NEAR(Active()->Height(), 10350, 15);
     Enter(u"roto.qmk"_s);
     EXPECT_EQ(Active()->Caption(), u"roto"_s);
     EXPECT_EQ(Text(), QString());
