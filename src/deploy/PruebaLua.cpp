@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "deploy/PruebaLua.h"
 
+#include "platform/desktop/ShellExecute.h"
+#include "platform/files/FileSystemObject.h"
 #include "platform/files/Files.h"
 #include "platform/files/Paths.h"
 #include "platform/files/Program.h"
 #include "platform/text/NativeNames.h"
 #include "platform/text/TextEncoding.h"
-#include "shared/Temporal.h"
 
 namespace deploy {
 namespace {
 
-QString CarpetaDePruebas(const platform::FileSystemObject& fso) {
+QString CarpetaDePruebas() {
+    const platform::FileSystemObject fso;
     QString carpeta = platform::ProgramFolder();
     for (const QString& nombre : {QStringLiteral("QM"), QStringLiteral("pruebas")}) {
         carpeta = fso.BuildPath(carpeta, nombre);
@@ -23,17 +25,18 @@ QString CarpetaDePruebas(const platform::FileSystemObject& fso) {
 
 } // namespace
 
-void EscribirTemporal(const QString& texto) {
-    platform::WriteFile(shared::RutaTemporal(), platform::EncodeForPlayer(texto) + "\r\n");
+void EscribirScript(const QString& ruta, const QString& texto) {
+    platform::WriteFile(ruta, platform::EncodeForPlayer(texto) + "\r\n");
 }
 
-platform::Environment EntornoDePrueba(const QString& ruta, const QString& rotulo,
-                                      const platform::FileSystemObject& fso) {
-    const qsizetype nombre = ruta.lastIndexOf(u'\\') + 1;
-    const QString carpeta = ruta.isEmpty() ? CarpetaDePruebas(fso) : ruta.first(nombre);
-    const QString titulo = platform::DisplayText(ruta.isEmpty() ? rotulo : ruta.sliced(nombre));
-    return {{"QUILLMARK_SCRIPT_FOLDER", platform::ToNative(carpeta).native()},
-            {"QUILLMARK_SCRIPT_NAME", titulo.toStdString()}};
+void AbrirScript(const QString& script, const QString& documento, const QString& rotulo) {
+    const bool sinArchivo = documento.isEmpty();
+    const qsizetype nombre = documento.lastIndexOf(u'\\') + 1;
+    const QString carpeta = sinArchivo ? CarpetaDePruebas() : documento.first(nombre);
+    const QString titulo = platform::DisplayText(sinArchivo ? rotulo : documento.sliced(nombre));
+    platform::ShellExecuteA(script,
+                            {{"QUILLMARK_SCRIPT_FOLDER", platform::ToNative(carpeta).native()},
+                             {"QUILLMARK_SCRIPT_NAME", titulo.toStdString()}});
 }
 
 } // namespace deploy

@@ -2,14 +2,13 @@
 #include "deploy/transfer_form.h"
 
 #include "deploy/Module2.h"
+#include "deploy/PruebaLua.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Silently.h"
 #include "platform/files/CopyFile.h"
-#include "platform/files/Files.h"
 #include "platform/files/Program.h"
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
-#include "platform/text/TextEncoding.h"
 #include "ui_transfer_form.h"
 
 #include <QApplication>
@@ -75,7 +74,7 @@ void transfer_form::KewlButtons1_Click() {
         MsgBox(*defecto, Buttons::Ok, Icon::Information);
         return;
     }
-    EscribirScript(destino, texto);
+    CrearProyecto(destino, texto);
     m_cancelar = 0;
     MostrarCopia(true);
     const auto ociosa = qScopeGuard([this] { MostrarCopia(false); });
@@ -83,11 +82,11 @@ void transfer_form::KewlButtons1_Click() {
 }
 
 // The project folder is made anew, so nothing of an earlier transfer stays.
-void transfer_form::EscribirScript(const Destino& destino, const QString& texto) {
+void transfer_form::CrearProyecto(const Destino& destino, const QString& texto) {
     if (fso.FolderExists(destino.Proyecto()))
         fso.DeleteFolder(destino.Proyecto(), true);
     fso.CreateFolder(destino.Proyecto());
-    platform::WriteFile(destino.Script(), platform::EncodeForPlayer(texto) + "\r\n");
+    EscribirScript(destino.Script(), texto);
 }
 
 // "&Detener" takes the place of "&Transferir" while there is something to stop. Who presses twice

@@ -35,7 +35,7 @@ private:
     void KewlButtons2_Click();
     void parar_Click();
 
-    void EscribirScript(const Destino& destino, const QString& texto);
+    void CrearProyecto(const Destino& destino, const QString& texto);
     void MostrarCopia(bool copiando);
     void CopiarTodo(const Destino& destino);
     void Copiar(const QString& origen, const QString& destino);

@@ -5,10 +5,10 @@
 #include "deploy/PruebaLua.h"
 #include "documents/editor/CodeMaxConstants.h"
 #include "platform/base/Silently.h"
-#include "platform/desktop/ShellExecute.h"
 #include "platform/files/Program.h"
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
+#include "shared/Temporal.h"
 #include "shell/Form3.h"
 #include "shell/MenuPrincipal.h"
 #include "update/Form7.h"
@@ -123,7 +123,7 @@ void MDIForm1::Timer1_Timer() {
 }
 
 void MDIForm1::crear_temporal_click() {
-    deploy::EscribirTemporal(m_compartido.texto_temporal);
+    deploy::EscribirScript(shared::RutaTemporal(), m_compartido.texto_temporal);
 }
 
 QPointer<frmDocumento> MDIForm1::NuevoScript() {
@@ -221,9 +221,8 @@ void MDIForm1::ejecutar_lua_Click() {
     m_documentos.ConUltimo([this](frmDocumento& documento) {
         m_compartido.texto_temporal = documento.txtFile().Text();
         crear_temporal_click();
-        platform::ShellExecuteA(
-            ruta_programa + QStringLiteral("temp.lua"),
-            deploy::EntornoDePrueba(documento.Ruta(), documento.Caption(), *m_compartido.fso));
+        deploy::AbrirScript(ruta_programa + QStringLiteral("temp.lua"), documento.Ruta(),
+                            documento.Caption());
     });
 }
 
