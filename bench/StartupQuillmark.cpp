@@ -4,7 +4,7 @@
 #include "FirstPaint.h"
 #include "platform/base/Clock.h"
 #include "platform/desktop/Spanish.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "shell/Dibujos.h"
 #include "shell/Form0.h"
 #include "shell/MDIForm1.h"

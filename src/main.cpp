@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Version.h"
+#include "platform/base/Process.h"
 #include "platform/desktop/Spanish.h"
-#include "platform/files/Program.h"
+#include "platform/files/Paths.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/forms/Handler.h"
 #include "shared/ValoresCompartidos.h"
 #include "shell/Dibujos.h"
@@ -31,7 +34,7 @@ std::optional<std::string> TerminalAnswer(const std::vector<std::string>& argume
     if (arguments.size() == 1 && arguments.front() == "--help")
         return kHelp;
     if (arguments.size() == 1 && arguments.front() == "--version")
-        return "Quillmark " + platform::ProgramVersion().toStdString() + "\n";
+        return std::string("Quillmark ") + core::Version() + "\n";
     return std::nullopt;
 }
 

@@ -3,7 +3,7 @@
 
 #include "platform/base/Failure.h"
 #include "platform/controls/LoadPicture.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/forms/Handler.h"
 #include "ui_Form5.h"
 
@@ -28,8 +28,7 @@ QImage PantallaPropia() {
 // The picture beside the program, or the built-in one if there is none.
 QImage Pantalla() {
     try {
-        return platform::LoadPicture(platform::ProgramFolder() +
-                                     QStringLiteral("\\pspantalla\\pantalla.jpg"));
+        return platform::LoadPicture(platform::InProgramFolder(u"pspantalla\\pantalla.jpg"));
     } catch (const platform::Failure& failure) {
         if (failure.Code() == platform::FailureCode::FileNotFound)
             return PantallaPropia();

@@ -5,7 +5,7 @@
 #include "platform/files/FileSystemObject.h"
 #include "platform/files/Files.h"
 #include "platform/files/Paths.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/text/NativeNames.h"
 #include "platform/text/TextEncoding.h"
 

@@ -6,7 +6,7 @@
 #include "platform/base/Clock.h"
 #include "platform/base/Silently.h"
 #include "platform/files/CopyFile.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
 #include "ui_transfer_form.h"
@@ -119,7 +119,7 @@ void transfer_form::CopiarTodo(const Destino& destino) {
         return;
     fso.CreateFolder(destino.Drivers());
     for (const char16_t* nombre : kDrivers)
-        Copiar(platform::ProgramFolder() + QStringLiteral("\\data") + QString::fromUtf16(nombre),
+        Copiar(platform::InProgramFolder(u"data") + QString::fromUtf16(nombre),
                destino.Drivers() + QString::fromUtf16(nombre));
 }
 

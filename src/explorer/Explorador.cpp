@@ -4,7 +4,7 @@
 #include "explorer/DibujosBarra.h"
 #include "platform/base/Silently.h"
 #include "platform/controls/LoadPicture.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/forms/Handler.h"
 #include "platform/forms/WindowHandles.h"
 #include "shared/Medidas.h"
@@ -51,7 +51,7 @@ void Explorador::PrepararBoton(QToolButton& boton, int Index, const char16_t* di
 
 void Explorador::Form_Load() {
     const QPointer<Explorador> ventana(this);
-    const QString skin = platform::ProgramFolder() + QStringLiteral("\\Skin.bmp");
+    const QString skin = platform::InProgramFolder(u"Skin.bmp");
     archivoConfig = Module1::RutaConfig();
     cSkin = std::make_unique<cSubclassListView>();
     cFile(std::make_unique<clsListFile>(m_marco, m_fso));

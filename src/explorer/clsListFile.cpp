@@ -5,7 +5,7 @@
 #include "platform/base/Twips.h"
 #include "platform/desktop/FileType.h"
 #include "platform/desktop/ShellExecute.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 
 #include <QCoreApplication>
 #include <QHash>

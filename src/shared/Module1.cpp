@@ -5,7 +5,7 @@
 #include "platform/desktop/FileAssociation.h"
 #include "platform/desktop/Registry.h"
 #include "platform/files/ProfileFile.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/forms/Dialogs.h"
 #include "platform/text/CodePage.h"
 
@@ -80,7 +80,7 @@ QString SinBlancos(const QString& texto) {
 }
 
 QString RutaConfig() {
-    return platform::ProgramFolder() + QStringLiteral("\\config.ini");
+    return platform::InProgramFolder(u"config.ini");
 }
 
 } // namespace Module1

@@ -5,6 +5,8 @@
 
 namespace shared {
 
+inline constexpr QStringView kTemporal = u"temp.lua";
+
 /// The path of the script that a test run hands to the player: one for the whole program.
 QString RutaTemporal();
 

@@ -4,7 +4,7 @@
 #include "assist/Plantillas.h"
 #include "platform/base/Failure.h"
 #include "platform/base/Silently.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/forms/Dialogs.h"
 #include "shared/Temporal.h"
 #include "shell/Class1.h"
@@ -191,8 +191,7 @@ void Documentos::AnadirPlantilla(const QString& archivo) {
     }
     QString plantilla;
     try {
-        plantilla =
-            assist::LeerPlantilla(platform::ProgramFolder() + QStringLiteral("\\Code\\") + archivo);
+        plantilla = assist::LeerPlantilla(platform::InProgramFolder(u"Code\\") + archivo);
     } catch (const platform::Failure& failure) {
         const bool falta = failure.Code() == platform::FailureCode::FileNotFound;
         Avisar(failure.Text() + QStringLiteral("\n\n") +

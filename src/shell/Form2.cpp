@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form2.h"
 
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/forms/Handler.h"
 #include "shared/Module1.h"
 #include "shell/CAssociate.h"
@@ -47,9 +47,8 @@ void Form2::Form_Load() {
 }
 
 void Form2::Command1_Click() {
-    const QString carpeta = platform::ProgramFolder();
-    Module1::Asociar(QStringLiteral("Quillmark"), carpeta + QStringLiteral("\\Quillmark.exe"),
-                     QStringLiteral(".qmk"), carpeta + QStringLiteral("\\quillmarkaplication.ico"));
+    Module1::Asociar(QStringLiteral("Quillmark"), platform::InProgramFolder(u"Quillmark.exe"),
+                     QStringLiteral(".qmk"), platform::InProgramFolder(u"quillmarkaplication.ico"));
 }
 
 void Form2::Command2_Click() {
@@ -67,13 +66,12 @@ void Form2::KewlButtons3_Click() {
 }
 
 void Form2::KewlButtons4_Click() {
-    const QString carpeta = platform::ProgramFolder();
     CAssociate asociacion;
     asociacion.Title = QStringLiteral("Script LUA para PSP");
     asociacion.Class = QStringLiteral("Script .LUA");
     asociacion.Extension = QStringLiteral(".lua");
-    asociacion.AppCommand = carpeta + QStringLiteral("\\QM\\luaplayer.exe");
-    asociacion.DefaultIcon = carpeta + QStringLiteral("\\lua.ico");
+    asociacion.AppCommand = platform::InProgramFolder(u"QM\\luaplayer.exe");
+    asociacion.DefaultIcon = platform::InProgramFolder(u"lua.ico");
     asociacion.Associate();
 }
 

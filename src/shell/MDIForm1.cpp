@@ -4,8 +4,10 @@
 #include "deploy/GenerarLua.h"
 #include "deploy/PruebaLua.h"
 #include "documents/editor/CodeMaxConstants.h"
+#include "platform/base/Process.h"
 #include "platform/base/Silently.h"
-#include "platform/files/Program.h"
+#include "platform/files/Paths.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
 #include "shared/Temporal.h"
@@ -221,7 +223,7 @@ void MDIForm1::ejecutar_lua_Click() {
     m_documentos.ConUltimo([this](frmDocumento& documento) {
         m_compartido.texto_temporal = documento.txtFile().Text();
         crear_temporal_click();
-        deploy::AbrirScript(ruta_programa + QStringLiteral("temp.lua"), documento.Ruta(),
+        deploy::AbrirScript(ruta_programa + shared::kTemporal.toString(), documento.Ruta(),
                             documento.Caption());
     });
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/Form7.h"
 
+#include "core/Version.h"
 #include "platform/base/Silently.h"
 #include "platform/files/Files.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/text/CodePage.h"
 #include "shared/Module1.h"
 #include "ui_Form7.h"
@@ -21,7 +22,7 @@ constexpr qsizetype kLongestItem = 255;
 constexpr qint64 kHead = 4096; // bytes of a version file that are looked at
 
 QString Ruta(const char16_t* archivo) {
-    return platform::ProgramFolder() + QStringLiteral("\\Update\\") + QString::fromUtf16(archivo);
+    return platform::InProgramFolder(u"Update\\") + QString::fromUtf16(archivo);
 }
 
 // Empty without a file that can be read.
@@ -80,7 +81,7 @@ Form7::~Form7() = default;
 
 void Form7::Form_Load() {
     ArchivoConfig = Module1::RutaConfig();
-    m_compartido.version = platform::ProgramVersion();
+    m_compartido.version = QString::fromLatin1(core::Version());
     m_estado = QStringLiteral("Idle");
     m_compartido.segundos = 0;
     QCoreApplication::processEvents();

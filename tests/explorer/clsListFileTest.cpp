@@ -4,7 +4,7 @@
 #include "platform/desktop/FileType.h"
 #include "platform/desktop/Registry.h"
 #include "platform/files/FileTime.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "support/TestHome.h"
 
 #include <QApplication>

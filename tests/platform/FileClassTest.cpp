@@ -3,7 +3,6 @@
 #include "platform/desktop/FileAssociation.h"
 #include "platform/desktop/Registry.h"
 #include "platform/desktop/ShellExecute.h"
-#include "platform/files/Program.h"
 #include "support/TestHome.h"
 
 #include <QImage>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files/Paths.h"
 #include "platform/base/Failure.h"
+#include "platform/base/Process.h"
 #include "platform/files/Drives.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/text/NativeNames.h"
 #include "support/Copies.h"
 #include "support/TestHome.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form0.h"
 #include "platform/base/Clock.h"
-#include "platform/files/Program.h"
 #include "shell/Dibujos.h"
 #include "shell/Form3.h"
 #include "shell/MDIForm1.h"

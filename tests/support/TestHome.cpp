@@ -2,7 +2,7 @@
 #include "support/TestHome.h"
 
 #include "platform/files/Paths.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 
 #include <QSettings>
 #include <fstream>

@@ -2,7 +2,7 @@
 #include "platform/desktop/FileClass.h"
 
 #include "platform/desktop/Registry.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 
 #include <algorithm>
 

@@ -6,7 +6,7 @@
 #include "platform/desktop/FileClass.h"
 #include "platform/files/FileErrors.h"
 #include "platform/files/Paths.h"
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 
 #include <array>
 #include <cerrno>
@@ -109,7 +109,7 @@ Command CommandFor(const QString& file) {
     const QString extension = ExtensionOf(file);
     if (const auto found = FindFileClass(extension); found && !found->command.isEmpty())
         return ParseCommand(found->command);
-    const fs::path player = ProgramFile(ProgramFolder() + QStringLiteral("\\QM\\luaplayer"));
+    const fs::path player = ProgramFile(InProgramFolder(u"QM\\luaplayer"));
     const bool plays = extension.compare(u".lua", Qt::CaseInsensitive) == 0 && CanRun(player);
     return {plays ? player : fs::path("xdg-open"), {QStringLiteral("%1")}};
 }

@@ -7,6 +7,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <unistd.h>
 
 namespace platform {
 namespace {
@@ -96,6 +97,20 @@ QString FromNative(const fs::path& native) {
             names.append(FromNativeName(QByteArrayView(part->native())));
     }
     return QLatin1Char(drive.letter) + QStringLiteral(":\\") + names.join(u'\\');
+}
+
+QString CommandLinePath(const std::vector<std::string>& arguments) {
+    std::string joined;
+    for (const std::string& argument : arguments)
+        joined += (joined.empty() ? "" : " ") + argument;
+    return joined.empty() ? QString() : FromNative(joined);
+}
+
+void ChangeDirectory(const QString& folder) {
+    if (::chdir(ToNative(folder).c_str()) != 0)
+        throw Failure(
+            FailureCode::PathNotFound, QStringLiteral("Rutas"),
+            QStringLiteral("No se puede entrar en la carpeta \"%1\".").arg(DisplayText(folder)));
 }
 
 } // namespace platform

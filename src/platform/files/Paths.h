@@ -3,6 +3,8 @@
 
 #include <QString>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace platform {
 
@@ -21,5 +23,12 @@ std::filesystem::path ToNative(const QString& path, LastName lastName = LastName
 
 /// The program path of a native path; a relative one starts at the current directory.
 QString FromNative(const std::filesystem::path& native);
+
+/// The program path of the file named by the arguments behind the program's name: several are one
+/// path with single blanks between them; empty without any.
+QString CommandLinePath(const std::vector<std::string>& arguments);
+
+/// Moves the current drive and directory. Fails (PathNotFound) if the folder can't be entered.
+void ChangeDirectory(const QString& folder);
 
 } // namespace platform

@@ -3,7 +3,6 @@
 
 #include "platform/base/Failure.h"
 #include "platform/files/Paths.h"
-#include "platform/files/Program.h"
 #include "platform/forms/Form.h"
 #include "platform/text/NativeNames.h"
 

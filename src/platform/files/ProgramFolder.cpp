@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/files/Program.h"
+#include "platform/files/ProgramFolder.h"
 
-#include "core/Version.h"
-#include "platform/base/Failure.h"
 #include "platform/base/Log.h"
 #include "platform/files/FileErrors.h"
 #include "platform/files/FileHandle.h"
 #include "platform/files/FolderLock.h"
 #include "platform/files/Paths.h"
 #include "platform/files/Replacement.h"
-#include "platform/text/NativeNames.h"
 
 #include <QStandardPaths>
 #include <cstdlib>
 #include <fcntl.h>
-#include <pwd.h>
 #include <unistd.h>
 
 namespace platform {
@@ -81,17 +77,6 @@ void CopyMissing(const fs::path& from, const fs::path& to) {
 
 } // namespace
 
-QString ProgramVersion() {
-    return QString::fromLatin1(core::Version());
-}
-
-void FindHome() {
-    const char* home = std::getenv("HOME");
-    const passwd* user = home && *home ? nullptr : ::getpwuid(::getuid());
-    if (user)
-        ::setenv("HOME", user->pw_dir, 1);
-}
-
 void PrepareProgramFolder(const fs::path& executable) {
     Executable() = executable;
     Folder() = ChooseFolder(executable).lexically_normal();
@@ -110,11 +95,18 @@ QString ProgramFolder() {
     return FromNative(Folder());
 }
 
+QString InProgramFolder(QStringView name) {
+    QString path = ProgramFolder();
+    if (!path.endsWith(u'\\'))
+        path += u'\\';
+    return path += name;
+}
+
 fs::path ProgramFile(const QString& path) {
     const QString suffix = QStringLiteral(".exe");
     const QString name =
         path.endsWith(suffix, Qt::CaseInsensitive) ? path.chopped(suffix.size()) : path;
-    const QString own = ProgramFolder() + QStringLiteral("\\Quillmark");
+    const QString own = InProgramFolder(u"Quillmark");
     fs::path native = ToNative(name);
     return name.compare(own, Qt::CaseInsensitive) == 0 && !CanRun(native) ? Executable() : native;
 }
@@ -122,29 +114,6 @@ fs::path ProgramFile(const QString& path) {
 bool CanRun(const fs::path& native) {
     std::error_code error;
     return fs::is_regular_file(native, error) && ::access(native.c_str(), X_OK) == 0;
-}
-
-QString CommandLinePath(const std::vector<std::string>& arguments) {
-    std::string joined;
-    for (const std::string& argument : arguments)
-        joined += (joined.empty() ? "" : " ") + argument;
-    return joined.empty() ? QString() : FromNative(joined);
-}
-
-void ChangeDirectory(const QString& folder) {
-    if (::chdir(ToNative(folder).c_str()) != 0)
-        throw Failure(
-            FailureCode::PathNotFound, QStringLiteral("Rutas"),
-            QStringLiteral("No se puede entrar en la carpeta \"%1\".").arg(DisplayText(folder)));
-}
-
-Seam<std::function<void()>>& EndProcessSeam() {
-    static Seam<std::function<void()>> seam([] { std::_Exit(EXIT_SUCCESS); });
-    return seam;
-}
-
-void EndProcess() {
-    EndProcessSeam().Current()();
 }
 
 } // namespace platform
