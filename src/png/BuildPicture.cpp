@@ -98,7 +98,8 @@ Bytes LoadPNG::Unpacked(int64_t stored) {
         return Data;
     // Narrow interlaced pictures have more bytes than expected, and no stream gives all that a
     // header may promise.
-    const int64_t most = std::min(kMostGrowth * static_cast<int64_t>(Data.size()), kMost - 200);
+    const int64_t most =
+        std::min(kMostGrowth * static_cast<int64_t>(Data.size()), int64_t{Inflater::kMostExpected});
     auto ExpectedSize =
         static_cast<int32_t>(std::min(std::max(ExpectedBytes(m_fields), stored), most));
     int32_t Result = 0;

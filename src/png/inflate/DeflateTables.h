@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The fixed tables of DEFLATE (RFC 1951, 3.2.5 to 3.2.7).
+// What is fixed in DEFLATE (RFC 1951, 3.2.3 to 3.2.7,
+// https://www.rfc-editor.org/rfc/rfc1951#section-3).
 #pragma once
 
 #include <array>
@@ -8,8 +9,12 @@
 
 namespace png {
 
+/// The types of blocks; any other is reserved.
+enum class BlockType : int32_t { Stored = 0, Fixed = 1, Dynamic = 2 };
+
 inline constexpr int32_t kEndOfBlock = 256;
 inline constexpr int32_t kFirstLength = 257;
+inline constexpr size_t kStoredHead = 4; ///< bytes before those of a stored block
 inline constexpr size_t kStaticLiterals = 288;
 inline constexpr size_t kStaticDistances = 32;
 

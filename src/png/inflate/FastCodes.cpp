@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/inflate/FastCodes.h"
 
-#include "png/format/Machine.h"
-#include "png/inflate/CodeTable.h"
 #include "png/inflate/DeflateTables.h"
-#include "png/inflate/FastLoop.h"
 
 #include <algorithm>
 #include <array>
@@ -148,11 +145,6 @@ void BuildFastTables(FastTables& tables, std::span<const uint8_t> literals,
     FillTable(tables.literals.entries, kLitBits, literals, kLitEntries);
     JoinLiterals(tables.literals.entries);
     FillTable(tables.distances.entries, kDistBits, distances, kDistEntries);
-}
-
-bool DecodeFast(FastBlock& block, bool fastest) {
-    const Machine& machine = ThisMachine();
-    return fastest && machine.Bmi2 && machine.Ssse3 ? FastLoopBmi2(block) : FastLoopPlain(block);
 }
 
 } // namespace png

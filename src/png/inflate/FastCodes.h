@@ -25,6 +25,7 @@ inline constexpr FastEntry kBitsField = 63;
 inline constexpr int kLiteralsShift = 6;
 inline constexpr FastEntry kLiterals = 3U << kLiteralsShift;
 inline constexpr int kLiteralShift = 8;
+inline constexpr int kMostLiterals = 3;
 inline constexpr int kCodeShift = 8;
 inline constexpr FastEntry kCodeField = 15;
 inline constexpr FastEntry kLink = 1U << 12;  ///< to a second table, for long codes
@@ -53,25 +54,5 @@ struct FastTables {
 /// Builds the tables of two complete sets of code lengths.
 void BuildFastTables(FastTables& tables, std::span<const uint8_t> literals,
                      std::span<const uint8_t> distances);
-
-/// Where the accelerated loop works. Positions in the stream are in bits.
-struct FastBlock {
-    const FastTables* tables;
-    const uint8_t* in;
-    size_t inSize;
-    uint8_t* out;
-    size_t outSize;
-    uint64_t inPosition;
-    size_t outPosition;
-};
-
-/// Decodes as long as both ends are far enough away and nothing is odd, and moves the positions on.
-/// Answers true if the block's end was read. `fastest` allows instructions that not all machines
-/// have.
-bool DecodeFast(FastBlock& block, bool fastest);
-
-/// The margins that DecodeFast keeps, in bytes; with less room it does nothing.
-inline constexpr size_t kInMargin = 48;
-inline constexpr size_t kOutMargin = 352;
 
 } // namespace png

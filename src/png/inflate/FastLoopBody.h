@@ -3,8 +3,11 @@
 // that includes it, as both build it for machines of different kinds.
 #pragma once
 
+#include "png/inflate/FastCodes.h"
 #include "png/inflate/FastLoop.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #ifdef __SSSE3__
 #include <tmmintrin.h>
@@ -29,8 +32,6 @@ inline void CopyChunk(uint8_t* to, const uint8_t* from) {
     std::memcpy(to, &chunk, sizeof chunk);
 }
 
-constexpr int kChunk = 16;
-
 // For each distance below 16: how far a chunk of the repeated bytes gets without a break.
 constexpr uint8_t kStep[kChunk] = {16, 16, 16, 15, 16, 15, 12, 14, 16, 9, 10, 11, 12, 13, 14, 15};
 
@@ -39,15 +40,15 @@ constexpr uint8_t kStep[kChunk] = {16, 16, 16, 15, 16, 15, 12, 14, 16, 9, 10, 11
 struct Places {
     uint8_t place[kChunk][kChunk];
     constexpr Places() : place() {
-        for (int distance = 1; distance < kChunk; ++distance)
-            for (int i = 0; i < kChunk; ++i)
+        for (size_t distance = 1; distance < kChunk; ++distance)
+            for (size_t i = 0; i < kChunk; ++i)
                 place[distance][i] = static_cast<uint8_t>(i % distance);
     }
 };
 constexpr Places kPlaces;
 #endif
 
-// Copies from a distance below a chunk, up to a chunk more than the length.
+// Copies from a distance below a chunk: at least two chunks, and up to one more than the length.
 inline void CopyNear(uint8_t* out, unsigned distance, const uint8_t* end) {
     const uint8_t* from = out - distance;
     const unsigned step = kStep[distance];
@@ -94,10 +95,10 @@ struct FastBits {
     uint64_t bits = 0;
     unsigned count = 0;
 
-    void Refill() { // at least 56 bits are counted then
+    void Refill() { // at least kRefillBits are counted then
         bits |= Load64(in) << count;
         in += (63 - count) >> 3;
-        count |= 56;
+        count |= kRefillBits;
     }
     void Drop(unsigned n) {
         bits >>= n & 63;
@@ -126,9 +127,9 @@ struct Loop {
     void Look() { entry = tables.literals.entries[stream.Low(kLitBits)]; }
     bool Literals() const { return (entry & kLiterals) != 0; }
 
-    // Four looks use up at most 40 bits. False if they did and a refill is due.
+    // False if all looks found literals and a refill is due.
     bool PutLiterals() {
-        for (int look = 0; look < 4; ++look) {
+        for (int look = 0; look < kLooks; ++look) {
             if (!Literals())
                 return true;
             const uint32_t literals = entry >> kLiteralShift;
