@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The second half of LoadPNG: from the compressed image data to the picture in the box.
-#include "png/Blend.h"
+#include "png/BlendOnBackground.h"
 #include "png/LoadPNG.h"
 #include "png/draw/CBitmap.h"
-#include "png/draw/Transparency.h"
 #include "png/rows/Convert.h"
 #include "png/rows/Deinterlace.h"
+#include "png/rows/Transparency.h"
 #include "png/rows/Unfilter.h"
 
 #include <algorithm>

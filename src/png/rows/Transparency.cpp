@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "png/draw/Transparency.h"
+#include "png/rows/Transparency.h"
 
-#include "png/draw/Bitmap.h"
+#include "png/format/Header.h"
 
+#include <cstddef>
 #include <cstring>
+#include <utility>
 
 namespace png {
 namespace {

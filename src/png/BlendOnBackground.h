@@ -2,12 +2,12 @@
 #pragma once
 
 #include "png/Fields.h"
+#include "png/draw/PictureBox.h"
+#include "png/format/Bytes.h"
+
+#include <cstdint>
 
 namespace png {
-
-/// Writes the colour (red + 256 x green + 65536 x blue) into every pixel of every row, as blue,
-/// green, red.
-void FillBackground(Bytes& buffer, int32_t color, size_t rowBytes);
 
 /// Blends Data (blue, green, red, alpha; the bottom row first) with the pixels of the box at X, Y,
 /// or with the colour of the fields without one. Data becomes blue, green, red in rows of
