@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/LoadPNG.h"
 
+#include "png/PictureBuilder.h"
 #include "png/draw/CBitmap.h"
 
 #include <algorithm>
@@ -76,7 +77,7 @@ int32_t LoadPNG::OpenPNG(const std::string& filename) {
     m_fields.IdatData = Bytes();
     try {
         if (ReadChunks(filename))
-            BuildPicture();
+            PictureBuilder(m_fields, m_inflater).BuildPicture();
     } catch (const std::bad_alloc&) {
         CBitmap::BitmapHandle.reset(); // too large for this machine: nothing is painted
     } catch (...) {

@@ -62,13 +62,6 @@ public:
     void MessageBox(MessageHook hook) { m_inflater.MessageBox(std::move(hook)); }
 
 private:
-    /// What becomes of the pixels on their way to the bitmap.
-    struct Picture {
-        Bytes Data;
-        int32_t OutBits = 0;
-        bool TopDown = true;
-    };
-
     bool ReadChunks(const std::string& filename);
     bool ReadChunk(ChunkReader& reader);
     bool ReadImageData(ChunkReader& reader);
@@ -82,21 +75,6 @@ private:
     void ReadTimeChunk(Bytes& data);
     void ReadTrnsChunk(Bytes& data);
     int32_t ColorOfBkgd() const;
-
-    void BuildPicture();
-    bool IsKeyed() const;
-    Bytes Unpacked(int64_t stored);
-    bool HoldsRows(const Picture& picture) const;
-    void Reconstruct(Picture& picture);
-    void Convert(Picture& picture);
-    void ConvertGrey(Picture& picture);
-    void ConvertTrueColor(Picture& picture);
-    void ConvertIndexed(Picture& picture);
-    void ConvertAlpha(Picture& picture);
-    void ApplyTransparence(Picture& picture);
-    void MakeGreyKey();
-    void Blend(Picture& picture);
-    void Paint(Picture& picture);
 
     Fields m_fields;
     Inflater m_inflater;

@@ -3,6 +3,7 @@
 // https://www.rfc-editor.org/rfc/rfc1951#section-3).
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -24,6 +25,11 @@ inline constexpr std::array<uint8_t, 32> LengthExtra = {
 inline constexpr std::array<uint16_t, 32> LengthBase = {
     3,  4,  5,  6,  7,  8,  9,  10,  11,  13,  15,  17,  19,  23, 27, 31,
     35, 43, 51, 59, 67, 83, 99, 115, 131, 163, 195, 227, 258, 0,  0,  0};
+
+inline constexpr size_t kLongestMatch = 258;
+static_assert(kLongestMatch == std::ranges::max(LengthBase));
+// A length and a distance of one bit each are the shortest match.
+inline constexpr size_t kMostGrowth = kLongestMatch * 8 / 2;
 
 // Per distance symbol; the last two are those of Deflate64.
 inline constexpr std::array<uint8_t, 32> DistExtra = {0,  0,  0,  0,  1,  1,  2,  2,  3,  3, 4,

@@ -48,8 +48,6 @@ inline constexpr size_t kInMargin = kRefills * kRefillBytes + BitReader::kMostAh
 static_assert(kInMargin > kRefills * (kRefillBytes - 1) + BitReader::kMostAhead + kStoredHead);
 
 inline constexpr size_t kChunk = 16; ///< what a match is copied by, at least two of them
-inline constexpr size_t kLongestMatch = 258;
-static_assert(kLongestMatch == std::ranges::max(LengthBase));
 
 /// Bytes for which there must be room in the output: those of one round, and of a chunk that ends
 /// behind the match.

@@ -1,22 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The second half of LoadPNG: from the compressed image data to the picture in the box.
+#include "png/PictureBuilder.h"
+
 #include "png/BlendOnBackground.h"
-#include "png/LoadPNG.h"
 #include "png/draw/CBitmap.h"
+#include "png/format/Header.h"
+#include "png/inflate/DeflateTables.h"
 #include "png/rows/Convert.h"
 #include "png/rows/Deinterlace.h"
 #include "png/rows/Transparency.h"
 #include "png/rows/Unfilter.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
+#include <optional>
+#include <utility>
 
 namespace png {
 namespace {
 
 constexpr size_t kZlibHeader = 2;
-// DEFLATE puts out at most 258 bytes for two bits.
-constexpr int64_t kMostGrowth = 1032;
 constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
 
 bool HasKnownInterlacing(const Header& header) {
@@ -68,148 +71,153 @@ bool IsPossible(const Header& header, bool toRgba) {
 
 } // namespace
 
-void LoadPNG::BuildPicture() {
+void PictureBuilder::BuildPicture() {
     m_fields.HaveAlpha = HasChannel(m_fields) && HasWholeBytes(m_fields);
     const bool keyed = IsKeyed();
     const bool possible = IsPossible(m_fields, keyed || HasChannel(m_fields));
     const int64_t stored = possible ? StoredBytes(m_fields) : 0;
-    Picture picture{Unpacked(stored)};
-    if (!possible || static_cast<int64_t>(picture.Data.size()) < stored)
+    Unpack(stored);
+    if (!possible || static_cast<int64_t>(Data.size()) < stored)
         return;
-    Reconstruct(picture);
-    Convert(picture);
+    Reconstruct();
+    Convert();
     if (keyed)
-        ApplyTransparence(picture);
-    Paint(picture);
+        ApplyTransparence();
+    Paint();
 }
 
-bool LoadPNG::IsKeyed() const {
+bool PictureBuilder::IsKeyed() const {
     return m_fields.HaveTransparence && m_fields.SetTrans &&
            (m_fields.ColorType == kGrey || m_fields.ColorType == kTrueColor ||
             m_fields.ColorType == kIndexed);
 }
 
-// The image data out of its stream, with room for all that is stored. Even a stream for which there
-// will be no picture is read, as its codes may give a message.
-Bytes LoadPNG::Unpacked(int64_t stored) {
-    Bytes Data = std::move(m_fields.IdatData);
+// Takes the image data out of its stream, with room for all that is stored. Even a stream for which
+// there will be no picture is read, as its codes may give a message.
+void PictureBuilder::Unpack(int64_t stored) {
+    Data = std::move(m_fields.IdatData);
     Data.DropFront(kZlibHeader);
     if (m_fields.Compression != kDeflate)
-        return Data;
+        return;
     // Narrow interlaced pictures have more bytes than expected, and no stream gives all that a
     // header may promise.
     const int64_t most =
-        std::min(kMostGrowth * static_cast<int64_t>(Data.size()), int64_t{Inflater::kMostExpected});
+        std::min(static_cast<int64_t>(kMostGrowth * Data.size()), int64_t{Inflater::kMostExpected});
     auto ExpectedSize =
         static_cast<int32_t>(std::min(std::max(ExpectedBytes(m_fields), stored), most));
     int32_t Result = 0;
     m_inflater.Inflate(Data, ExpectedSize, false, Result);
-    return Data;
 }
 
-void LoadPNG::Reconstruct(Picture& picture) {
-    if (m_fields.Interlacing == kAdam7)
-        picture.Data = Deinterlace(m_fields, std::move(picture.Data));
-    else
-        UnfilterRows(m_fields, picture.Data);
-    picture.OutBits = m_fields.Bitdepht;
+void PictureBuilder::Reconstruct() {
+    RowBits = m_fields.BitsPerPixel();
+    if (m_fields.Interlacing == kAdam7) {
+        Data = Deinterlace(m_fields, std::move(Data));
+        RowBits = 8 * m_fields.BytesPerPixel();
+    } else {
+        UnfilterRows(m_fields, Data);
+    }
+    OutBits = m_fields.Bitdepht;
 }
 
 // Samples that no PNG file has stay as they are.
-void LoadPNG::Convert(Picture& picture) {
+void PictureBuilder::Convert() {
     const int32_t depth = m_fields.Bitdepht;
     const bool whole = HasWholeBytes(m_fields);
     const bool partial = depth == 1 || depth == 2 || depth == 4;
     if (m_fields.ColorType == kGrey && (whole || partial))
-        ConvertGrey(picture);
+        ConvertGrey();
     else if (m_fields.ColorType == kTrueColor && whole)
-        ConvertTrueColor(picture);
+        ConvertTrueColor();
     else if (m_fields.ColorType == kIndexed && (depth == 8 || partial))
-        ConvertIndexed(picture);
+        ConvertIndexed();
     else if (m_fields.HaveAlpha)
-        ConvertAlpha(picture);
+        ConvertAlpha();
 }
 
-void LoadPNG::ConvertGrey(Picture& picture) {
+void PictureBuilder::ConvertGrey() {
     const bool laced = m_fields.Interlacing == kAdam7;
     const int32_t depth = m_fields.Bitdepht;
-    if (depth == 16)
-        Reduce16To8(picture.Data);
+    if (depth == 16) {
+        Reduce16To8(Data);
+        RowBits = 8;
+    }
     CBitmap::MakeGreyPalette(depth == 16 ? 8 : depth, laced && depth != 2 && depth != 16);
-    ConvertIndexed(picture);
+    ConvertIndexed();
 }
 
 // Indices, of colours or of greys: they keep their depth, but those of 2 bits become whole bytes,
 // as interlaced ones and reduced ones are already.
-void LoadPNG::ConvertIndexed(Picture& picture) {
-    const bool laced = m_fields.Interlacing == kAdam7;
-    if (m_fields.Bitdepht == 2 && !laced) {
-        Expand2BitTo8(m_fields.Width, m_fields.Height, picture.Data, m_fields.LineBytes());
+void PictureBuilder::ConvertIndexed() {
+    if (RowBits == 2) {
+        Expand2BitTo8(m_fields.Width, m_fields.Height, Data, m_fields.LineBytes());
+        RowBits = 8;
         m_fields.WorkDepth = 8;
-        picture.OutBits = 8;
-        return;
+    } else {
+        m_fields.WorkDepth = RowBits;
+        AlignRows(m_fields, RowBits, Data);
     }
-    if (laced || m_fields.Bitdepht == 16) {
-        m_fields.WorkDepth = 8;
-        picture.OutBits = 8;
-    }
-    AlignRows(m_fields, picture.OutBits, picture.Data);
+    OutBits = RowBits;
 }
 
-void LoadPNG::ConvertTrueColor(Picture& picture) {
-    picture.OutBits = 24;
+void PictureBuilder::ConvertTrueColor() {
+    OutBits = 24;
     if (m_fields.Bitdepht == 16 && IsKeyed())
         return; // the key is compared with both bytes of a sample
     if (m_fields.Bitdepht == 16)
-        Reduce16To8(picture.Data);
-    SwapRedBlue24(picture.Data);
+        Reduce16To8(Data);
+    SwapRedBlue24(Data);
+    RowBits = 24;
     m_fields.WorkDepth = 8;
-    AlignRows(m_fields, 24, picture.Data);
+    AlignRows(m_fields, RowBits, Data);
 }
 
-void LoadPNG::ConvertAlpha(Picture& picture) {
+void PictureBuilder::ConvertAlpha() {
     if (m_fields.Bitdepht == 16)
-        Reduce16To8(picture.Data);
+        Reduce16To8(Data);
     if (m_fields.ColorType == kGreyAlpha)
-        GreyAlphaToRgba(picture.Data);
+        GreyAlphaToRgba(Data);
     else
-        SwapRedBlue32(picture.Data);
-    picture.OutBits = 32;
-    FlipRows(picture.Data, 4 * static_cast<size_t>(m_fields.Width));
-    picture.TopDown = false;
+        SwapRedBlue32(Data);
+    TurnRgba();
     if (m_fields.SetAlpha)
-        Blend(picture);
+        Blend();
 }
 
-void LoadPNG::ApplyTransparence(Picture& picture) {
-    const int32_t width = m_fields.Width;
-    const int32_t height = m_fields.Height;
+void PictureBuilder::ApplyTransparence() {
     const bool trueColor = m_fields.ColorType == kTrueColor;
-    const bool fits = trueColor ? picture.OutBits == 24 : picture.OutBits <= 8;
-    if (!fits || !HoldsRows(picture)) {
-        picture.Data = Bytes(); // samples that no PNG file has: nothing will be painted
+    const bool fits = trueColor ? OutBits == 24 : OutBits <= 8;
+    if (!fits || !HoldsRows()) {
+        Data = Bytes(); // samples that no PNG file has: nothing will be painted
         return;
     }
     if (trueColor) {
         const std::optional<ColorKey> key = ReadColorKey(m_fields.TrnsData.View());
-        if (m_fields.Bitdepht == 16)
-            RgbKey16ToRgba(key, picture.Data);
+        if (RowBits == 48)
+            RgbKey16ToRgba(key, Data);
         else
-            RgbKeyToRgba(width, height, key, picture.Data);
+            RgbKeyToRgba(m_fields.Width, m_fields.Height, key, Data);
     } else {
         if (m_fields.ColorType == kGrey)
             MakeGreyKey();
-        IndexedToRgba(width, height, picture.OutBits, m_fields.PaletteData.View(),
-                      m_fields.TrnsData.View(), picture.Data);
+        IndexedToRgba(m_fields.Width, m_fields.Height, RowBits, m_fields.PaletteData.View(),
+                      m_fields.TrnsData.View(), Data);
     }
-    FlipRows(picture.Data, 4 * static_cast<size_t>(width));
-    picture.TopDown = false;
-    Blend(picture);
+    TurnRgba();
+    Blend();
+}
+
+// What just became blue, green, red, alpha goes on bottom-up.
+void PictureBuilder::TurnRgba() {
+    FlipRows(Data, 4 * static_cast<size_t>(m_fields.Width));
+    TopDown = false;
+    RowBits = 32;
+    OutBits = 32;
 }
 
 // The palette becomes the greys and the tRNS chunk a table of their alphas. The key is the low byte
 // of its 16-bit value.
-void LoadPNG::MakeGreyKey() {
+void PictureBuilder::MakeGreyKey() {
     m_fields.PaletteData = CBitmap::MakeGreyPalette(m_fields.Bitdepht, false);
     Bytes alphas(m_fields.PaletteData.size() / 3);
     std::ranges::fill(alphas, uint8_t{255});
@@ -218,54 +226,53 @@ void LoadPNG::MakeGreyKey() {
     m_fields.TrnsData = std::move(alphas);
 }
 
-void LoadPNG::Blend(Picture& picture) {
-    BlendOnBackground(m_fields, m_fields.BackgroundPicture, picture.Data, m_fields.DrawX,
-                      m_fields.DrawY);
-    picture.OutBits = 24;
+void PictureBuilder::Blend() {
+    BlendOnBackground(m_fields, m_fields.BackgroundPicture, Data, m_fields.DrawX, m_fields.DrawY);
+    RowBits = 24;
+    OutBits = 24;
 }
 
-bool LoadPNG::HoldsRows(const Picture& picture) const {
-    switch (picture.OutBits) {
+bool PictureBuilder::HoldsRows() const {
+    switch (OutBits) {
     case 1:
     case 4:
     case 8:
     case 24:
     case 32: {
         const size_t stride =
-            RowStride(static_cast<size_t>(m_fields.Width), static_cast<size_t>(picture.OutBits));
-        return picture.Data.size() >= stride * static_cast<size_t>(m_fields.Height);
+            RowStride(static_cast<size_t>(m_fields.Width), static_cast<size_t>(OutBits));
+        return Data.size() >= stride * static_cast<size_t>(m_fields.Height);
     }
     default:
         return false;
     }
 }
 
-void LoadPNG::Paint(Picture& picture) {
+void PictureBuilder::Paint() {
     const int32_t width = m_fields.Width;
     const int32_t height = m_fields.Height;
-    if (!HoldsRows(picture))
+    if (!HoldsRows())
         return; // samples that no PNG file has don't fill a bitmap
-    switch (picture.OutBits) {
+    switch (OutBits) {
     case 1:
         if (m_fields.ColorType == kIndexed)
             CBitmap::SetPaletteFor1Bit(m_fields.PaletteData.View());
         else
             CBitmap::SetBlackWhitePalette();
-        CBitmap::CreateBitmap1(picture.Data, width, height, true);
+        CBitmap::CreateBitmap1(Data, width, height, true);
         break;
     case 4:
         if (m_fields.ColorType != kGrey)
             CBitmap::SetPaletteFor4Bit(m_fields.PaletteData.View());
-        CBitmap::CreateBitmap4(picture.Data, width, height, true);
+        CBitmap::CreateBitmap4(Data, width, height, true);
         break;
     case 8:
         if (m_fields.ColorType != kGrey && m_fields.ColorType != kGreyAlpha)
             CBitmap::SetPaletteFor8Bit(m_fields.PaletteData.View());
-        CBitmap::CreateBitmap8(picture.Data, width, height, true);
+        CBitmap::CreateBitmap8(Data, width, height, true);
         break;
     default:
-        CBitmap::CreateBitmapTrue(picture.Data, width, height, picture.TopDown,
-                                  picture.OutBits == 24 ? 1 : 0);
+        CBitmap::CreateBitmapTrue(Data, width, height, TopDown, OutBits == 24 ? 1 : 0);
     }
     if (m_fields.PicBox != nullptr)
         CBitmap::DrawBitmap(width, height, *m_fields.PicBox, true, m_fields.DrawX, m_fields.DrawY,
