@@ -3,13 +3,16 @@
 
 #include "png/PictureBuilder.h"
 #include "png/draw/CBitmap.h"
+#include "png/format/Header.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
 #include <limits>
 #include <new>
+#include <span>
 #include <string_view>
 
 namespace png {

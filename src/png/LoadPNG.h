@@ -3,6 +3,7 @@
 
 #include "png/Fields.h"
 #include "png/draw/PictureBox.h"
+#include "png/format/Bytes.h"
 #include "png/format/ChunkReader.h"
 #include "png/inflate/Inflate.h"
 

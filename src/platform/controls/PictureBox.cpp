@@ -2,6 +2,7 @@
 #include "platform/controls/PictureBox.h"
 
 #include "platform/base/Failure.h"
+#include "png/format/Header.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/draw/Bitmap.h"
 
+#include "png/format/Header.h"
+
 #include <cassert>
-#include <cstring>
+#include <cstddef>
 #include <utility>
 
 namespace png {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "png/format/Bytes.h"
-#include "png/format/Header.h"
 
 #include <cstdint>
 #include <span>

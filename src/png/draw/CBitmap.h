@@ -8,6 +8,7 @@
 #include "png/format/Bytes.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>

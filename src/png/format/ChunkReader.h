@@ -3,6 +3,7 @@
 
 #include "png/format/Bytes.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>

@@ -2,6 +2,8 @@
 #include "png/inflate/CodeTable.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 
 namespace png {
 namespace {

@@ -5,7 +5,6 @@
 
 #include "png/inflate/DeflateTables.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 

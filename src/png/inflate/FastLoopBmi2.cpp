@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "png/inflate/FastLoop.h"
 #include "png/inflate/FastLoopBody.h"
 
 bool png::FastLoopBmi2(FastBlock& block) {

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace png {

@@ -4,7 +4,6 @@
 #include "png/format/Machine.h"
 #include "png/rows/RowsSsse3.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <vector>

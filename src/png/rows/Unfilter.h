@@ -6,6 +6,7 @@
 #include "png/format/Bytes.h"
 #include "png/format/Header.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
