@@ -12,6 +12,7 @@
 #include "ui_Explorador.h"
 
 #include <QPointer>
+#include <utility>
 
 namespace explorer {
 namespace {

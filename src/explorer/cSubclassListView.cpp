@@ -9,7 +9,9 @@
 #include <QCursor>
 #include <QHeaderView>
 #include <QPainter>
-#include <algorithm>
+#include <QPixmap>
+#include <optional>
+#include <span>
 
 namespace explorer {
 namespace {

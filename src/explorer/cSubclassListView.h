@@ -5,7 +5,11 @@
 #include "explorer/PinturaCabecera.h"
 #include "platform/forms/WindowHandles.h"
 
+#include <QPixmap>
+#include <QPoint>
 #include <QPointer>
+#include <QString>
+#include <vector>
 
 class QHeaderView;
 

@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QIcon>
 #include <QStringView>
 #include <algorithm>
 #include <array>

@@ -6,7 +6,9 @@
 #include "platform/forms/ToolTip.h"
 #include "platform/text/NativeNames.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <algorithm>
 
 namespace platform {
 

@@ -8,12 +8,15 @@
 #include "platform/text/NativeNames.h"
 
 #include <QApplication>
+#include <QChar>
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QListView>
 #include <QMetaObject>
 #include <QMouseEvent>
+#include <QPalette>
 #include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>

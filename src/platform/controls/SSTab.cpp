@@ -3,9 +3,11 @@
 
 #include "platform/controls/TabButton.h"
 
+#include <QAbstractButton>
 #include <QButtonGroup>
 #include <QCoreApplication>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QStackedLayout>
 #include <QVBoxLayout>

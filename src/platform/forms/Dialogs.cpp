@@ -11,11 +11,14 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QFileIconProvider>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
+#include <QStringList>
 #include <QTreeView>
+#include <filesystem>
 #include <utility>
 
 namespace platform {

@@ -5,8 +5,10 @@
 #include "platform/forms/Arrange.h"
 #include "platform/forms/Handler.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QDropEvent>
+#include <QKeySequence>
 #include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -20,6 +22,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 
 namespace platform {

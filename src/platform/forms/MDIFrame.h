@@ -5,7 +5,6 @@
 #include "platform/forms/KeyRepeat.h"
 
 #include <QMainWindow>
-#include <QPointer>
 #include <vector>
 
 class QMdiArea;

@@ -2,6 +2,7 @@
 #include "platform/forms/WindowMessages.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QMouseEvent>
 #include <QObject>
 #include <QPaintEvent>

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/rtf/RtfFlow.h"
 
+#include <QChar>
 #include <QTextDocument>
 #include <QTextOption>
-#include <algorithm>
+#include <utility>
 
 namespace platform {
 namespace {

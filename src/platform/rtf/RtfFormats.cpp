@@ -4,8 +4,11 @@
 #include "platform/base/Twips.h"
 #include "platform/rtf/TargetDevice.h"
 
+#include <QFont>
+#include <QList>
 #include <QTextOption>
 #include <algorithm>
+#include <cstdlib>
 
 namespace platform {
 namespace {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/rtf/RtfParser.h"
 
+#include <QChar>
 #include <algorithm>
 #include <string_view>
 #include <utility>

@@ -11,6 +11,7 @@
 #include "platform/rtf/RtfWords.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QTextOption>
 #include <optional>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/rtf/RtfTables.h"
 
+#include <QChar>
 #include <algorithm>
 #include <utility>
 

@@ -6,6 +6,7 @@
 #include <QPaintDevice>
 #include <QScreen>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 
 namespace platform {
