@@ -52,8 +52,8 @@ void EntradaMensajes::Ofrecer(const TablaMensajes& tabla, Aviso& aviso) const {
         platform::RunHandler([&] { (*retrollamada)(aviso); });
 }
 
-// If another procedure has come before this one since, this one stays and only passes on, until
-// that one leaves: taking the window's procedure back would cut it off.
+// While another procedure that came later calls this one, this one stays and only passes messages
+// on: to give the window its former procedure would cut the later one off.
 void EntradaMensajes::Salir() {
     tablaAntes = {};
     tablaDespues = {};

@@ -33,7 +33,7 @@ public:
     /// This object's callbacks: used where no owner is given.
     Retrollamadas& Propias() { return m_propias; }
 
-    /// A window has one entry per object, however many owners that object is asked for.
+    /// One object can watch a window only once, whoever the owner is.
     bool ssc_Subclass(platform::HWnd hWnd, qint32 valorUsuario = 0, int ordinal = 1,
                       const Retrollamadas* dueno = nullptr);
     /// `mensaje` is a number or ALL_MESSAGES.

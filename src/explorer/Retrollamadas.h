@@ -14,7 +14,7 @@ namespace explorer {
 /// A message on its way through the layer: the same object before and after the window's handling.
 struct Aviso {
     bool bBefore;   ///< before the window's own handling
-    bool bHandled;  ///< set before it, keeps it and what comes after it from running
+    bool bHandled;  ///< set before it, skips it and the phase after it
     qint32 lReturn; ///< the result: the owner's if it handled the message, else the window's
     const platform::HWnd hWnd;
     const quint32 uMsg;
@@ -23,8 +23,8 @@ struct Aviso {
     qint32& lParamUser; ///< the owner's own, kept between the calls
 };
 
-/// What an owner lets itself be called by, under ordinals of its own choice. It belongs to the
-/// owner: once it is gone, no call comes any more.
+/// The callbacks of an owner, under ordinals of its own choice. They are a part of the owner: once
+/// it is gone, none is called any more.
 class Retrollamadas {
 public:
     using Mensaje = std::function<void(Aviso&)>;

@@ -130,7 +130,7 @@ void cSubclassListView::Mensaje(Aviso& aviso) {
         Repintar();
 }
 
-// A leaving mouse sends no message: a timer runs while it is over the header.
+// No message tells that the mouse leaves, so a timer looks while it is over the header.
 void cSubclassListView::MoverRaton(QPoint punto) {
     if (!timerActivo) {
         const PlainProc procedimiento = scb_SetCallbackAddr(kParametrosTimer, kAlTocar, &Propias());
@@ -193,8 +193,8 @@ int cSubclassListView::ColumnaEn(QPoint punto) const {
     return dentro ? Cabecera().logicalIndexAt(punto) : -1;
 }
 
-// Where another program's window lies over the header, only the toolkit's own notes tell; while a
-// button is held, only the place of the mouse does.
+// Both are asked: only QWidget::underMouse knows of another program's window over the header, and
+// only the place of the mouse tells while a button is held.
 bool cSubclassListView::RatonEncima() const {
     const QWidget* cabecera = Cabecera().viewport();
     return cabecera->underMouse() && QApplication::widgetAt(QCursor::pos()) == cabecera;

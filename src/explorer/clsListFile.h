@@ -31,8 +31,8 @@ public:
     void SetControls(platform::ListControl& ListView, platform::ImageList& ImageList1,
                      platform::ImageList& ImageList2);
 
-    /// Lists a folder; one that can't be read is an empty list. Handlers of other events run in the
-    /// middle. One that lists in its turn, or ends this object, ends this call.
+    /// Lists a folder; one that can't be read is an empty list. Other events are handled meanwhile.
+    /// If one of their handlers lists a folder too, or ends this object, this call just ends.
     void Listar(const QString& path);
     void subirNivel();
 

@@ -56,7 +56,7 @@ void FileListBox::mousePressEvent(QMouseEvent* event) {
 void FileListBox::keyPressEvent(QKeyEvent* event) {
     const bool arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
     if (arrow && selectedItems().isEmpty() && count() > 0)
-        setCurrentRow(std::max(0, currentRow())); // the toolkit would go to the second one
+        setCurrentRow(std::max(0, currentRow())); // QListWidget would go to the second one
     else
         QListWidget::keyPressEvent(event);
 }

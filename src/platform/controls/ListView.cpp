@@ -39,8 +39,8 @@ bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-// The width of the widest name. To measure all of many takes long: those are measured whose
-// characters are widest one by one.
+// The width of the widest name. Laying out every name takes long when there are many, so only those
+// are measured whose characters, each by itself, add up to the largest widths.
 int WidestName(const std::vector<ListItem>& items, const QFontMetrics& metrics) {
     std::vector<int> advances(kCharacters, -1);
     std::vector<std::pair<int, const ListItem*>> names;
@@ -82,7 +82,7 @@ ListView::ListView(QWidget* parent)
     m_report->header()->setSectionsMovable(false);
     m_report->header()->setStretchLastSection(false);
     connect(m_report->horizontalScrollBar(), &QScrollBar::valueChanged, Header()->viewport(),
-            qOverload<>(&QWidget::update)); // not all that is painted there moves with the columns
+            qOverload<>(&QWidget::update)); // QHeaderView alone would only scroll what is there
     Prepare(m_list);
     Prepare(m_report);
     m_report->setSelectionModel(m_list->selectionModel());
@@ -137,7 +137,7 @@ void ListView::HeaderFont(int lineHeight) {
     Header()->setFont(own ? FontOfHeight(lineHeight) : QApplication::font(Header()));
     Header()->setMinimumHeight(own ? lineHeight + kHeaderPadding : 0);
     Header()->setMaximumHeight(own ? lineHeight + kHeaderPadding : QWIDGETSIZE_MAX);
-    emit Header()->geometriesChanged(); // its view gives it its place
+    Q_EMIT Header()->geometriesChanged(); // QTreeView lays its header out anew
 }
 
 void ListView::ColumnHeaderIcons(const ImageList* images) {

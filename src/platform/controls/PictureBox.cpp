@@ -110,7 +110,7 @@ void PictureBox::StretchBlt(int x, int y, int width, int height, const png::Bitm
     const Range columns = Clip(x, width, surface.width());
     const Range rows = Clip(y, height, surface.height());
     const bool plain = sourceWidth == width;
-    // What a plain copy takes of each row.
+    // A copy that isn't stretched takes the pixels from `first` to `last` of each row.
     const qint64 last = std::clamp<qint64>(columns.end - x, 0, source.Width());
     const qint64 first = std::min(columns.begin - x, last);
     std::vector<QRgb> pixels(static_cast<size_t>(source.Width()));
@@ -191,7 +191,7 @@ void PictureBox::focusOutEvent(QFocusEvent* event) {
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    // The event's own position has lost its fraction on its way from the window.
+    // position() has lost its fraction on the way from the window, scenePosition() hasn't.
     const QPoint corner = mapTo(window(), contentsRect().topLeft());
     const QPointF inner = event->scenePosition() - corner;
     PointAt(static_cast<float>(inner.x() * kTwipsPerPixel),
@@ -200,7 +200,7 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
-    mouseMoveEvent(event); // a box that came up under the mouse has heard of no move
+    mouseMoveEvent(event); // a box that appears under the mouse gets no move first
     event->accept();       // the release comes here, too
 }
 

@@ -62,7 +62,7 @@ SSTab::SSTab(QWidget* parent)
 
 void SSTab::AddTab(const QString& caption, QWidget* page) {
     const int index = m_pages->count();
-    auto* tab = new TabButton(caption, m_list); // before its page, as the tab key goes
+    auto* tab = new TabButton(caption, m_list); // before its page in the order of the Tab key
     m_pages->addWidget(page);
     page->setAccessibleName(caption);
     m_tabs->addButton(tab, index);
@@ -89,14 +89,14 @@ void SSTab::GoRound(int step) {
     setFocus(Qt::TabFocusReason);
 }
 
-// Not by a focus proxy, which would make this a stop of its own among its tabs and pages.
+// Without a focus proxy, which would make this one more stop of the Tab key among tabs and pages.
 void SSTab::focusInEvent(QFocusEvent* event) {
     if (QAbstractButton* tab = m_tabs->checkedButton())
         tab->setFocus(event->reason());
 }
 
-// Of the whole program: the frame has a shortcut for Ctrl+Tab, and the toolkit's child area takes
-// it from everybody.
+// Sees the events of the whole program: MDIFrame has a shortcut for Ctrl+Tab, and QMdiArea takes
+// these keys from every widget.
 bool SSTab::eventFilter(QObject* object, QEvent* event) {
     const bool press = event->type() == QEvent::KeyPress;
     if (!press && event->type() != QEvent::ShortcutOverride)

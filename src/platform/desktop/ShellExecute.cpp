@@ -71,8 +71,8 @@ struct Invocation {
     ::_exit(EXIT_FAILURE);
 }
 
-// Answers 0, or the error with which it could not be started. The toolkit's own start takes texts,
-// which can't hold every name of a file; this one takes the bytes.
+// Answers 0, or the error with which it could not be started. QProcess::startDetached takes
+// texts, which can't hold every name of a file; this one takes the bytes.
 int StartDetached(const Invocation& call) {
     std::array<int, 2> report{};
     if (::pipe2(report.data(), O_CLOEXEC) != 0)
@@ -80,7 +80,8 @@ int StartDetached(const Invocation& call) {
     const pid_t middle = ::fork();
     if (middle == 0) {
         ::setsid();
-        // Whose parent has gone is nobody's to wait for.
+        // The parent of this second child ends at once, so that nobody here need wait for the
+        // child.
         if (::fork() == 0)
             Become(call, report[1]);
         ::_exit(EXIT_SUCCESS);

@@ -26,7 +26,7 @@ namespace {
 
 constexpr QSize kFileDialogSize(760, 480);
 
-QMessageBox::Icon ToolkitIcon(Icon icon) {
+QMessageBox::Icon BoxIcon(Icon icon) {
     switch (icon) {
     case Icon::Information:
         return QMessageBox::Information;
@@ -42,7 +42,7 @@ QMessageBox::Icon ToolkitIcon(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-QMessageBox::StandardButtons ToolkitButtons(Buttons buttons) {
+QMessageBox::StandardButtons BoxButtons(Buttons buttons) {
     switch (buttons) {
     case Buttons::YesNo:
         return QMessageBox::Yes | QMessageBox::No;
@@ -54,7 +54,7 @@ QMessageBox::StandardButtons ToolkitButtons(Buttons buttons) {
     return QMessageBox::Ok;
 }
 
-Answer FromToolkit(int button) {
+Answer AnswerOf(int button) {
     switch (button) {
     case QMessageBox::Yes:
         return Answer::Yes;
@@ -67,7 +67,7 @@ Answer FromToolkit(int button) {
     }
 }
 
-// The toolkit names these in English.
+// QFileIconProvider names these in English.
 class SpanishTypes : public QFileIconProvider {
 public:
     QString type(const QFileInfo& info) const override {
@@ -79,7 +79,7 @@ public:
     }
 };
 
-// The name takes what the others leave, and nothing of them is cut off.
+// The first column, of names, takes the width that the others leave; these are never cut off.
 void FitColumns(QFileDialog& dialog) {
     auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
     if (!list)
@@ -92,13 +92,13 @@ void FitColumns(QFileDialog& dialog) {
 class DesktopDialogs : public Dialogs {
 public:
     Answer Ask(const Message& message) override {
-        QMessageBox box(ToolkitIcon(message.icon), DisplayText(message.title),
-                        DisplayText(message.text), ToolkitButtons(message.buttons),
+        QMessageBox box(BoxIcon(message.icon), DisplayText(message.title),
+                        DisplayText(message.text), BoxButtons(message.buttons),
                         QApplication::activeWindow());
         box.setTextFormat(Qt::PlainText); // a file name is no markup
         if (message.buttons == Buttons::YesNo)
             box.setEscapeButton(QMessageBox::No);
-        return FromToolkit(box.exec());
+        return AnswerOf(box.exec());
     }
 
     QString AskOpenName(const FileQuestion& question) override {
@@ -136,7 +136,7 @@ private:
         FitColumns(dialog);
         dialog.setAcceptMode(mode);
         dialog.setFileMode(QFileDialog::AnyFile);
-        // Always told: the toolkit remembers the folder of its last dialog.
+        // Always set, since QFileDialog remembers the folder of the last one.
         dialog.setDirectory(question.folder.isEmpty()
                                 ? QDir::currentPath()
                                 : QString::fromStdString(ToNative(question.folder).native()));
@@ -155,7 +155,7 @@ private:
         try {
             ChangeDirectory(FromNative(folder));
         } catch (const Failure&) {
-            // A folder that can't be entered shows itself when the file is opened or saved.
+            // Opening or saving the file will tell the user.
         }
     }
 };

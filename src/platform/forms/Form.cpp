@@ -52,7 +52,7 @@ void Form::Show() {
 
 bool Form::Unload() {
     if (m_stage != Stage::Loaded)
-        return m_stage != Stage::Made; // on its way already
+        return m_stage != Stage::Made; // closing or gone already
     m_stage = Stage::Closing;
     bool cancel = false;
     RunHandler([&] { Form_QueryUnload(cancel); });
@@ -117,7 +117,7 @@ void Form::State(WindowState state) {
 }
 
 void Form::closeEvent(QCloseEvent* event) {
-    event->ignore(); // it goes by itself, and not before the handlers agree
+    event->ignore(); // Unload closes it if the handlers agree
     Unload();
 }
 

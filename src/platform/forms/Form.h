@@ -106,7 +106,7 @@ private:
     Stage m_stage = Stage::Made;
 };
 
-/// A caption as a window title of the toolkit, which gives "[*]" a meaning of its own.
+/// A caption for QWidget::setWindowTitle, which gives "[*]" a meaning of its own.
 QString TitleText(const QString& caption);
 
 } // namespace platform

@@ -11,7 +11,7 @@ KeyRepeat::KeyRepeat() {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-// Of a repeat, release and press have the same time. No finger is that quick.
+// Release and press of a repeat bear the same time, those of a finger never do.
 bool KeyRepeat::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::KeyRelease) {
         const auto* key = static_cast<const QKeyEvent*>(event);

@@ -5,9 +5,9 @@
 
 namespace platform {
 
-/// Keeps a key that is held down from running again and again what isn't to be repeated: the
-/// actions without auto-repeat. The toolkit does so too, but it takes a repeat for a new press of
-/// the key whenever it has read the release that comes with it a moment earlier.
+/// Keeps a key that is held down from triggering a QAction without auto-repeat again and again.
+/// QAction does so itself, but takes a repeat for a new press of the key whenever the release that
+/// comes with the repeat was read a moment earlier.
 class KeyRepeat : public QObject {
     Q_OBJECT
 

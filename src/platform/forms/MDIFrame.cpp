@@ -38,7 +38,7 @@ constexpr Qt::WindowFlags kFixedWindow = Qt::SubWindow | Qt::WindowTitleHint |
                                          Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                                          Qt::MSWindowsFixedSizeDialogHint;
 
-// The window around a child. Its closing is the child's to decide.
+// The QMdiSubWindow around a form, which decides whether it closes.
 class ChildWindow : public QMdiSubWindow {
 public:
     explicit ChildWindow(Form* form) : m_form(form) {
@@ -46,7 +46,7 @@ public:
         if (form->IsFixedSize())
             KeepSize();
         for (QAction* action : systemMenu()->actions())
-            action->setShortcuts(QList<QKeySequence>()); // the keys are the frame's
+            action->setShortcuts(QList<QKeySequence>()); // the frame has them
         connect(this, &QMdiSubWindow::windowStateChanged, form,
                 [form](Qt::WindowStates, Qt::WindowStates) { form->ShellStateChanged(); });
     }
@@ -60,7 +60,7 @@ protected:
     }
 
 private:
-    // The area maximises whatever comes to the front of a maximised child.
+    // QMdiArea maximises any window that comes in front of a maximised one.
     void KeepSize() {
         setWindowFlags(kFixedWindow |
                        (m_form->MinButton() ? Qt::WindowMinimizeButtonHint : Qt::Widget));
@@ -85,7 +85,8 @@ bool KeepsSize(const QMdiSubWindow* shell) {
     return form && form->IsFixedSize() && !shell->isMinimized();
 }
 
-// Not smaller than a child can be, and then over its neighbours rather than out of sight.
+// Makes no window smaller than it can be. One that then reaches out of the area is moved inside and
+// covers its neighbours.
 void PutAll(const std::vector<QMdiSubWindow*>& shells, const std::vector<QRect>& places,
             QSize area) {
     for (size_t i = 0; i < shells.size(); ++i) {
@@ -96,8 +97,8 @@ void PutAll(const std::vector<QMdiSubWindow*>& shells, const std::vector<QRect>&
     }
 }
 
-// Those that keep their sizes stand at the right and the others share the rest, which is at least
-// half of the width.
+// Windows of fixed size are stacked at the right; the others share the rest, at least half of the
+// width.
 void Tile(std::vector<QMdiSubWindow*> shells, QSize area, decltype(&TileVerticallyRects) tile) {
     const auto fixed = std::stable_partition(shells.begin(), shells.end(), std::not_fn(KeepsSize));
     std::vector<QSize> sizes;
@@ -144,7 +145,7 @@ void MDIFrame::FitToScreen(const QMargins& borders) {
     move(room.topLeft() + MovedInside(outer, room.size()).topLeft());
 }
 
-// The first picture on the screen: the desktop has put its borders around the frame by then.
+// At the first QEvent::Expose the desktop has put its borders around the frame.
 bool MDIFrame::eventFilter(QObject* object, QEvent* event) {
     if (object == windowHandle() && event->type() == QEvent::Expose) {
         object->removeEventFilter(this);
@@ -154,7 +155,7 @@ bool MDIFrame::eventFilter(QObject* object, QEvent* event) {
     return QMainWindow::eventFilter(object, event);
 }
 
-// The keys that people know from frames with children.
+// The usual keys of windows with child windows.
 void MDIFrame::AddKeys() {
     const auto add = [this](const QKeySequence& key, auto action) {
         auto* shortcut = new QShortcut(key, this);
@@ -215,7 +216,7 @@ void MDIFrame::Adopt(Form* form) {
     form->resize(form->size().expandedTo(form->minimumSizeHint())); // larger fonts need more
     const QSize designed = form->size();
     auto* child = new ChildWindow(form);
-    ScrollHome(); // it finds its place while it loads
+    ScrollHome(); // the form places itself while it loads
     form->SetShell(child);
     m_area->addSubWindow(child);
     child->resize(designed.grownBy(child->contentsMargins()));
@@ -269,7 +270,7 @@ std::vector<QMdiSubWindow*> MDIFrame::Shells(bool minimised) const {
     return shells;
 }
 
-// A child beyond the area's edges is in sight then, at least its upper left corner.
+// Scrolls a child that is beyond the area's edges into sight, or at least its upper left corner.
 void MDIFrame::ScrollTo(const QMdiSubWindow& child) {
     const QSize area = m_area->viewport()->size();
     const QPoint beyond = child.pos() - MovedInside(child.geometry(), area).topLeft();
@@ -278,7 +279,7 @@ void MDIFrame::ScrollTo(const QMdiSubWindow& child) {
         bar->setValue(bar->value() + by);
 }
 
-// The places of children count from the corner that is in sight.
+// QMdiArea counts the places of its children from the corner that is in sight.
 void MDIFrame::ScrollHome() {
     for (QScrollBar* bar : {m_area->horizontalScrollBar(), m_area->verticalScrollBar()})
         bar->setValue(0);
@@ -298,7 +299,7 @@ void MDIFrame::Arrange(Arrangement arrangement) {
             shell->showNormal();
     }
     if (!icons.empty())
-        area.rheight() -= icons.front()->height(); // they stay in sight
+        area.rheight() -= icons.front()->height(); // minimised windows stay uncovered
     if (std::any_of(shells.begin(), shells.end(), [&](const QMdiSubWindow* shell) {
             return KeepsSize(shell) && shell->height() > area.height();
         }))
@@ -315,7 +316,7 @@ void MDIFrame::Arrange(Arrangement arrangement) {
 
 void MDIFrame::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    // A maximised child writes its own title into the frame's.
+    // QMdiSubWindow adds the title of a maximised child to that of the frame.
     if (event->type() == QEvent::WindowTitleChange && windowTitle() != TitleText(m_caption))
         setWindowTitle(TitleText(m_caption));
 }
@@ -328,7 +329,7 @@ void MDIFrame::closeEvent(QCloseEvent* event) {
     const auto busy =
         std::find_if(forms.begin(), forms.end(), [](const Form* form) { return form->IsBusy(); });
     if (busy != forms.end()) {
-        (*busy)->Unload(); // it says why it stays
+        (*busy)->Unload(); // it tells the user why it stays
         return;
     }
     m_closing = true;
@@ -341,7 +342,7 @@ void MDIFrame::closeEvent(QCloseEvent* event) {
 }
 
 void MDIFrame::dragEnterEvent(QDragEnterEvent* event) {
-    // A copy whatever the source proposes: after a move it would delete the file.
+    // Always a copy: after a move the other program would delete its file.
     if (LocalFiles(event->mimeData()).empty() || !(event->possibleActions() & Qt::CopyAction))
         return;
     event->setDropAction(Qt::CopyAction);

@@ -47,7 +47,7 @@ public:
 protected:
     /// Does what can be done before the first showing, so that this is quick.
     void Prepare();
-    /// Takes all children away at once. A frame whose children call it back does so in its
+    /// Deletes all children at once. A derived frame that its children call calls this in its
     /// destructor.
     void DeleteChildren();
 

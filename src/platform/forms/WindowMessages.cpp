@@ -143,13 +143,13 @@ qint32 Translator::OwnHandling(quint32 message, qint32 wParam, qint32 lParam) {
     return 0;
 }
 
-// Whether the widget wouldn't have got the event if nobody watched it.
+// Whether the widget gets the event only because SetWindowProc has switched mouse tracking on.
 bool Translator::IsUntracked(const QEvent& event) const {
     return event.type() == QEvent::MouseMove && !m_hadTracking &&
            static_cast<const QMouseEvent&>(event).buttons() == Qt::NoButton;
 }
 
-// By the ordinary way, so that the filters behind this one see the event too.
+// Through QCoreApplication, so that the filters behind this one see the event too.
 void Translator::HandBack(QEvent& event) {
     const QScopedValueRollback<QEvent*> pass(m_handedBack, &event);
     QCoreApplication::sendEvent(m_widget, &event);

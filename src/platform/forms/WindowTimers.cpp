@@ -70,7 +70,7 @@ bool SetTimer(HWnd window, quintptr id, int milliseconds, PlainProc procedure) {
     if (!found)
         return false;
     KillTimer(window, id);
-    // Its last reference may go while its own event is under way.
+    // deleteLater, since a timer may be killed from within its own timeout.
     Timers()[{window, id}] = {new WindowTimer(*found, id, milliseconds, std::move(procedure)),
                               [](WindowTimer* timer) { timer->deleteLater(); }};
     return true;

@@ -39,7 +39,7 @@ int CodePageOfCharset(int charset, int fallback) {
 }
 
 QString RtfCodePages::Decode(QByteArrayView bytes, int codePage) {
-    if (codePage == kSymbols) // of the signs, lists need the bullet
+    if (codePage == kSymbols) // only the bullet is known, which lists use
         return QString::fromLatin1(bytes).replace(u'\u00B7', u'\u2022');
     const auto* entry = std::find_if(std::begin(kNames), std::end(kNames),
                                      [&](const auto& e) { return e.codePage == codePage; });

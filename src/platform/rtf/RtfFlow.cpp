@@ -9,7 +9,7 @@
 namespace platform {
 namespace {
 
-// Nothing that the toolkit takes for a frame, an object or a block, and no half characters.
+// Without what QTextDocument takes for a frame, an object or a block, and without half characters.
 QString Cleaned(const QString& text) {
     QString clean;
     clean.reserve(text.size());
@@ -76,7 +76,7 @@ void RtfFlow::EndParagraph(const RtfParagraph& look, const RtfCharacters& mark) 
 
 void RtfFlow::BreakPage(const RtfParagraph& look, const RtfCharacters& mark) {
     const bool started = !m_blockEnded && !m_blockEmpty;
-    if (started || m_pageBreak) // a page that holds nothing is one, too
+    if (started || m_pageBreak) // an empty page counts, too
         EndParagraph(look, mark);
     m_pageBreak = true;
 }

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTextCursor>
 
+class QTextDocument;
+
 namespace platform {
 
 /// Writes the text of an RTF file to the end of a document. A paragraph's look is told at its end,

@@ -28,8 +28,8 @@ void SetLineSpacing(QTextBlockFormat& format, const RtfParagraph& paragraph) {
                                          : QTextBlockFormat::MinimumHeight);
 }
 
-// RTF counts tabs from the left margin, the toolkit from the start of the line. The indent of a
-// hanging first line is a tab of its own.
+// RTF counts tabs from the left margin, QTextBlockFormat from the start of the line. The indent of
+// a hanging first line is a tab of its own.
 QList<QTextOption::Tab> TabsOf(const RtfParagraph& paragraph) {
     std::vector<RtfTab> tabs = paragraph.tabs;
     if (paragraph.firstLine < 0)
@@ -61,7 +61,7 @@ QTextBlockFormat Make(const RtfParagraph& paragraph) {
     return format;
 }
 
-// The made format of a state; the plain one for what is one too many.
+// The format of a state, made at the first call; the plain one if kMost others are made already.
 template<class State, class Format, class Maker>
 const Format& Find(std::map<State, Format>& made, const State& wanted, Maker make) {
     const auto found = made.find(wanted);

@@ -24,7 +24,7 @@ RtfResult RtfParser::Read() {
     return *result;
 }
 
-// Nothing while the file goes on.
+// Takes one token. Answers the result once the file is read.
 std::optional<RtfResult> RtfParser::Step() {
     const RtfToken token = m_tokens.Next();
     const bool star = token.kind == RtfToken::Kind::Symbol && token.text[0] == '*';

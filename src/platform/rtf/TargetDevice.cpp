@@ -11,7 +11,7 @@
 
 namespace platform {
 
-// The same as the toolkit's own default, which it keeps to itself.
+// The same as QTextDocumentLayout's own default, which is private.
 double DocumentDotsPerInch() {
     const QScreen* screen = qGuiApp ? QGuiApplication::primaryScreen() : nullptr;
     return screen ? qRound(screen->logicalDotsPerInchY()) : 96;
