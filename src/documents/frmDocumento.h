@@ -8,6 +8,7 @@
 #include "platform/forms/Form.h"
 #include "shared/ValoresCompartidos.h"
 
+#include <QString>
 #include <memory>
 
 namespace Ui {
@@ -50,14 +51,14 @@ protected:
     void Form_Load() override;
     void Form_Resize() override;
     void Form_MouseMove() override;
-    void Form_QueryUnload(bool& cancel) override;
+    void Form_QueryUnload(bool& cancelar) override;
     void Form_Unload() override;
 
 private:
     void txtFile_Change();
     void PublicarTexto();
     static void PonerAspecto(CodeMax& editor);
-    void PreguntarPorCambios(bool& cancel);
+    void PreguntarPorCambios(bool& cancelar);
     void GuardarAlCerrar();
 
     std::unique_ptr<Ui::frmDocumento> m_ui;
@@ -68,6 +69,6 @@ private:
 };
 
 /// The save dialog's filter for scripts of this program.
-inline const QString kFiltroGuardar = QStringLiteral("Archivos .qmk|*.qmk");
+inline constexpr QLatin1StringView kFiltroGuardar("Archivos .qmk|*.qmk");
 
 } // namespace documents

@@ -33,9 +33,9 @@ void Registrar(const TipoDeArchivo& tipo);
 QString SinBlancos(const QString& texto);
 
 /// Names in the settings file that more than one window uses.
-inline const QString kGeneral = QStringLiteral("general");
-inline const QString kNuevo = QStringLiteral("nuevo");
-inline const QString kSi = QStringLiteral("si");
+inline constexpr QLatin1StringView kGeneral("general");
+inline constexpr QLatin1StringView kNuevo("nuevo");
+inline constexpr QLatin1StringView kSi("si");
 
 /// The path of the settings file.
 QString RutaConfig();

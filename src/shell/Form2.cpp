@@ -14,9 +14,9 @@ using Module1::kGeneral;
 using Module1::kNuevo;
 using Module1::kSi;
 
-const QString kExplorador = QStringLiteral("explorador");
-const QString kPath = QStringLiteral("path");
-const QString kNo = QStringLiteral("no");
+constexpr QLatin1StringView kExplorador("explorador");
+constexpr QLatin1StringView kPath("path");
+constexpr QLatin1StringView kNo("no");
 
 } // namespace
 
