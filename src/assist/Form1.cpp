@@ -7,6 +7,7 @@
 #include "ui_Form1.h"
 
 #include <QRegularExpression>
+#include <QString>
 #include <cmath>
 #include <optional>
 
@@ -67,14 +68,14 @@ void Form1::Form_Load() {
 }
 
 void Form1::colorchange() {
-    const int red = m_ui->red->value();
-    const int green = m_ui->green->value();
-    const int blue = m_ui->blue->value();
-    Pintar(m_ui->BlueSpot, QStringLiteral("Azul"), QColor(0, 0, blue));
-    Pintar(m_ui->greenSpot, QStringLiteral("Verde"), QColor(0, green, 0));
-    Pintar(m_ui->Redspot, QStringLiteral("Rojo"), QColor(red, 0, 0));
-    Pintar(m_ui->colour, QStringLiteral("Color"), QColor(red, green, blue));
-    m_ui->rgbcode->setText(QStringLiteral("Color.new(%1,%2,%3)").arg(red).arg(green).arg(blue));
+    const int rojo = m_ui->red->value();
+    const int verde = m_ui->green->value();
+    const int azul = m_ui->blue->value();
+    Pintar(m_ui->BlueSpot, QStringLiteral("Azul"), QColor(0, 0, azul));
+    Pintar(m_ui->greenSpot, QStringLiteral("Verde"), QColor(0, verde, 0));
+    Pintar(m_ui->Redspot, QStringLiteral("Rojo"), QColor(rojo, 0, 0));
+    Pintar(m_ui->colour, QStringLiteral("Color"), QColor(rojo, verde, azul));
+    m_ui->rgbcode->setText(QStringLiteral("Color.new(%1,%2,%3)").arg(rojo).arg(verde).arg(azul));
 }
 
 void Form1::Deslizador_Change(const Canal& canal) {

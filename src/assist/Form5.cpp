@@ -7,6 +7,7 @@
 #include "platform/forms/Handler.h"
 #include "ui_Form5.h"
 
+#include <QString>
 #include <array>
 #include <charconv>
 
@@ -29,8 +30,8 @@ QImage PantallaPropia() {
 QImage Pantalla() {
     try {
         return platform::LoadPicture(platform::InProgramFolder(u"pspantalla\\pantalla.jpg"));
-    } catch (const platform::Failure& failure) {
-        if (failure.Code() == platform::FailureCode::FileNotFound)
+    } catch (const platform::Failure& fallo) {
+        if (fallo.Code() == platform::FailureCode::FileNotFound)
             return PantallaPropia();
         throw;
     }

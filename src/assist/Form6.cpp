@@ -9,6 +9,8 @@
 #include "png/LoadPNG.h"
 #include "ui_Form6.h"
 
+#include <QString>
+
 namespace assist {
 namespace {
 

@@ -7,9 +7,9 @@
 
 namespace Module2 {
 
-int CopyProgress(qint64 total, qint64 copied, shared::cProg& bar) {
-    const double share = total > 0 ? static_cast<double>(copied) / static_cast<double>(total) : 1;
-    bar.Value(static_cast<int>(share * 100));
+int CopyProgress(qint64 total, qint64 copiado, shared::cProg& barra) {
+    const double parte = total > 0 ? static_cast<double>(copiado) / static_cast<double>(total) : 1;
+    barra.Value(static_cast<int>(parte * 100));
     QCoreApplication::processEvents();
     return 0;
 }

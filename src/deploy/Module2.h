@@ -11,6 +11,6 @@ namespace Module2 {
 
 /// Shows in the bar how much of a file is copied, and lets the window system's events through. A
 /// file of size 0 counts as whole. Answers 0: the copy goes on.
-int CopyProgress(qint64 total, qint64 copied, shared::cProg& bar);
+int CopyProgress(qint64 total, qint64 copiado, shared::cProg& barra);
 
 } // namespace Module2

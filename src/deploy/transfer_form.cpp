@@ -83,9 +83,9 @@ void transfer_form::KewlButtons1_Click() {
 
 // The project folder is made anew, so nothing of an earlier transfer stays.
 void transfer_form::CrearProyecto(const Destino& destino, const QString& texto) {
-    if (fso.FolderExists(destino.Proyecto()))
-        fso.DeleteFolder(destino.Proyecto(), true);
-    fso.CreateFolder(destino.Proyecto());
+    if (m_fso.FolderExists(destino.Proyecto()))
+        m_fso.DeleteFolder(destino.Proyecto(), true);
+    m_fso.CreateFolder(destino.Proyecto());
     EscribirScript(destino.Script(), texto);
 }
 
@@ -117,7 +117,7 @@ void transfer_form::CopiarTodo(const Destino& destino) {
     Copiar(m_compartido.origen_eboot, destino.Eboot());
     if (!conDriver)
         return;
-    fso.CreateFolder(destino.Drivers());
+    m_fso.CreateFolder(destino.Drivers());
     for (const char16_t* nombre : kDrivers)
         Copiar(platform::InProgramFolder(u"data") + QString::fromUtf16(nombre),
                destino.Drivers() + QString::fromUtf16(nombre));
@@ -128,8 +128,8 @@ void transfer_form::Copiar(const QString& origen, const QString& destino) {
     platform::RunSilently([&] {
         platform::CopyFileExA(
             origen.trimmed(), destino.trimmed(),
-            [this](qint64 total, qint64 copied) {
-                Module2::CopyProgress(total, copied, *m_ui->cProg1);
+            [this](qint64 total, qint64 copiado) {
+                Module2::CopyProgress(total, copiado, *m_ui->cProg1);
             },
             m_cancelar);
     });
@@ -141,12 +141,12 @@ void transfer_form::parar_Click() {
 }
 
 // Alt and a button's letter, held down, would press the button again as soon as it is back.
-bool transfer_form::event(QEvent* event) {
-    const bool atajo = event->type() == QEvent::ShortcutOverride;
-    const auto* tecla = atajo ? static_cast<QKeyEvent*>(event) : nullptr;
+bool transfer_form::event(QEvent* evento) {
+    const bool atajo = evento->type() == QEvent::ShortcutOverride;
+    const auto* tecla = atajo ? static_cast<QKeyEvent*>(evento) : nullptr;
     if (!tecla || !tecla->isAutoRepeat() || !(tecla->modifiers() & Qt::AltModifier))
-        return Form::event(event);
-    event->accept();
+        return Form::event(evento);
+    evento->accept();
     return true;
 }
 
@@ -154,10 +154,10 @@ void transfer_form::KewlButtons2_Click() {
     Unload();
 }
 
-void transfer_form::Form_QueryUnload(bool& cancel) {
+void transfer_form::Form_QueryUnload(bool& cancelar) {
     if (!m_copiando)
         return;
-    cancel = true;
+    cancelar = true;
     // No message box: the copy would wait for its answer.
     m_ui->aviso->setText(
         QStringLiteral("La transferencia está en marcha. Espera a que acabe o pulsa Detener."));

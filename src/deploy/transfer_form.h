@@ -5,6 +5,7 @@
 #include "platform/forms/Form.h"
 #include "shared/ValoresCompartidos.h"
 
+#include <QString>
 #include <memory>
 
 namespace Ui {
@@ -26,8 +27,8 @@ public:
 
 protected:
     void Form_Load() override;
-    void Form_QueryUnload(bool& cancel) override;
-    bool event(QEvent* event) override;
+    void Form_QueryUnload(bool& cancelar) override;
+    bool event(QEvent* evento) override;
 
 private:
     void Combo1_Click();
@@ -42,7 +43,7 @@ private:
 
     std::unique_ptr<Ui::transfer_form> m_ui;
     shared::ValoresCompartidos& m_compartido;
-    platform::FileSystemObject fso;
+    platform::FileSystemObject m_fso;
     int m_cancelar = 0; // not 0: no further byte is copied
     bool m_copiando = false;
     int64_t m_finDobleClic = 0; // of platform::Now, after the last change of the two buttons

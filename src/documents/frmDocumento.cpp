@@ -27,7 +27,7 @@ constexpr int kMenosQueElMarco = 900;
 constexpr int kExtension = 4;
 
 struct ColorDeEditor {
-    ColorItem item;
+    ColorItem elemento;
     int color; // 0x00BBGGRR, -1: the editor's own
 };
 
@@ -66,14 +66,14 @@ frmDocumento::~frmDocumento() {
 }
 
 void frmDocumento::PonerAspecto(CodeMax& editor) {
-    for (const Option option :
+    for (const Option opcion :
          {kLineNumberOption, kLeftMarginOption, kSyntaxColorOption, kKeepTabsOption})
-        editor.SetOption(option, true);
+        editor.SetOption(opcion, true);
     editor.SetOption(kAutoIndentOption, 1);
     editor.FontName(QStringLiteral("Courier New"));
     editor.FontSize(10);
     for (const ColorDeEditor& color : kColores)
-        editor.SetColor(color.item, color.color);
+        editor.SetColor(color.elemento, color.color);
     editor.SetOption(kBraceMatchOption, true);
 }
 
@@ -145,25 +145,25 @@ void frmDocumento::GuardarAlCerrar() {
     GuardarEn(CommonDialog1.FileName());
 }
 
-void frmDocumento::PreguntarPorCambios(bool& cancel) {
+void frmDocumento::PreguntarPorCambios(bool& cancelar) {
     if (!flagGuardar)
         return;
-    const Answer answer =
+    const Answer respuesta =
         platform::MsgBox(QStringLiteral("¿Guardar cambios?"), platform::Buttons::YesNoCancel,
                          platform::Icon::Question, Caption());
-    cancel = answer == Answer::Cancel;
-    if (answer == Answer::Yes)
+    cancelar = respuesta == Answer::Cancel;
+    if (respuesta == Answer::Yes)
         GuardarAlCerrar();
 }
 
 // A save that fails here does not stop the closing: the text is gone.
-void frmDocumento::Form_QueryUnload(bool& cancel) {
+void frmDocumento::Form_QueryUnload(bool& cancelar) {
     try {
-        PreguntarPorCambios(cancel);
-    } catch (const std::exception& error) {
-        qCWarning(platform::lcQuillmark) << "not saved while closing:" << error.what();
-        const auto* failure = dynamic_cast<const Failure*>(&error);
-        if (!failure || !failure->IsFileAccess())
+        PreguntarPorCambios(cancelar);
+    } catch (const std::exception& excepcion) {
+        qCWarning(platform::lcQuillmark) << "not saved while closing:" << excepcion.what();
+        const auto* fallo = dynamic_cast<const Failure*>(&excepcion);
+        if (!fallo || !fallo->IsFileAccess())
             return;
     }
     m_compartido.documento_explorador = nullptr;

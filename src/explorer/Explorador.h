@@ -7,6 +7,7 @@
 #include "platform/controls/ImageList.h"
 #include "platform/forms/Form.h"
 
+#include <QString>
 #include <array>
 #include <memory>
 

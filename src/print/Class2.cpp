@@ -51,8 +51,8 @@ void Class2::Imprimir(platform::RichText& UnRichText) {
 
 void Class2::prepararImpresora(platform::RichText& UnRichText, const platform::Printer& Printer) {
     const int leftOffset = Entero(Printer.ScaleX(Printer.PhysicalOffsetX()));
-    const qint64 izquierda = qint64{m_MarginLeft} - leftOffset;
-    const qint64 derecha = qint64{Printer.Width()} - m_MarginRight - leftOffset;
+    const qint64 izquierda = qint64{m_marginLeft} - leftOffset;
+    const qint64 derecha = qint64{Printer.Width()} - m_marginRight - leftOffset;
     anchoLinea = EnRango(derecha - izquierda);
     hDCImpresora = Printer.CreateDC();
     UnRichText.SetTargetDevice(*hDCImpresora, anchoLinea);
@@ -66,8 +66,8 @@ platform::FormatRange Class2::Peticion(platform::Printer& Printer) const {
     platform::FormatRange peticion;
     peticion.hdc = Printer.hDC();
     peticion.hdcTarget = peticion.hdc->device();
-    peticion.rc.setCoords(double(m_MarginLeft) - leftOffset, double(m_MarginTop) - topOffset,
-                          ancho - m_MarginRight + leftOffset, alto - m_MarginBottom + topOffset);
+    peticion.rc.setCoords(double(m_marginLeft) - leftOffset, double(m_marginTop) - topOffset,
+                          ancho - m_marginRight + leftOffset, alto - m_marginBottom + topOffset);
     peticion.rcPage = QRectF(0, 0, ancho, alto);
     return peticion;
 }
@@ -109,9 +109,9 @@ void Class2::ImprimirRotulos(const platform::FormatRange& peticion, int pagina,
     const double abajo = peticion.rc.bottom();
     const double pie = abajo + (Printer.ScaleHeight() - abajo - altoLetra) / 2;
     const QString numero = QStringLiteral("Página %1").arg(pagina);
-    Escribir(Printer, m_Header, (ancho - Printer.TextWidth(m_Header)) / 2,
+    Escribir(Printer, m_header, (ancho - Printer.TextWidth(m_header)) / 2,
              (peticion.rc.top() - altoLetra) / 2);
-    Escribir(Printer, m_Footer, (ancho - Printer.TextWidth(m_Footer)) / 2, pie);
+    Escribir(Printer, m_footer, (ancho - Printer.TextWidth(m_footer)) / 2, pie);
     Escribir(Printer, numero, ancho - Printer.TextWidth(numero), pie);
 }
 

@@ -5,6 +5,8 @@
 #include "platform/print/RichText.h"
 
 #include <QPaintDevice>
+#include <QString>
+#include <memory>
 
 namespace print {
 
@@ -16,18 +18,18 @@ public:
     /// the pages so far are printed, if the margins leave no room for a line.
     void Imprimir(platform::RichText& UnRichText);
 
-    int MarginTop() const { return m_MarginTop; }
-    void MarginTop(int vNewValue) { m_MarginTop = vNewValue; }
-    int MarginLeft() const { return m_MarginLeft; }
-    void MarginLeft(int vNewValue) { m_MarginLeft = vNewValue; }
-    int MarginRight() const { return m_MarginRight; }
-    void MarginRight(int vNewValue) { m_MarginRight = vNewValue; }
-    int MarginBottom() const { return m_MarginBottom; }
-    void MarginBottom(int vNewValue) { m_MarginBottom = vNewValue; }
-    const QString& Header() const { return m_Header; }
-    void Header(const QString& vNewValue) { m_Header = vNewValue; }
-    const QString& Footer() const { return m_Footer; }
-    void Footer(const QString& vNewValue) { m_Footer = vNewValue; }
+    int MarginTop() const { return m_marginTop; }
+    void MarginTop(int vNewValue) { m_marginTop = vNewValue; }
+    int MarginLeft() const { return m_marginLeft; }
+    void MarginLeft(int vNewValue) { m_marginLeft = vNewValue; }
+    int MarginRight() const { return m_marginRight; }
+    void MarginRight(int vNewValue) { m_marginRight = vNewValue; }
+    int MarginBottom() const { return m_marginBottom; }
+    void MarginBottom(int vNewValue) { m_marginBottom = vNewValue; }
+    const QString& Header() const { return m_header; }
+    void Header(const QString& vNewValue) { m_header = vNewValue; }
+    const QString& Footer() const { return m_footer; }
+    void Footer(const QString& vNewValue) { m_footer = vNewValue; }
 
 private:
     void prepararImpresora(platform::RichText& UnRichText, const platform::Printer& Printer);
@@ -37,12 +39,12 @@ private:
                          platform::Printer& Printer) const;
 
     std::unique_ptr<QPaintDevice> hDCImpresora;
-    int m_MarginTop = 0;
-    int m_MarginLeft = 0;
-    int m_MarginRight = 0;
-    int m_MarginBottom = 0;
-    QString m_Header;
-    QString m_Footer;
+    int m_marginTop = 0;
+    int m_marginLeft = 0;
+    int m_marginRight = 0;
+    int m_marginBottom = 0;
+    QString m_header;
+    QString m_footer;
     int anchoLinea = 0;
 };
 

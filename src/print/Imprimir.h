@@ -4,6 +4,7 @@
 #include "platform/forms/CommonDialog.h"
 #include "platform/forms/Form.h"
 
+#include <QString>
 #include <memory>
 
 namespace Ui {

@@ -26,9 +26,9 @@ class BarraAccesible : public QAccessibleWidget, public QAccessibleValueInterfac
 public:
     explicit BarraAccesible(cProg* barra) : QAccessibleWidget(barra, QAccessible::ProgressBar) {}
 
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
-                                                   : QAccessibleWidget::interface_cast(type);
+    void* interface_cast(QAccessible::InterfaceType tipo) override {
+        return tipo == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
+                                                   : QAccessibleWidget::interface_cast(tipo);
     }
     QVariant currentValue() const override { return static_cast<cProg*>(widget())->Value(); }
     void setCurrentValue(const QVariant&) override {}
@@ -37,8 +37,8 @@ public:
     QVariant minimumStepSize() const override { return 1; }
 };
 
-QAccessibleInterface* HacerAccesible(const QString&, QObject* object) {
-    auto* barra = qobject_cast<cProg*>(object);
+QAccessibleInterface* HacerAccesible(const QString&, QObject* objeto) {
+    auto* barra = qobject_cast<cProg*>(objeto);
     return barra ? new BarraAccesible(barra) : nullptr;
 }
 
@@ -50,7 +50,7 @@ const std::array<cProg::Colores, 2> cProg::kPaletas = {{
      qRgb(255, 255, 255)},
 }};
 
-cProg::cProg(QWidget* parent) : QWidget(parent), m_letra(font()), m_colores(kPaletas[1]) {
+cProg::cProg(QWidget* padre) : QWidget(padre), m_letra(font()), m_colores(kPaletas[1]) {
     m_letra.setBold(true);
     m_letra.setPointSizeF(kPuntos);
     QAccessible::installFactory(HacerAccesible);
@@ -60,8 +60,8 @@ void cProg::Value(int porcentaje) {
     m_valor = static_cast<qint16>(porcentaje);
     DrawBar();
     Q_EMIT PropertyChanged(QStringLiteral("Value"));
-    QAccessibleValueChangeEvent event(this, porcentaje);
-    QAccessible::updateAccessibility(&event);
+    QAccessibleValueChangeEvent evento(this, porcentaje);
+    QAccessible::updateAccessibility(&evento);
 }
 
 void cProg::PaletteColor(int paleta) {
@@ -70,22 +70,22 @@ void cProg::PaletteColor(int paleta) {
     Q_EMIT PropertyChanged(QStringLiteral("PaletteColor"));
 }
 
-void cProg::Font(const QFont& font) {
-    m_letra = font;
+void cProg::Font(const QFont& letra) {
+    m_letra = letra;
     update();
     Q_EMIT PropertyChanged(QStringLiteral("Font"));
 }
 
-void cProg::WriteProperties(platform::PropertyBag& bag) const {
-    bag.Write(QStringLiteral("PaletteColor"), m_paleta, 1);
-    bag.Write(QStringLiteral("Value"), Value(), 15);
-    bag.Write(QStringLiteral("Font"), m_letra, font());
+void cProg::WriteProperties(platform::PropertyBag& bolsa) const {
+    bolsa.Write(QStringLiteral("PaletteColor"), m_paleta, 1);
+    bolsa.Write(QStringLiteral("Value"), Value(), 15);
+    bolsa.Write(QStringLiteral("Font"), m_letra, font());
 }
 
-void cProg::ReadProperties(const platform::PropertyBag& bag) {
-    m_letra = bag.Read(QStringLiteral("Font"), font()).value<QFont>();
-    m_valor = static_cast<qint16>(bag.Read(QStringLiteral("Value"), 15).toInt());
-    m_paleta = bag.Read(QStringLiteral("PaletteColor"), 1).toInt();
+void cProg::ReadProperties(const platform::PropertyBag& bolsa) {
+    m_letra = bolsa.Read(QStringLiteral("Font"), font()).value<QFont>();
+    m_valor = static_cast<qint16>(bolsa.Read(QStringLiteral("Value"), 15).toInt());
+    m_paleta = bolsa.Read(QStringLiteral("PaletteColor"), 1).toInt();
     DrawBar();
     ApplyPalette();
 }
@@ -107,29 +107,29 @@ void cProg::ApplyPalette() {
     update();
 }
 
-void cProg::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
+void cProg::resizeEvent(QResizeEvent* evento) {
+    QWidget::resizeEvent(evento);
     m_anchoBarra = A16Bits(platform::ToTwips(width()));
     // The first size comes before the host's properties do.
-    if (!event->oldSize().isValid())
+    if (!evento->oldSize().isValid())
         DrawBar();
 }
 
 void cProg::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+    QPainter pintor(this);
     const auto caja = [&](int pixeles, QRgb fondo, QRgb borde) {
         if (pixeles <= 0)
             return;
-        painter.setBrush(QColor(fondo));
-        painter.setPen(QColor(borde));
-        painter.drawRect(QRect(0, 0, pixeles - 1, height() - 1));
+        pintor.setBrush(QColor(fondo));
+        pintor.setPen(QColor(borde));
+        pintor.drawRect(QRect(0, 0, pixeles - 1, height() - 1));
     };
     caja(width(), m_colores.fondo, m_colores.bordeFondo);
     caja(platform::ToPixels(m_anchoBarra), m_colores.barra, m_colores.bordeBarra);
-    painter.setFont(m_letra);
-    painter.setPen(QColor(m_colores.texto));
-    painter.drawText(rect().adjusted(0, 0, -platform::ToPixels(kMargen), 0),
-                     Qt::AlignRight | Qt::AlignVCenter, Rotulo());
+    pintor.setFont(m_letra);
+    pintor.setPen(QColor(m_colores.texto));
+    pintor.drawText(rect().adjusted(0, 0, -platform::ToPixels(kMargen), 0),
+                    Qt::AlignRight | Qt::AlignVCenter, Rotulo());
 }
 
 } // namespace shared

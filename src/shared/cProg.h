@@ -3,6 +3,7 @@
 
 #include "platform/controls/PropertyBag.h"
 
+#include <QString>
 #include <QWidget>
 #include <array>
 
@@ -16,7 +17,7 @@ class cProg : public QWidget {
     Q_PROPERTY(int PaletteColor READ PaletteColor WRITE PaletteColor NOTIFY PropertyChanged)
 
 public:
-    explicit cProg(QWidget* parent = nullptr);
+    explicit cProg(QWidget* padre = nullptr);
 
     /// The percentage that is shown, of 16 bits; it isn't clamped. A resize fills the bar, and the
     /// next writing sets its width again.
@@ -26,21 +27,21 @@ public:
     int PaletteColor() const { return m_paleta; }
     void PaletteColor(int paleta);
     QFont Font() const { return m_letra; }
-    void Font(const QFont& font);
+    void Font(const QFont& letra);
 
-    void WriteProperties(platform::PropertyBag& bag) const;
-    void ReadProperties(const platform::PropertyBag& bag);
+    void WriteProperties(platform::PropertyBag& bolsa) const;
+    void ReadProperties(const platform::PropertyBag& bolsa);
 
     /// The bar's width, in twips.
     int AnchoBarra() const { return m_anchoBarra; }
     QString Rotulo() const;
 
 Q_SIGNALS:
-    void PropertyChanged(const QString& name);
+    void PropertyChanged(const QString& nombre);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
 
 private:
     struct Colores {

@@ -67,11 +67,11 @@ void Class1::EliminarLista() {
 
 QString Class1::CommonDialog_Abrir(QWidget* Hwnd_form, const QString& Filtro,
                                    const QString& path_Inicial, const QString& Dialog_title) const {
-    const platform::FileQuestion question{
+    const platform::FileQuestion pregunta{
         Hwnd_form, Dialog_title.isEmpty() ? kTitulo : Dialog_title, path_Inicial,
         platform::FilterPairs(Filtro.isEmpty() ? kFiltro : Filtro, QChar(u'\0'))};
     return Module1::SinBlancos(
-        platform::CurrentDialogs().AskOpenName(question).remove(QChar(u'\0')));
+        platform::CurrentDialogs().AskOpenName(pregunta).remove(QChar(u'\0')));
 }
 
 QString Class1::NombreArchivo(const QString& ruta) {

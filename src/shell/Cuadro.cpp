@@ -5,12 +5,12 @@
 
 namespace shell {
 
-void Cuadro::paintEvent(QPaintEvent* event) {
-    QWidget::paintEvent(event);
-    QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    if (m_pintor)
-        m_pintor(painter, rect());
+void Cuadro::paintEvent(QPaintEvent* evento) {
+    QWidget::paintEvent(evento);
+    QPainter pintor(this);
+    pintor.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    if (m_trazado)
+        m_trazado(pintor, rect());
 }
 
 } // namespace shell

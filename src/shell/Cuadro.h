@@ -8,16 +8,16 @@ namespace shell {
 /// A picture that is painted when it is seen, sharp at every scale.
 class Cuadro : public QWidget {
 public:
-    using Pintor = void (*)(QPainter& painter, const QRectF& donde);
+    using Trazado = void (*)(QPainter& pintor, const QRectF& donde);
 
-    explicit Cuadro(QWidget* parent = nullptr) : QWidget(parent) {}
-    void Dibujo(Pintor pintor) { m_pintor = pintor; }
+    explicit Cuadro(QWidget* padre = nullptr) : QWidget(padre) {}
+    void Dibujo(Trazado trazado) { m_trazado = trazado; }
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void paintEvent(QPaintEvent* evento) override;
 
 private:
-    Pintor m_pintor = nullptr;
+    Trazado m_trazado = nullptr;
 };
 
 } // namespace shell

@@ -18,27 +18,27 @@ const QColor kOro(0xE0, 0xA8, 0x3C);
 // Widths of the lines of a drawn script, in hundredths of the room.
 constexpr std::array kRenglones = {46, 34, 62, 52, 70, 28, 40};
 
-void PintarScript(QPainter& painter, const QRectF& donde) {
+void PintarScript(QPainter& pintor, const QRectF& donde) {
     const qreal paso = donde.height() / (kRenglones.size() + 1);
     const std::array colores = {kOro, kPapel, kPapel.darker(130)};
-    painter.save();
+    pintor.save();
     for (size_t i = 0; i < kRenglones.size(); ++i) {
         const qreal sangria = i == 0 || i + 1 == kRenglones.size() ? 0 : donde.width() * 0.08;
         const qreal y = donde.top() + paso * static_cast<qreal>(i + 1);
-        painter.setPen(QPen(colores[i % colores.size()], paso * 0.3, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(QPointF(donde.left() + sangria, y),
-                         QPointF(donde.left() + sangria + donde.width() * kRenglones[i] / 100, y));
+        pintor.setPen(QPen(colores[i % colores.size()], paso * 0.3, Qt::SolidLine, Qt::RoundCap));
+        pintor.drawLine(QPointF(donde.left() + sangria, y),
+                        QPointF(donde.left() + sangria + donde.width() * kRenglones[i] / 100, y));
     }
-    painter.restore();
+    pintor.restore();
 }
 
 } // namespace
 
 // The feather in a square of side 100, from the upper right to its nib at the lower left.
-void PintarPluma(QPainter& painter, const QRectF& donde) {
-    painter.save();
-    painter.translate(donde.topLeft());
-    painter.scale(donde.width() / 100, donde.height() / 100);
+void PintarPluma(QPainter& pintor, const QRectF& donde) {
+    pintor.save();
+    pintor.translate(donde.topLeft());
+    pintor.scale(donde.width() / 100, donde.height() / 100);
     QPainterPath barbas(QPointF(97, 2));
     barbas.cubicTo(78, 4, 52, 16, 41, 38);
     barbas.lineTo(46, 38); // notches, as the barbs part
@@ -49,36 +49,36 @@ void PintarPluma(QPainter& painter, const QRectF& donde) {
     QLinearGradient luz(20, 80, 97, 2);
     luz.setColorAt(0, kOro);
     luz.setColorAt(1, kPapel);
-    painter.fillPath(barbas, luz);
-    painter.setPen(QPen(kTinta, 1.6, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QPointF(88, 12), QPointF(25, 74));
-    painter.setPen(QPen(kOro.darker(120), 3.2, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QPointF(25, 74), QPointF(11, 90));
+    pintor.fillPath(barbas, luz);
+    pintor.setPen(QPen(kTinta, 1.6, Qt::SolidLine, Qt::RoundCap));
+    pintor.drawLine(QPointF(88, 12), QPointF(25, 74));
+    pintor.setPen(QPen(kOro.darker(120), 3.2, Qt::SolidLine, Qt::RoundCap));
+    pintor.drawLine(QPointF(25, 74), QPointF(11, 90));
     QPainterPath punta(QPointF(13, 85));
     punta.lineTo(5, 97);
     punta.lineTo(17, 89);
-    painter.fillPath(punta, kTinta);
-    painter.restore();
+    pintor.fillPath(punta, kTinta);
+    pintor.restore();
 }
 
-void PintarConsola(QPainter& painter, const QRectF& donde) {
+void PintarConsola(QPainter& pintor, const QRectF& donde) {
     const qreal borde = donde.height() * 0.14;
     const QRectF pantalla =
         donde.adjusted(donde.width() * 0.2, borde, -donde.width() * 0.2, -borde);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(kTinta);
-    painter.drawRoundedRect(donde, donde.height() * 0.4, donde.height() * 0.4);
-    painter.setBrush(kNoche);
-    painter.drawRect(pantalla);
-    painter.setBrush(kPapel);
+    pintor.setPen(Qt::NoPen);
+    pintor.setBrush(kTinta);
+    pintor.drawRoundedRect(donde, donde.height() * 0.4, donde.height() * 0.4);
+    pintor.setBrush(kNoche);
+    pintor.drawRect(pantalla);
+    pintor.setBrush(kPapel);
     const qreal boton = donde.height() * 0.07;
     const QPointF cruz(donde.left() + donde.width() * 0.1, donde.center().y());
     const QPointF mando(donde.right() - donde.width() * 0.1, donde.center().y());
-    painter.drawRect(QRectF(cruz.x() - boton * 1.6, cruz.y() - boton / 2, boton * 3.2, boton));
-    painter.drawRect(QRectF(cruz.x() - boton / 2, cruz.y() - boton * 1.6, boton, boton * 3.2));
+    pintor.drawRect(QRectF(cruz.x() - boton * 1.6, cruz.y() - boton / 2, boton * 3.2, boton));
+    pintor.drawRect(QRectF(cruz.x() - boton / 2, cruz.y() - boton * 1.6, boton, boton * 3.2));
     for (const QPointF lado : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)})
-        painter.drawEllipse(mando + lado * boton * 1.5, boton * 0.7, boton * 0.7);
-    PintarScript(painter, pantalla.adjusted(borde / 2, 0, -borde / 2, 0));
+        pintor.drawEllipse(mando + lado * boton * 1.5, boton * 0.7, boton * 0.7);
+    PintarScript(pintor, pantalla.adjusted(borde / 2, 0, -borde / 2, 0));
 }
 
 QIcon Icono() {
@@ -86,31 +86,31 @@ QIcon Icono() {
     for (const int lado : {16, 32, 48, 128}) {
         QPixmap imagen(lado, lado);
         imagen.fill(Qt::transparent);
-        QPainter painter(&imagen);
-        painter.setRenderHint(QPainter::Antialiasing);
-        PintarPluma(painter, imagen.rect());
+        QPainter pintor(&imagen);
+        pintor.setRenderHint(QPainter::Antialiasing);
+        PintarPluma(pintor, imagen.rect());
         icono.addPixmap(imagen);
     }
     return icono;
 }
 
-void PintarPortada(QPainter& painter, const QRectF& donde) {
+void PintarPortada(QPainter& pintor, const QRectF& donde) {
     QLinearGradient fondo(donde.topLeft(), donde.bottomRight());
     fondo.setColorAt(0, kNoche);
     fondo.setColorAt(1, kMar);
-    painter.fillRect(donde, fondo);
+    pintor.fillRect(donde, fondo);
     const qreal alto = donde.height();
-    painter.setOpacity(0.25);
-    PintarScript(painter, donde.adjusted(alto * 0.12, 0, -alto * 0.5, -alto * 0.28));
-    painter.setOpacity(1);
-    PintarPluma(painter, {donde.right() - alto * 0.8, alto * 0.06, alto * 0.72, alto * 0.72});
+    pintor.setOpacity(0.25);
+    PintarScript(pintor, donde.adjusted(alto * 0.12, 0, -alto * 0.5, -alto * 0.28));
+    pintor.setOpacity(1);
+    PintarPluma(pintor, {donde.right() - alto * 0.8, alto * 0.06, alto * 0.72, alto * 0.72});
     QFont letra;
     letra.setPixelSize(static_cast<int>(alto * 0.2));
     letra.setBold(true);
-    painter.setFont(letra);
-    painter.setPen(kPapel);
-    painter.drawText(donde.adjusted(alto * 0.12, 0, 0, -alto * 0.1),
-                     Qt::AlignLeft | Qt::AlignBottom, QStringLiteral("Quillmark"));
+    pintor.setFont(letra);
+    pintor.setPen(kPapel);
+    pintor.drawText(donde.adjusted(alto * 0.12, 0, 0, -alto * 0.1), Qt::AlignLeft | Qt::AlignBottom,
+                    QStringLiteral("Quillmark"));
 }
 
 } // namespace shell

@@ -10,11 +10,11 @@ namespace shell {
 /// The pictures of the program, painted into a rectangle.
 
 /// The cover: the product's name over a script.
-void PintarPortada(QPainter& painter, const QRectF& donde);
+void PintarPortada(QPainter& pintor, const QRectF& donde);
 /// The quill.
-void PintarPluma(QPainter& painter, const QRectF& donde);
+void PintarPluma(QPainter& pintor, const QRectF& donde);
 /// The handheld console with a script on its screen.
-void PintarConsola(QPainter& painter, const QRectF& donde);
+void PintarConsola(QPainter& pintor, const QRectF& donde);
 
 /// The quill as the program's icon.
 QIcon Icono();

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace shell {
 namespace {
@@ -192,9 +193,9 @@ void Documentos::AnadirPlantilla(const QString& archivo) {
     QString plantilla;
     try {
         plantilla = assist::LeerPlantilla(platform::InProgramFolder(u"Code\\") + archivo);
-    } catch (const platform::Failure& failure) {
-        const bool falta = failure.Code() == platform::FailureCode::FileNotFound;
-        Avisar(failure.Text() + QStringLiteral("\n\n") +
+    } catch (const platform::Failure& fallo) {
+        const bool falta = fallo.Code() == platform::FailureCode::FileNotFound;
+        Avisar(fallo.Text() + QStringLiteral("\n\n") +
                (falta ? QString() : QStringLiteral("Borra lo que hay con ese nombre. ")) +
                QStringLiteral("Quillmark repone los ejemplos que faltan cuando arranca: ciérralo y "
                               "vuelve a abrirlo."));

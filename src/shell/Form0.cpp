@@ -77,8 +77,8 @@ void Form0::Entregar() {
 }
 
 // Nothing but the hand-over ends the splash.
-void Form0::Form_QueryUnload(bool& cancel) {
-    cancel = !m_principal || !m_principal->isVisible();
+void Form0::Form_QueryUnload(bool& cancelar) {
+    cancelar = !m_principal || !m_principal->isVisible();
 }
 
 } // namespace shell

@@ -5,6 +5,7 @@
 #include "platform/forms/Timer.h"
 
 #include <QPointer>
+#include <QString>
 #include <memory>
 
 namespace Ui {
@@ -36,7 +37,7 @@ public:
 
 protected:
     void Form_Load() override;
-    void Form_QueryUnload(bool& cancel) override;
+    void Form_QueryUnload(bool& cancelar) override;
 
 private:
     void Timer1_Timer();

@@ -3,6 +3,7 @@
 
 #include "platform/forms/Form.h"
 
+#include <QString>
 #include <memory>
 
 namespace Ui {

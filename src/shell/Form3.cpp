@@ -7,7 +7,7 @@
 
 namespace shell {
 
-Form3::Form3(QWidget* owner) : Form(owner), m_ui(std::make_unique<Ui::Form3>()) {
+Form3::Form3(QWidget* dueno) : Form(dueno), m_ui(std::make_unique<Ui::Form3>()) {
     m_ui->setupUi(this);
     setWindowFlags(Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
     setFixedSize(size());

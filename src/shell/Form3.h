@@ -16,7 +16,7 @@ class Form3 : public platform::Form {
     Q_OBJECT
 
 public:
-    explicit Form3(QWidget* owner);
+    explicit Form3(QWidget* dueno);
     ~Form3() override;
 
 private:

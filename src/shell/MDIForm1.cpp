@@ -17,7 +17,9 @@
 
 #include <QMenuBar>
 #include <array>
+#include <span>
 #include <utility>
+#include <vector>
 
 namespace shell {
 namespace {
@@ -112,8 +114,8 @@ bool MDIForm1::ConfirmarSalida() {
            Answer::Yes;
 }
 
-void MDIForm1::MDIForm_QueryUnload(bool& cancel) {
-    cancel = !ConfirmarSalida();
+void MDIForm1::MDIForm_QueryUnload(bool& cancelar) {
+    cancelar = !ConfirmarSalida();
 }
 
 void MDIForm1::Timer1_Timer() {
@@ -147,8 +149,8 @@ void MDIForm1::mnuarchivoabrir_Click() {
     m_documentos.Abrir({.ruta = ruta});
 }
 
-void MDIForm1::FileDropped(const QString& path) {
-    m_documentos.Abrir({.ruta = path});
+void MDIForm1::FileDropped(const QString& ruta) {
+    m_documentos.Abrir({.ruta = ruta});
 }
 
 void MDIForm1::mnuReciente_Click(int Index) {
@@ -267,14 +269,14 @@ void MDIForm1::mnuventanaorganizar_Click() {
 
 void MDIForm1::TodasAlEstado(platform::WindowState estado) {
     std::vector<platform::Form*> visibles = Forms();
-    std::erase_if(visibles, [](platform::Form* form) { return form->Shell()->isHidden(); });
+    std::erase_if(visibles, [](platform::Form* ventana) { return ventana->Shell()->isHidden(); });
     // The place of a maximised one that goes is taken by the next.
-    for (platform::Form* form : visibles) {
-        if (form->State() == platform::WindowState::Maximised)
-            form->State(platform::WindowState::Normal);
+    for (platform::Form* ventana : visibles) {
+        if (ventana->State() == platform::WindowState::Maximised)
+            ventana->State(platform::WindowState::Normal);
     }
-    for (platform::Form* form : visibles)
-        form->State(estado);
+    for (platform::Form* ventana : visibles)
+        ventana->State(estado);
 }
 
 void MDIForm1::mnuventanaminimizar_Click() {
@@ -285,8 +287,8 @@ void MDIForm1::mnuventanarestaurar_Click() {
 }
 
 void MDIForm1::mnuventanacerrar_Click() {
-    for (platform::Form* form : Forms())
-        form->Unload(); // a cancel keeps that one
+    for (platform::Form* ventana : Forms())
+        ventana->Unload(); // a cancel keeps that one
 }
 
 void MDIForm1::actualizacion_online_Click() {

@@ -14,6 +14,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QString>
 #include <memory>
 
 namespace shell {
@@ -87,8 +88,8 @@ public:
 protected:
     void MDIForm_Initialize() override;
     void MDIForm_Load() override;
-    void MDIForm_QueryUnload(bool& cancel) override;
-    void FileDropped(const QString& path) override;
+    void MDIForm_QueryUnload(bool& cancelar) override;
+    void FileDropped(const QString& ruta) override;
 
 private:
     void HacerMenu();

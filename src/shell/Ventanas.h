@@ -6,6 +6,7 @@
 #include "shared/ValoresCompartidos.h"
 
 #include <QPointer>
+#include <QString>
 #include <functional>
 #include <map>
 

@@ -18,8 +18,8 @@ namespace update {
 namespace {
 
 constexpr int kSegundo = 1000; // milliseconds
-constexpr qsizetype kLongestItem = 255;
-constexpr qint64 kHead = 4096; // bytes of a version file that are looked at
+constexpr qsizetype kElementoMasLargo = 255;
+constexpr qint64 kCabeza = 4096; // bytes of a version file that are looked at
 
 QString Ruta(const char16_t* archivo) {
     return platform::InProgramFolder(u"Update\\") + QString::fromUtf16(archivo);
@@ -29,33 +29,33 @@ QString Ruta(const char16_t* archivo) {
 QString LeerVersion(const char16_t* archivo) {
     QString version;
     platform::RunSilently(
-        [&] { version = PrimerElemento(platform::ReadFileHead(Ruta(archivo), kHead)); });
+        [&] { version = PrimerElemento(platform::ReadFileHead(Ruta(archivo), kCabeza)); });
     return version;
 }
 
 } // namespace
 
 QString PrimerElemento(const QByteArray& bytes) {
-    const QByteArray mark = "\xEF\xBB\xBF";
-    const QString text =
-        platform::FromCodePage(bytes.startsWith(mark) ? bytes.sliced(mark.size()) : bytes);
-    qsizetype start = 0;
-    while (start < text.size() && text.at(start).isSpace())
-        ++start;
-    const bool quoted = start < text.size() && text.at(start) == u'"';
-    start += quoted;
-    const auto ends = [&](QChar c) {
-        return quoted ? c == u'"' : c == u',' || c == u'\r' || c == u'\n';
+    const QByteArray marca = "\xEF\xBB\xBF";
+    const QString texto =
+        platform::FromCodePage(bytes.startsWith(marca) ? bytes.sliced(marca.size()) : bytes);
+    qsizetype inicio = 0;
+    while (inicio < texto.size() && texto.at(inicio).isSpace())
+        ++inicio;
+    const bool entreComillas = inicio < texto.size() && texto.at(inicio) == u'"';
+    inicio += entreComillas;
+    const auto acaba = [&](QChar c) {
+        return entreComillas ? c == u'"' : c == u',' || c == u'\r' || c == u'\n';
     };
-    qsizetype end = start;
-    while (end < text.size() && end - start < kLongestItem && !ends(text.at(end)))
-        ++end;
-    const QString item = text.sliced(start, end - start);
-    return quoted ? item : item.trimmed();
+    qsizetype fin = inicio;
+    while (fin < texto.size() && fin - inicio < kElementoMasLargo && !acaba(texto.at(fin)))
+        ++fin;
+    const QString elemento = texto.sliced(inicio, fin - inicio);
+    return entreComillas ? elemento : elemento.trimmed();
 }
 
-Form7::Form7(QWidget* owner, shared::ValoresCompartidos& compartido)
-    : Form(owner),
+Form7::Form7(QWidget* dueno, shared::ValoresCompartidos& compartido)
+    : Form(dueno),
       m_ui(std::make_unique<Ui::Form7>()),
       m_compartido(compartido),
       m_panel1(new QLabel),
@@ -97,9 +97,9 @@ void Form7::Timer2_Timer() {
 }
 
 void Form7::EscribirVersion() {
-    const QString line = u'"' + m_compartido.version + QStringLiteral("\"\r\n");
+    const QString linea = u'"' + m_compartido.version + QStringLiteral("\"\r\n");
     platform::RunSilently(
-        [&] { platform::WriteFile(Ruta(u"miversion.txt"), platform::ToCodePageLossy(line)); });
+        [&] { platform::WriteFile(Ruta(u"miversion.txt"), platform::ToCodePageLossy(linea)); });
 }
 
 void Form7::actualizacion() {

@@ -5,6 +5,7 @@
 #include "platform/forms/Timer.h"
 #include "shared/ValoresCompartidos.h"
 
+#include <QString>
 #include <memory>
 
 class QLabel;
@@ -20,7 +21,7 @@ class Form7 : public platform::Form {
     Q_OBJECT
 
 public:
-    Form7(QWidget* owner, shared::ValoresCompartidos& compartido);
+    Form7(QWidget* dueno, shared::ValoresCompartidos& compartido);
     ~Form7() override;
 
     /// Compares the program's version with the one on offer in \Update\version.txt.
