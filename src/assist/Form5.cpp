@@ -10,6 +10,7 @@
 #include <QString>
 #include <array>
 #include <charconv>
+#include <utility>
 
 namespace assist {
 namespace {
@@ -47,8 +48,8 @@ QString EnPixeles(float twips) {
 
 } // namespace
 
-Form5::Form5(MarcoCoordenadas& coordenadas)
-    : m_ui(std::make_unique<Ui::Form5>()), m_coordenadas(coordenadas), CommonDialog1(this) {
+Form5::Form5(std::function<void()> elegirPng)
+    : m_ui(std::make_unique<Ui::Form5>()), m_elegirPng(std::move(elegirPng)), CommonDialog1(this) {
     m_ui->setupUi(this);
     Caption(windowTitle());
     CancelButton(m_ui->KewlButtons2);
@@ -100,7 +101,7 @@ void Form5::KewlButtons5_Click() {
 }
 
 void Form5::KewlButtons6_Click() {
-    m_coordenadas.MostrarForm6();
+    m_elegirPng();
 }
 
 // A PNG has given the area its own size.

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "assist/MarcoCoordenadas.h"
 #include "platform/controls/PictureBox.h"
 #include "platform/forms/CommonDialog.h"
 #include "platform/forms/Form.h"
 
+#include <functional>
 #include <memory>
 
 namespace Ui {
@@ -20,7 +20,8 @@ class Form5 : public platform::Form {
     Q_OBJECT
 
 public:
-    Form5(MarcoCoordenadas& coordenadas);
+    /// `elegirPng` shows the window in which PNG files are picked.
+    explicit Form5(std::function<void()> elegirPng);
     ~Form5() override;
 
     platform::PictureBox& Picture1();
@@ -37,7 +38,7 @@ private:
     void KewlButtons6_Click();
 
     std::unique_ptr<Ui::Form5> m_ui;
-    MarcoCoordenadas& m_coordenadas;
+    std::function<void()> m_elegirPng;
     platform::CommonDialog CommonDialog1;
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assist/Form6.h"
 
-#include "assist/Form5.h"
 #include "platform/base/Silently.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/Dialogs.h"
@@ -10,6 +9,7 @@
 #include "ui_Form6.h"
 
 #include <QString>
+#include <utility>
 
 namespace assist {
 namespace {
@@ -23,8 +23,8 @@ std::string RutaNativa(const QString& ruta) {
 
 } // namespace
 
-Form6::Form6(MarcoCoordenadas& coordenadas)
-    : m_ui(std::make_unique<Ui::Form6>()), m_coordenadas(coordenadas) {
+Form6::Form6(Pantalla pantalla)
+    : m_ui(std::make_unique<Ui::Form6>()), m_pantalla(std::move(pantalla)) {
     m_ui->setupUi(this);
     Caption(windowTitle());
     CancelButton(m_ui->KewlButtons5);
@@ -65,7 +65,7 @@ png::LoadPNG& Form6::Lector() {
 void Form6::File1_Click() {
     if (m_ui->File1->FileName().isEmpty())
         return;
-    platform::PictureBox& Picture1 = m_coordenadas.Form5Cargado().Picture1();
+    platform::PictureBox& Picture1 = m_pantalla();
     Picture1.Picture(QImage());
     png::LoadPNG& lector = Lector();
     lector.PicBox(&Picture1);

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "assist/MarcoCoordenadas.h"
+#include "platform/controls/PictureBox.h"
 #include "platform/forms/Form.h"
 
+#include <functional>
 #include <memory>
 
 namespace png {
@@ -16,12 +17,15 @@ class Form6;
 
 namespace assist {
 
-/// The window in which PNG files are picked; each is painted into Form5 as soon as it is chosen.
+/// The window in which PNG files are picked; each is painted as soon as it is chosen.
 class Form6 : public platform::Form {
     Q_OBJECT
 
 public:
-    Form6(MarcoCoordenadas& coordenadas);
+    /// The picture box that they are painted into; fails as the loading of its window does.
+    using Pantalla = std::function<platform::PictureBox&()>;
+
+    explicit Form6(Pantalla pantalla);
     ~Form6() override;
 
 protected:
@@ -36,7 +40,7 @@ private:
     png::LoadPNG& Lector();
 
     std::unique_ptr<Ui::Form6> m_ui;
-    MarcoCoordenadas& m_coordenadas;
+    Pantalla m_pantalla;
     std::unique_ptr<png::LoadPNG> m_lector;
 };
 

@@ -45,6 +45,8 @@ public:
     /// `marco` holds the documents, which ask `principal`; `explorador` shows the explorer.
     Documentos(platform::MDIFrame& marco, documents::MarcoDocumentos& principal,
                shared::ValoresCompartidos& compartido, std::function<void()> explorador);
+    Documentos(const Documentos&) = delete;
+    Documentos& operator=(const Documentos&) = delete;
 
     /// The document made last with that reference; none once it is closed.
     QPointer<documents::frmDocumento> FrmDoc;

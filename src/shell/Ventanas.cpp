@@ -24,8 +24,12 @@ Ventanas::Ventanas(platform::MDIFrame& marco, Documentos& documentos,
                return new assist::Form4(
                    [&documentos](const QString& codigo) { documentos.Insertar(codigo); });
            }},
-          {Ventana::Form5, [this] { return new assist::Form5(*this); }},
-          {Ventana::Form6, [this] { return new assist::Form6(*this); }},
+          {Ventana::Form5,
+           [this] { return new assist::Form5([this] { Mostrar(Ventana::Form6); }); }},
+          {Ventana::Form6,
+           [this] {
+               return new assist::Form6([this]() -> platform::PictureBox& { return Pantalla(); });
+           }},
           {Ventana::transfer_form, [&compartido] { return new deploy::transfer_form(compartido); }},
           {Ventana::Explorador,
            [&documentos, &compartido] {
@@ -45,10 +49,10 @@ platform::Form& Ventanas::Unica(Ventana cual) {
     return *ventana;
 }
 
-assist::Form5& Ventanas::Form5Cargado() {
+platform::PictureBox& Ventanas::Pantalla() {
     auto& form5 = static_cast<assist::Form5&>(Unica(Ventana::Form5));
     form5.Load();
-    return form5;
+    return form5.Picture1();
 }
 
 void Ventanas::MostrarImprimir(const QString& archivo) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "assist/MarcoCoordenadas.h"
 #include "platform/forms/MDIFrame.h"
 #include "shared/ValoresCompartidos.h"
 
@@ -9,6 +8,10 @@
 #include <QString>
 #include <functional>
 #include <map>
+
+namespace platform {
+class PictureBox;
+}
 
 namespace shell {
 
@@ -18,21 +21,23 @@ enum class Ventana { Form1, Form2, Form4, Form5, Form6, transfer_form, Explorado
 
 /// The tool windows of the main window. Each exists once: it is made at its first use, and anew
 /// after it was closed.
-class Ventanas : public assist::MarcoCoordenadas {
+class Ventanas {
 public:
     /// `marco` holds the windows.
     Ventanas(platform::MDIFrame& marco, Documentos& documentos,
              shared::ValoresCompartidos& compartido);
+    Ventanas(const Ventanas&) = delete;
+    Ventanas& operator=(const Ventanas&) = delete;
 
     /// Shows the window and brings it to the front.
     void Mostrar(Ventana cual) { Unica(cual).Show(); }
     /// The print window, with a file in it unless the path is empty.
     void MostrarImprimir(const QString& archivo);
-    void MostrarForm6() override { Mostrar(Ventana::Form6); }
-    assist::Form5& Form5Cargado() override;
 
 private:
     platform::Form& Unica(Ventana cual);
+    /// The area in Form5, which is loaded if it isn't, but not shown.
+    platform::PictureBox& Pantalla();
 
     platform::MDIFrame& m_marco;
     std::map<Ventana, std::function<platform::Form*()>> m_hacer;
