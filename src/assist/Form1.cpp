@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assist/Form1.h"
 
+#include "core/Rounding.h"
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
 #include "shared/Medidas.h"
@@ -8,7 +9,6 @@
 
 #include <QRegularExpression>
 #include <QString>
-#include <cmath>
 #include <optional>
 
 namespace assist {
@@ -96,8 +96,7 @@ void Form1::Texto_Change(const Canal& canal) {
     }
     const auto numero = Numero(canal.texto->text());
     if (numero && *numero <= kMaximo) {
-        // Rounds halves to the even neighbour.
-        canal.deslizador->setValue(static_cast<int>(std::nearbyint(*numero)));
+        canal.deslizador->setValue(static_cast<int>(core::RoundHalfEven(*numero)));
         return;
     }
     platform::MsgBox(QStringLiteral("Valor no valido. El valor debe estar entre 0 y 255"),

@@ -5,9 +5,9 @@
 
 namespace core {
 
-/// The nearest whole number; a half goes to the even neighbour. The value must fit an int.
-inline int RoundHalfEven(double value) {
-    return static_cast<int>(std::nearbyint(value));
+/// The nearest whole number; a half goes to the even neighbour.
+inline double RoundHalfEven(double value) {
+    return std::nearbyint(value);
 }
 
 } // namespace core

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/DisposicionCabecera.h"
 
+#include "core/Rounding.h"
+
 #include <array>
-#include <cmath>
 
 namespace explorer {
 namespace {
@@ -68,7 +69,7 @@ EnX IconoDetras(int izquierda, int derecha, int ancho, int icono, Caso::Lado lad
 } // namespace
 
 int Redondeado(double valor) {
-    return static_cast<int>(std::nearbyint(valor));
+    return static_cast<int>(core::RoundHalfEven(valor));
 }
 
 int AnchoCelda(int anchoSkin) {

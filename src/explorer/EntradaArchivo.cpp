@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/EntradaArchivo.h"
 
+#include "core/Rounding.h"
 #include "platform/files/FileTime.h"
 #include "platform/files/FindFile.h"
 #include "platform/text/NativeNames.h"
@@ -32,17 +33,12 @@ int Comparar(const EntradaArchivo& a, const EntradaArchivo& b) {
     return orden != 0 ? orden : a.nombre.compare(b.nombre);
 }
 
-// The middle, a half to the even neighbour.
-qsizetype Mitad(qsizetype lo, qsizetype hi) {
-    const qsizetype abajo = (lo + hi) / 2;
-    return (lo + hi) % 2 == 0 || abajo % 2 == 0 ? abajo : abajo + 1;
-}
-
 void ordenarRango(std::span<EntradaArchivo> entradas, qsizetype lo, qsizetype hi) {
     const auto en = [&](qsizetype indice) -> EntradaArchivo& {
         return entradas[static_cast<size_t>(indice)];
     };
-    const EntradaArchivo pivote = en(Mitad(lo, hi));
+    const EntradaArchivo pivote =
+        en(static_cast<qsizetype>(core::RoundHalfEven(static_cast<double>(lo + hi) / 2)));
     qsizetype i = lo;
     qsizetype j = hi;
     while (i <= j) {

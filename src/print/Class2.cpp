@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/Class2.h"
 
+#include "core/Rounding.h"
 #include "platform/base/Failure.h"
 
 #include <QPainter>
 #include <QScopeGuard>
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace print {
@@ -15,9 +15,8 @@ namespace {
 constexpr double kTamanoLetra = 11;
 constexpr int kUltimaPagina = std::numeric_limits<qint16>::max();
 
-// The nearest whole number, halves to the even neighbour.
 int Entero(double twips) {
-    return static_cast<int>(std::nearbyint(twips));
+    return static_cast<int>(core::RoundHalfEven(twips));
 }
 
 // The line width that can be told, whatever the margins are.

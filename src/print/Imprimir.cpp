@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/Imprimir.h"
 
+#include "core/Rounding.h"
 #include "platform/base/Failure.h"
 #include "platform/forms/Handler.h"
 #include "print/Class2.h"
 #include "ui_Imprimir.h"
 
-#include <cmath>
 #include <limits>
 
 namespace print {
@@ -18,7 +18,7 @@ int Margen(const QLineEdit& campo, const QLabel& nombre) {
     using Limites = std::numeric_limits<int>;
     bool numero = false;
     const QString texto = campo.text().trimmed().replace(u',', u'.');
-    const double twips = std::nearbyint(texto.toDouble(&numero));
+    const double twips = core::RoundHalfEven(texto.toDouble(&numero));
     if (!numero || !(twips >= Limites::min() && twips <= Limites::max()))
         throw platform::Failure(platform::FailureCode::TypeMismatch, QStringLiteral("Imprimir"),
                                 QStringLiteral("El margen \"%1\" no es un número válido: \"%2\".")

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shared/cProg.h"
 
+#include "core/Rounding.h"
 #include "platform/base/Twips.h"
 
 #include <QAccessible>
@@ -8,7 +9,6 @@
 #include <QPainter>
 #include <QResizeEvent>
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace shared {
@@ -95,8 +95,7 @@ QString cProg::Rotulo() const {
 }
 
 void cProg::DrawBar() {
-    // Halves go to the even neighbour.
-    m_anchoBarra = A16Bits(std::nearbyint(m_valor * double(platform::ToTwips(width())) / 100));
+    m_anchoBarra = A16Bits(core::RoundHalfEven(m_valor * double(platform::ToTwips(width())) / 100));
     update();
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/files/FolderNames.h"
 #include "platform/files/Paths.h"
+#include "platform/forms/Keys.h"
 #include "platform/forms/ToolTip.h"
 #include "platform/text/NativeNames.h"
 
@@ -66,7 +67,7 @@ void DirListBox::GoInto(const QTreeWidgetItem* item) {
 }
 
 void DirListBox::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool enter = IsEnter(*event);
     if (enter && currentItem())
         GoInto(currentItem());
     else

@@ -5,6 +5,7 @@
 #include "platform/controls/FontOfHeight.h"
 #include "platform/controls/ListModel.h"
 #include "platform/forms/Handler.h"
+#include "platform/forms/Keys.h"
 #include "platform/text/NativeNames.h"
 
 #include <QApplication>
@@ -34,10 +35,6 @@ constexpr int kRowPadding = 4;     // pixels
 constexpr int kHeaderPadding = 4;  // pixels, over and below the text together
 constexpr size_t kMeasured = 256;  // names
 constexpr size_t kCharacters = 0x10000;
-
-bool IsEnter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
 
 // The width of the widest name. Laying out every name takes long when there are many, so only those
 // are measured whose characters, each by itself, add up to the largest widths.

@@ -2,6 +2,7 @@
 #include "platform/controls/PictureBox.h"
 
 #include "platform/base/Failure.h"
+#include "platform/forms/Keys.h"
 #include "png/format/Header.h"
 
 #include <QMouseEvent>
@@ -219,6 +220,11 @@ void PictureBox::Walk(int columns, int rows) {
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event) {
+    if (IsEnter(*event) || event->key() == Qt::Key_Space) {
+        Walk(0, 0);
+        Q_EMIT Click(m_pointX, m_pointY);
+        return;
+    }
     const int step = event->modifiers() & Qt::ShiftModifier ? kLargeStep : 1;
     switch (event->key()) {
     case Qt::Key_Left:
@@ -229,12 +235,6 @@ void PictureBox::keyPressEvent(QKeyEvent* event) {
         return Walk(0, -step);
     case Qt::Key_Down:
         return Walk(0, step);
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        Walk(0, 0);
-        Q_EMIT Click(m_pointX, m_pointY);
-        return;
     default:
         QFrame::keyPressEvent(event);
     }

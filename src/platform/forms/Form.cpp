@@ -2,6 +2,7 @@
 #include "platform/forms/Form.h"
 
 #include "platform/forms/Handler.h"
+#include "platform/forms/Keys.h"
 #include "platform/forms/MDIFrame.h"
 #include "platform/text/NativeNames.h"
 
@@ -124,7 +125,7 @@ void Form::closeEvent(QCloseEvent* event) {
 void Form::keyPressEvent(QKeyEvent* event) {
     if (event->isAutoRepeat()) // a key that is held down presses one button once
         return QWidget::keyPressEvent(event);
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool enter = IsEnter(*event);
     // A button that has the focus comes before the default one.
     auto* focused = qobject_cast<QPushButton*>(focusWidget());
     if (enter && focused)
