@@ -3,11 +3,9 @@
 
 #include "platform/desktop/ShellExecute.h"
 #include "platform/files/FileSystemObject.h"
-#include "platform/files/Files.h"
 #include "platform/files/Paths.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/text/NativeNames.h"
-#include "platform/text/TextEncoding.h"
 
 namespace deploy {
 namespace {
@@ -24,10 +22,6 @@ QString CarpetaDePruebas() {
 }
 
 } // namespace
-
-void EscribirScript(const QString& ruta, const QString& texto) {
-    platform::WriteFile(ruta, platform::EncodeForPlayer(texto) + "\r\n");
-}
 
 void AbrirScript(const QString& script, const QString& documento, const QString& rotulo) {
     const bool sinArchivo = documento.isEmpty();

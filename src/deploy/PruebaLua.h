@@ -5,10 +5,6 @@
 
 namespace deploy {
 
-/// Writes a script as the player reads it: the text and a line end, in the code page or, if it
-/// doesn't fit, as UTF-8. Fails as WriteFile does.
-void EscribirScript(const QString& ruta, const QString& texto);
-
 /// Has the desktop open the script, of which the player is told in QUILLMARK_SCRIPT_FOLDER the
 /// folder whose files it may use, as a native path, and in QUILLMARK_SCRIPT_NAME the name for its
 /// errors. `documento` is the document's file, or empty: then its caption is the name, and it gets

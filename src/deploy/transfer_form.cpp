@@ -2,7 +2,7 @@
 #include "deploy/transfer_form.h"
 
 #include "deploy/Module2.h"
-#include "deploy/PruebaLua.h"
+#include "deploy/ScriptLua.h"
 #include "platform/base/Clock.h"
 #include "platform/base/Silently.h"
 #include "platform/files/CopyFile.h"
