@@ -5,14 +5,13 @@
 #include "player/Stage.h"
 
 #include <sys/wait.h>
-
 #include <thread>
 
 namespace player {
 namespace {
 
 // The built program, without a window.
-class Program : public ScriptTest {
+class ProgramTest : public ScriptTest {
 protected:
     int Shell(const std::string& script, const std::string& command) {
         Put(folder / "temp.lua", script);
@@ -32,18 +31,17 @@ protected:
     Picture Screenshot() { return ReadPicture(Get(folder / "foto.png")); }
 };
 
-TEST_F(Program, ShowsWhatTheCallsDraw) {
+TEST_F(ProgramTest, TheScreenshotShowsWhatTheCallsDraw) {
+    constexpr Pixel kBlue = 0xFF000040, kRed = 0xFFFF0000;
     const std::string script = R"(screen:clear(Color.new(0, 0, 64))
         screen:fillRect(470, 262, 10, 10, Color.new(255, 0, 0))
-        screen.waitVblankStart(2)
-        screen.flip()
-        screen:clear() -- isn't shown any more)";
+        screen.waitVblankStart(2) screen.flip() screen:clear() -- isn't shown any more)";
     ASSERT_EQ(Start(script, "--screenshot foto.png"), 0) << Get(folder / "errores");
-    EXPECT_EQ(Screenshot().At(469, 262), 0xFF000040);
-    EXPECT_EQ(Screenshot().At(470, 262), 0xFFFF0000);
+    EXPECT_EQ(Screenshot().At(469, 262), kBlue);
+    EXPECT_EQ(Screenshot().At(470, 262), kRed);
 }
 
-TEST_F(Program, TellsAnErrorWithTheDocumentsNameAndLine) {
+TEST_F(ProgramTest, AnErrorIsToldWithTheDocumentsNameAndLine) {
     const std::string memory = "año nuevo.lua:2: memoria agotada (el límite es de 16 MB)";
     const std::pair<std::string, std::string> errors[] = {
         {"local x\n\nx.y = 1", "año nuevo.lua:3: attempt to index local 'x'"},
@@ -58,19 +56,20 @@ TEST_F(Program, TellsAnErrorWithTheDocumentsNameAndLine) {
         {"io.stdout.__index.__gc = print", "attempt to index"},
         {"error({})", "(el error no es un texto)"},
     };
+    constexpr Pixel kBandOfThePanel = 0xFFB02020;
     setenv("QUILLMARK_SCRIPT_NAME", "año nuevo.lua", 1);
     for (const auto& [script, error] : errors) {
         EXPECT_EQ(Start(script, "--memory 16 --screenshot foto.png"), 1) << script;
         const std::string said = Get(folder / "errores");
         EXPECT_NE(said.find(error), std::string::npos) << script << "\n" << said;
-        EXPECT_EQ(Screenshot().At(470, 5), 0xFFB02020) << script; // the panel
+        EXPECT_EQ(Screenshot().At(kWidth - 10, 5), kBandOfThePanel) << script;
     }
     unsetenv("QUILLMARK_SCRIPT_NAME");
     EXPECT_EQ(Start("for i = 1, 1000 do Image.createEmpty(512, 512) end", "--memory 16 --frames 1"),
               0); // what isn't used any more is freed
 }
 
-TEST_F(Program, EndsAScriptWhateverItIsAt) {
+TEST_F(ProgramTest, AScriptEndsWhateverItIsAt) {
     for (const char* script :
          {"while true do pcall(function() while true do end end) end",
           "while true do pcall(coroutine.wrap(function() while true do end end)) end",
@@ -86,14 +85,14 @@ TEST_F(Program, EndsAScriptWhateverItIsAt) {
     EXPECT_TRUE(Get(folder / "salida").ends_with("\n20\n"));
 }
 
-TEST_F(Program, RefusesAWrongCommandLine) {
+TEST_F(ProgramTest, AWrongCommandLineIsRefused) {
     for (const char* options : {"--nada", "--frames 0", "--frames x", "--memory 99999", "otro.lua",
                                 "--memory", "--frames 1 --screenshot no/hay.png"})
         EXPECT_EQ(Start("", options), 2) << options;
     EXPECT_EQ(Start("", "--help"), 0);
 }
 
-TEST(Stage, WaitsForFramesUntilItIsStopped) {
+TEST(StageTest, AScriptWaitsForFramesUntilItIsStopped) {
     using std::chrono::nanoseconds;
     for (const auto& [since, until] :
          {std::pair(0, 16'666'667), {16'666'665, 16'666'667}, {1'000'000'001, 1'016'666'667}})

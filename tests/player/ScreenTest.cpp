@@ -1,24 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Screen.h"
-
 #include "player/Color.h"
 #include "player/Encoding.h"
 #include "player/Overlay.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 #include <thread>
 
 namespace player {
 namespace {
 
-// A picture of the script's with what the player draws over it.
-Picture Sky(const std::function<void(Picture&)>& over) {
+// A picture of the script's.
+Picture Sky() {
     Picture picture(kWidth, kHeight, true);
     picture.Clear(0xFF4080C0);
     picture.Set(100, 50, kBlack);
-    over(picture);
     return picture;
 }
 
@@ -62,16 +58,16 @@ protected:
     Screen screen{std::get<Options>(ReadOptions({"año.lua"})), stage};
     SDL_Window* window = SDL_GetWindowFromID(1);
     CellFont font;
-    const Picture sky = Sky([](Picture&) {});
+    const Picture sky = Sky();
 };
 
-TEST_F(ScreenTest, ShowsThePictureInFourSizesWhatIsPrintedAndAFailure) {
+TEST_F(ScreenTest, TheWindowShowsThePictureInFourSizesTheConsoleAndAFailure) {
     EXPECT_STREQ(SDL_GetWindowTitle(window), "año.lua - luaplayer");
     Type(SDLK_x);
     Type(SDLK_ESCAPE);
     screen.Run();
     EXPECT_TRUE(stage.Stopping());
-    EXPECT_EQ(stage.TakeButtons(), 1U << 6); // though the press is over
+    EXPECT_EQ(stage.TakeButtons(), 1U << 6); // cross, though its press is over
     for (const int scale : {1, 2, 3, 4}) {
         EXPECT_TRUE(Shows(sky, scale)) << scale;
         Type(SDLK_F2);
@@ -79,7 +75,9 @@ TEST_F(ScreenTest, ShowsThePictureInFourSizesWhatIsPrintedAndAFailure) {
     Type(SDLK_F1);
     for (const char* more : {"uno\n", "dos\n"}) {
         stage.Print(more);
-        EXPECT_TRUE(Shows(Sky([&](Picture& p) { DrawConsole(p, font, stage.Lines()); })));
+        Picture console = Sky();
+        DrawConsole(console, font, stage.Lines());
+        EXPECT_TRUE(Shows(console)) << more;
     }
     Type(SDLK_F1);
     EXPECT_TRUE(Shows(sky));
@@ -88,7 +86,9 @@ TEST_F(ScreenTest, ShowsThePictureInFourSizesWhatIsPrintedAndAFailure) {
     const Failure failure{"a.lua:1: x", ""};
     screen.ShowFailure(failure); // the panel stands over the console
     Type(SDLK_F1);
-    EXPECT_TRUE(Shows(Sky([&](Picture& p) { DrawPanel(p, font, failure); })));
+    Picture panel = Sky();
+    DrawPanel(panel, font, failure);
+    EXPECT_TRUE(Shows(panel));
     stage.Finish();
     screen.Run(); // doesn't wait for anybody
 }
@@ -103,6 +103,7 @@ TEST_F(ScreenTest, KeysAndGamePadsHoldTheButtons) {
         pad.Handle(event);
     SDL_Event left{SDL_WINDOWEVENT};
     left.window.event = SDL_WINDOWEVENT_FOCUS_LOST;
+    constexpr Buttons kUp = 1, kDown = 2, kRight = 4, kLeft = 8, kStart = 1U << 11;
     for (unsigned i = 0;
          const SDL_Keycode key :
          {SDLK_UP, SDLK_DOWN, SDLK_RIGHT, SDLK_LEFT, SDLK_q, SDLK_w, SDLK_x, SDLK_s, SDLK_z, SDLK_a,
@@ -114,16 +115,16 @@ TEST_F(ScreenTest, KeysAndGamePadsHoldTheButtons) {
         }
         pad.Handle(Key(SDL_KEYDOWN, SDLK_RETURN));
         pad.Handle(Key(SDL_KEYDOWN, key));
-        EXPECT_EQ(pad.Held(), 1U << 11 | 1U << i);
+        EXPECT_EQ(pad.Held(), kStart | 1U << i);
         pad.Handle(Key(SDL_KEYUP, key));
-        EXPECT_EQ(pad.Held(), i == 11 ? 0 : 1U << 11);
+        EXPECT_EQ(pad.Held(), kStart & ~(1U << i));
         pad.Handle(left);
         ++i;
     }
     const std::tuple<int, Sint16, Buttons> pushes[] = {
-        {SDL_CONTROLLER_AXIS_LEFTY, -20000, 1}, {SDL_CONTROLLER_AXIS_LEFTY, 20000, 2},
-        {SDL_CONTROLLER_AXIS_LEFTX, 20000, 4},  {SDL_CONTROLLER_AXIS_LEFTX, -20000, 8},
-        {SDL_CONTROLLER_AXIS_LEFTX, 12000, 0},  {SDL_CONTROLLER_AXIS_RIGHTX, 20000, 0}};
+        {SDL_CONTROLLER_AXIS_LEFTY, -20000, kUp},   {SDL_CONTROLLER_AXIS_LEFTY, 20000, kDown},
+        {SDL_CONTROLLER_AXIS_LEFTX, 20000, kRight}, {SDL_CONTROLLER_AXIS_LEFTX, -20000, kLeft},
+        {SDL_CONTROLLER_AXIS_LEFTX, 12000, 0},      {SDL_CONTROLLER_AXIS_RIGHTX, 20000, 0}};
     for (const auto& [axis, value, buttons] : pushes) {
         SDL_JoystickSetVirtualAxis(stick, axis, value);
         SDL_GameControllerUpdate();
@@ -132,47 +133,42 @@ TEST_F(ScreenTest, KeysAndGamePadsHoldTheButtons) {
     }
 }
 
-TEST(Overlay, TellsTheScriptsErrorAndWhatItPrinted) {
+TEST(OverlayTest, ThePanelAndTheConsoleTellTheScriptsErrorAndWhatItPrinted) {
     constexpr Pixel kWhite = 0xFFFFFFFF, kGrey = 0xFFC0C0C8, kYellow = 0xFFFFE060;
+    constexpr Pixel kRed = 0xFFB02020, kPanel = 0xF0202028, kShade = 0xB0000000;
+    constexpr int kLeft = 8, kBand = 18, kFitting = 15 * 2 - 1; // fifteen lines of an x
     CellFont font;
     const std::string row(58, '\xF1'); // as wide as it goes
     const std::string many = "x\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx";
-    struct Panel {
-        Failure failure;
-        std::string place;
-        int y;
-        std::string text;
-        int below;
-    };
-    const Panel panels[] = {
+    // The failure; its place; its text behind the row where it begins; the row of the traceback.
+    const std::tuple<Failure, std::string, int, std::string, int> panels[] = {
         {{"juego.lua:3: mal", "pila"}, "Archivo: juego.lua\nLínea: 3", 54, "mal", 72},
         {{"a:b:12: x: y", many + many}, "Archivo: a:b\nLínea: 12", 54, "x: y", 72},
         {{"a:1:x a:: y", "pila"}, "", 24, "a:1:x a:: y", 42},
         {{row + row + "\na\tb", "pila"}, "", 24, row + '\n' + row + "\na b", 66}};
-    for (const Panel& told : panels) {
-        const auto panel = [&](Picture& p) {
-            p.Fill({0, 0, kWidth, kHeight}, 0xF0202028);
-            for (const int band : {0, 254})
-                p.Fill({0, band, kWidth, 18}, 0xFFB02020);
-            font.Draw(p, 8, 3, "Error en el script", kWhite);
-            font.Draw(p, 8, 257, "Escape: cerrar", kWhite);
-            font.Draw(p, 8, 24, told.place, kYellow);
-            font.Draw(p, 8, told.y, told.text, kWhite);
-            font.Draw(p, 8, told.below, told.failure.traceback.substr(0, 2 * 15 - 1), kGrey);
-        };
-        const auto drawn = [&](Picture& p) { DrawPanel(p, font, told.failure); };
-        EXPECT_TRUE(Sky(drawn).pixels == Sky(panel).pixels) << told.failure.message;
+    for (const auto& [failure, place, top, text, bottom] : panels) {
+        Picture drawn = Sky(), expected = Sky();
+        DrawPanel(drawn, font, failure);
+        expected.Fill({0, 0, kWidth, kHeight}, kPanel);
+        for (const int band : {0, kHeight - kBand})
+            expected.Fill({0, band, kWidth, kBand}, kRed);
+        font.Draw(expected, kLeft, 3, "Error en el script", kWhite);
+        font.Draw(expected, kLeft, kHeight - 15, "Escape: cerrar", kWhite);
+        font.Draw(expected, kLeft, 24, place, kYellow);
+        font.Draw(expected, kLeft, top, text, kWhite);
+        font.Draw(expected, kLeft, bottom, failure.traceback.substr(0, kFitting), kGrey);
+        EXPECT_TRUE(drawn.pixels == expected.pixels) << failure.message;
     }
     std::deque<std::string> lines(30, "x");
     lines.push_back(row + "dos");
-    const auto console = [&](Picture& p) {
-        p.Fill({0, 0, kWidth, kHeight}, 0xB0000000);
-        font.Draw(p, 8, 0, many + "\nx\nx\nx\n" + row + "\ndos", kWhite);
-    };
-    EXPECT_EQ(Sky([&](Picture& p) { DrawConsole(p, font, lines); }).pixels, Sky(console).pixels);
+    Picture drawn = Sky(), expected = Sky();
+    DrawConsole(drawn, font, lines);
+    expected.Fill({0, 0, kWidth, kHeight}, kShade);
+    font.Draw(expected, kLeft, 0, many + "\nx\nx\nx\n" + row + "\ndos", kWhite);
+    EXPECT_TRUE(drawn.pixels == expected.pixels);
 }
 
-TEST(Encoding, TextsAreUtf8OrElseWindows1252) {
+TEST(EncodingTest, TextsAreUtf8OrElseWindows1252) {
     const std::pair<std::string, std::u32string> texts[] = {
         {"a\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF", U"a\x80\u07FF\u0800\uFFFF"},
         {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", U"\U00010000\U0010FFFF"},
