@@ -11,9 +11,7 @@ namespace {
 using Frames = std::vector<int16_t>;
 
 Voices::Sound Made(Frames values) {
-    auto samples = std::make_shared<Samples>();
-    samples->values = std::move(values);
-    return samples;
+    return std::make_shared<Samples>(Samples{std::move(values), {}});
 }
 
 Frames Mixed(Voices& voices, size_t frames) {
@@ -22,31 +20,32 @@ Frames Mixed(Voices& voices, size_t frames) {
     return stream;
 }
 
-TEST(VoicesTest, MixVolumePanPitchAndLoops) {
+TEST(VoicesTest, VoicesMixVolumePanPitchAndLoops) {
     const auto sound = Made({100, 1000, 200, 2000});
     Voices voices;
     const auto id = voices.Start(sound, false);
     EXPECT_EQ(Mixed(voices, 3), (Frames{100, 1000, 200, 2000, 0, 0}));
     EXPECT_FALSE(voices.Get(id));
+    constexpr int kLoud = Voices::kMostVolume, kRight = Voices::kMostPan, kMiddle = Voices::kMiddle;
     const std::tuple<Voices::Settings, Voices::Levels, Frames> known[] = {
-        {{5, 128, 128}, {}, {20, 200, 40, 400}},
-        {{25, 0, 128}, {}, {100, 0, 200, 0}},
-        {{25, 255, 128}, {}, {0, 1000, 0, 2000}},
-        {{25, 255, 128}, {128, 0, 0}, {100, 1000, 200, 2000}},
-        {{25, 128, 128}, {64, 0, 128}, {50, 500, 100, 1000}},
-        {{25, 128, 64}, {}, {100, 1000, 150, 1500}}};
+        {{kLoud / 5, kMiddle, kMiddle}, {}, {20, 200, 40, 400}},
+        {{kLoud, 0, kMiddle}, {}, {100, 0, 200, 0}},
+        {{kLoud, kRight, kMiddle}, {}, {0, 1000, 0, 2000}},
+        {{kLoud, kRight, kMiddle}, {.separation = 0}, {100, 1000, 200, 2000}},
+        {{kLoud, kMiddle, kMiddle}, {.volume = 64}, {50, 500, 100, 1000}},
+        {{kLoud, kMiddle, kMiddle / 2}, {}, {100, 1000, 150, 1500}}};
     for (const auto& [settings, levels, heard] : known) {
         voices.AllLevels(levels);
         const auto round = voices.Start(sound, true);
         voices.Set(round, settings);
         EXPECT_EQ(Mixed(voices, 2), heard);
-        EXPECT_EQ(Mixed(voices, 1)[1], settings.frequency == 128 ? heard[1] : 2000);
+        EXPECT_EQ(Mixed(voices, 1)[1], settings.frequency == kMiddle ? heard[1] : 2000);
         voices.Stop(round);
         EXPECT_EQ(Mixed(voices, 1)[0], 0);
     }
 }
 
-TEST(VoicesTest, AreBoundedAndRingOn) {
+TEST(VoicesTest, VoicesAreBoundedAndRingOn) {
     Voices voices;
     const auto first = voices.Start(Made(Frames(200, 30000)), true);
     EXPECT_FALSE(voices.Get(voices.Start(Made({}), true)));
@@ -54,7 +53,7 @@ TEST(VoicesTest, AreBoundedAndRingOn) {
         voices.Start(Made(Frames(200, 30000)), false);
     EXPECT_EQ(Mixed(voices, 1)[0], 32767);
     EXPECT_TRUE(voices.Get(first));
-    voices.AllLevels({128, 15, 128});
+    voices.AllLevels({.reverb = Reverb::kMost});
     voices.Start(Made({20000, 20000}), false);
     EXPECT_FALSE(voices.Get(first));
     Mixed(voices, 100);
@@ -77,56 +76,47 @@ std::string Wave(uint32_t rate, uint32_t frames) {
 
 using MachineTest = ScriptTest;
 
-TEST_F(MachineTest, PlaysSoundsAndMusic) {
+TEST_F(MachineTest, SoundsAndMusicArePlayed) {
     setenv("SDL_AUDIODRIVER", "dummy", 1);
     Put(folder / "corto.wav", Wave(22050, 2205));
     Put(folder / "largo.wav", Wave(8000, 80000));
     Put(folder / "enorme.wav", Wave(1, 5000));
     Put(folder / "basura.wav", std::string(500, 'x'));
-    Passes(R"(
-        local before = System.getFreeMemory()
-        local short, round = Sound.load("corto.wav"), Sound.load("corto.wav", true)
-        local taken = before - System.getFreeMemory()
-        assert(taken > 30000 and taken < 60000, taken)
-        local voice, other = short:play(), round:play()
-        assert(voice:playing() and voice:volume(99) == 25 and voice:pan(-1) == 0)
-        assert(voice:frequency(255) == 255 and voice:frequency() == 255)
-        assert(SoundSystem.SFXVolume(64) == 64 and SoundSystem.reverb(99) == 15)
-        assert(SoundSystem.panoramicSeparation(128) == 128)
-        local stop = os.time() + 10
-        while voice:playing() and os.time() < stop do end
-        assert(not voice:playing() and other:playing())
-        other:stop() assert(not other:playing())
-        assert(select(2, pcall(Sound.load, "enorme.wav")):find("memoria"))
-        for _, bad in ipairs{"basura.wav", "nada.wav", "../x.wav", ""} do
-            assert(not pcall(Sound.load, bad) and not pcall(Music.playFile, bad))
-        end
-        assert(not pcall(short.play, voice) and not pcall(voice.pan, short, 1))
-        Music.pause() Music.resume() Music.stop() assert(not Music.playing())
-        Music.playFile("largo.wav", false)
-        assert(Music.playing() and Music.volume() == 128 and Music.volume(40) == 40)
-        Music.pause() assert(not Music.playing())
-        Music.resume() assert(Music.playing())
-        Music.stop() assert(not Music.playing())
-        Music.playFile("largo.wav", true))");
+    Passes(R"lua(local before = System.getFreeMemory()
+local short, round = Sound.load("corto.wav"), Sound.load("corto.wav", true)
+local taken = before - System.getFreeMemory() assert(taken > 30000 and taken < 60000, taken)
+local voice, other = short:play(), round:play() assert(voice:playing())
+equal(voice:volume(99), 25) equal(voice:pan(-1), 0)
+equal(voice:frequency(255), 255) equal(voice:frequency(), 255)
+equal(SoundSystem.SFXVolume(64), 64) equal(SoundSystem.reverb(99), 15)
+equal(SoundSystem.panoramicSeparation(128), 128) fails("memoria", Sound.load, "enorme.wav")
+local stop = os.time() + 10 while voice:playing() and os.time() < stop do end
+assert(not voice:playing()) assert(other:playing()) other:stop() assert(not other:playing())
+fails("Sound", short.play, voice) fails("Voice", voice.pan, short, 1)
+for _, bad in ipairs{"basura.wav", "nada.wav", "../x.wav", ""} do
+    fails("'" .. bad .. "'", Sound.load, bad) fails("'" .. bad .. "'", Music.playFile, bad)
+end)lua");
+    Passes(R"lua(Music.pause() Music.resume() Music.stop() assert(not Music.playing())
+Music.playFile("largo.wav", false) assert(Music.playing())
+equal(Music.volume(), 128) equal(Music.volume(40), 40)
+Music.pause() assert(not Music.playing()) Music.resume() assert(Music.playing())
+Music.stop() assert(not Music.playing()) Music.playFile("largo.wav", true))lua");
 }
 
-TEST_F(MachineTest, SaysOnceWhatItLacks) {
+TEST_F(MachineTest, WhatTheMachineLacksIsSaidOnce) {
     Put(folder / "corto.wav", Wave(22050, 2205));
     setenv("SDL_AUDIODRIVER", "no-hay", 1);
     ::testing::internal::CaptureStderr();
-    Passes(R"(Sound.load("corto.wav"):play() Music.playFile("corto.wav") Music.stop()
-        for _, name in ipairs{"irdaInit", "irdaWrite", "irdaRead", "usbDiskModeActivate",
-                "usbDiskModeDeactivate", "powerTick"} do
-            assert(System[name]("x") == (name == "irdaRead" and "" or nil))
-        end
-        assert(not pcall(System.irdaWrite)))");
+    Passes(R"lua(Sound.load("corto.wav"):play() Music.playFile("corto.wav") Music.stop()
+local silent = "irdaInit irdaWrite usbDiskModeActivate usbDiskModeDeactivate powerTick"
+for name in silent:gmatch("%a+") do equal(System[name]("x"), nil) end
+equal(System.irdaRead("x"), "") fails("un texto", System.irdaWrite))lua");
     const std::string said = ::testing::internal::GetCapturedStderr();
     EXPECT_NE(said.find("se sigue en silencio"), std::string::npos);
     EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 3) << said;
 }
 
-TEST_F(MachineTest, TellsHowItIsFed) {
+TEST_F(MachineTest, ThePowerSupplyIsTold) {
     player.powerFolder = around / "power";
     // The values of a supply as "name value" one after another.
     const auto supply = [&](const std::string& name, const std::string& values) {
@@ -136,13 +126,11 @@ TEST_F(MachineTest, TellsHowItIsFed) {
     };
     // Online, charging, status, percent, minutes, temperature, volts, battery, low.
     const auto expect = [&](const std::string& figures) {
-        EXPECT_EQ(Run(R"(local figures = {}
-            for i, name in ipairs{"IsPowerOnline", "IsBatteryCharging", "GetBatteryChargingStatus",
-                    "GetBatteryLifePercent", "GetBatteryLifeTime", "GetBatteryTemp",
-                    "GetBatteryVolt", "IsBatteryExist", "IsLowBattery"} do
-                figures[i] = tostring(System["power" .. name]())
-            end
-            error(table.concat(figures, " "), 0))"),
+        EXPECT_EQ(Run(R"lua(local names, figures = "IsPowerOnline IsBatteryCharging " ..
+    "GetBatteryChargingStatus GetBatteryLifePercent GetBatteryLifeTime GetBatteryTemp " ..
+    "GetBatteryVolt IsBatteryExist IsLowBattery", {}
+for name in names:gmatch("%a+") do figures[#figures + 1] = tostring(System["power" .. name]()) end
+error(table.concat(figures, " "), 0))lua"),
                   figures);
     };
     expect("true false 0 100 0 0 0 false false");
@@ -160,42 +148,35 @@ TEST_F(MachineTest, TellsHowItIsFed) {
 }
 
 TEST_F(MachineTest, SocketsTalkWithoutWaiting) {
-    Passes(R"(
-        local function soon(what, ask)
-            local stop, answer = os.time() + 10
-            repeat answer = ask() until answer or os.time() > stop
-            return assert(answer, what)
-        end
-        assert(Wlan.init() and #Wlan.getConnectionConfigs() > 0 and Wlan.useConnectionConfig(1))
-        assert(Wlan.getIPAddress():find("^%d+%.%d+%.%d+%.%d+$"))
-        local port, server = 45000
-        repeat port = port + 1 server = Socket:createServerSocket(port) until server
-        local none, why = Socket:createServerSocket(port)
-        assert(not none and why == "puerto " .. port .. ": el puerto ya está en uso")
-        assert(server:accept() == nil and not server:isConnected())
-        local a = Socket.connect("localhost", port)
-        local b = soon("accept", function() a:isConnected() return server:accept() end)
-        soon("connect", function() return a:isConnected() end)
-        assert(b:isConnected() == true and b:recv() == "" and a:send("hola\0\255") == 6)
-        local text = ""
-        soon("recv", function() text = text .. b:recv() return text == "hola\0\255" end)
-
-        -- Nobody reads: the way fills up, and then takes nothing more.
-        local sent, got, big = 0, 0, ("x"):rep(1000000)
-        soon("full", function() local n = b:send(big) sent = sent + n return n == 0 end)
-        b:close() assert(not b:isConnected() and not b:send("x"))
-        soon("rest", function() got = got + #a:recv() return got == sent end)
-        local function said(socket, text)
-            soon(text, function() return select(2, socket:isConnected()) == text end)
-            assert(not socket:isConnected() and not pcall(socket.send, socket, {}))
-        end
-        said(a, "el otro lado cerró la conexión")
-        said(Socket.connect("127.0.0.1", 1), "nadie atiende en ese puerto")
-        local ok, reason = Socket.connect("255.255.255.255", 9):isConnected()
-        assert(not ok and reason ~= "error de red 0")
-        assert(not pcall(server.recv, io.stdout) and not pcall(Wlan.useConnectionConfig, 0))
-        Wlan.term()
-        assert(server:accept() == nil and not server:isConnected()))");
+    Passes(R"lua(local function soon(ask)
+    local stop, answer = os.time() + 10
+    repeat answer = ask() until answer or os.time() > stop
+    if not answer then error("not in time", 2) end
+    return answer
+end
+assert(Wlan.init()) assert(#Wlan.getConnectionConfigs() > 0) assert(Wlan.useConnectionConfig(1))
+assert(Wlan.getIPAddress():find("^%d+%.%d+%.%d+%.%d+$"))
+local port, server = 45000
+repeat port = port + 1 server = Socket:createServerSocket(port) until server
+fails("puerto " .. port .. ": el puerto ya está en uso", Socket.createServerSocket, port)
+equal(server:accept(), nil) assert(not server:isConnected())
+local a, text = Socket.connect("localhost", port), ""
+local b = soon(function() a:isConnected() return server:accept() end)
+soon(function() return a:isConnected() end)
+equal(b:isConnected(), true) equal(b:recv(), "") equal(a:send("hola\0\255"), 6)
+soon(function() text = text .. b:recv() return text == "hola\0\255" end)
+-- Nobody reads: the way fills up, and then takes nothing more.
+local sent, got, big = 0, 0, ("x"):rep(1000000)
+soon(function() local n = b:send(big) sent = sent + n return n == 0 end)
+b:close() assert(not b:isConnected()) assert(not b:send("x"))
+soon(function() got = got + #a:recv() return got == sent end)
+soon(function() return select(2, a:isConnected()) == "el otro lado cerró la conexión" end)
+local c, d = Socket.connect("127.0.0.1", 1), Socket.connect("255.255.255.255", 9)
+soon(function() return select(2, c:isConnected()) == "nadie atiende en ese puerto" end)
+for _, s in ipairs{a, c} do assert(not s:isConnected()) fails("un texto", s.send, s, {}) end
+local ok, reason = d:isConnected() assert(not ok and reason ~= "error de red 0", reason)
+fails("Socket", server.recv, io.stdout) fails("el número de una", Wlan.useConnectionConfig, 0)
+Wlan.term() equal(server:accept(), nil) assert(not server:isConnected()))lua");
 }
 
 } // namespace
