@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/Form7.h"
 
+#include "core/TextMarks.h"
 #include "core/Version.h"
 #include "platform/base/Silently.h"
 #include "platform/files/Files.h"
@@ -36,9 +37,8 @@ QString LeerVersion(const char16_t* archivo) {
 } // namespace
 
 QString PrimerElemento(const QByteArray& bytes) {
-    const QByteArray marca = "\xEF\xBB\xBF";
-    const QString texto =
-        platform::FromCodePage(bytes.startsWith(marca) ? bytes.sliced(marca.size()) : bytes);
+    const QString texto = platform::FromCodePage(
+        core::WithoutUtf8Mark({bytes.data(), static_cast<size_t>(bytes.size())}));
     qsizetype inicio = 0;
     while (inicio < texto.size() && texto.at(inicio).isSpace())
         ++inicio;
