@@ -5,6 +5,7 @@
 
 #include "png/inflate/DeflateTables.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -24,7 +25,7 @@ inline constexpr FastEntry kBitsField = 63;
 inline constexpr int kLiteralsShift = 6;
 inline constexpr FastEntry kLiterals = 3U << kLiteralsShift;
 inline constexpr int kLiteralShift = 8;
-inline constexpr int kMostLiterals = 3;
+inline constexpr size_t kMostLiterals = 3;
 inline constexpr int kCodeShift = 8;
 inline constexpr FastEntry kCodeField = 15;
 inline constexpr FastEntry kLink = 1U << 12;  ///< to a second table, for long codes
