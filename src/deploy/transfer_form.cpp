@@ -96,15 +96,15 @@ void transfer_form::MostrarCopia(bool copiando) {
         m_finDobleClic = platform::Now() + QApplication::doubleClickInterval();
     m_copiando = copiando;
     QPushButton* viene = copiando ? m_ui->parar : m_ui->KewlButtons1;
-    QPushButton* se_va = copiando ? m_ui->KewlButtons1 : m_ui->parar;
+    QPushButton* seVa = copiando ? m_ui->KewlButtons1 : m_ui->parar;
     // Whoever writes in a script meanwhile goes on writing there.
-    const bool conFoco = se_va->hasFocus();
+    const bool conFoco = seVa->hasFocus();
     m_ui->KewlButtons2->setEnabled(!copiando);
     m_ui->aviso->clear();
     viene->show();
     if (conFoco)
         viene->setFocus();
-    se_va->hide();
+    seVa->hide();
 }
 
 void transfer_form::CopiarTodo(const Destino& destino) {

@@ -14,8 +14,8 @@ constexpr qint64 kSecondsTo1970 = 11'644'473'600;
 } // namespace
 
 qint64 ToFileTime(const timespec& time) {
-    constexpr qint64 last = std::numeric_limits<qint64>::max() / kStepsPerSecond - 1;
-    const qint64 seconds = std::clamp(qint64{time.tv_sec}, -kSecondsTo1970, last - kSecondsTo1970);
+    constexpr qint64 kLast = std::numeric_limits<qint64>::max() / kStepsPerSecond - 1;
+    const qint64 seconds = std::clamp(qint64{time.tv_sec}, -kSecondsTo1970, kLast - kSecondsTo1970);
     return (seconds + kSecondsTo1970) * kStepsPerSecond + time.tv_nsec / 100;
 }
 

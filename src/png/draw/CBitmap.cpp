@@ -39,8 +39,8 @@ void CreateBitmap(BitmapInfo<colors>& info, uint16_t bits, Bytes& buffer, int32_
 }
 
 int ToInt(double length) {
-    constexpr double most = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(std::nearbyint(length), 0.0, most));
+    constexpr double kMost = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(std::nearbyint(length), 0.0, kMost));
 }
 
 // Puts a window's unit back at its end.

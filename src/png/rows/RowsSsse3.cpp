@@ -25,11 +25,11 @@ __m128i Load(const uint8_t* from) {
 template<size_t bytes>
 void Store(uint8_t* to, __m128i value) {
     const auto pixel = static_cast<uint64_t>(_mm_cvtsi128_si64(value));
-    constexpr size_t first = bytes == 3 ? 2 : bytes == 6 ? 4 : bytes;
-    std::memcpy(to, &pixel, first);
-    if constexpr (first < bytes) {
-        const uint64_t rest = pixel >> (8 * first);
-        std::memcpy(to + first, &rest, bytes - first);
+    constexpr size_t kFirst = bytes == 3 ? 2 : bytes == 6 ? 4 : bytes;
+    std::memcpy(to, &pixel, kFirst);
+    if constexpr (kFirst < bytes) {
+        const uint64_t rest = pixel >> (8 * kFirst);
+        std::memcpy(to + kFirst, &rest, bytes - kFirst);
     }
 }
 
