@@ -11,6 +11,7 @@
 #include <fontconfig/fontconfig.h>
 #include <fstream>
 #include <ft2build.h>
+#include <ios>
 #include <iterator>
 #include <utility>
 #include FT_FREETYPE_H

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <lua.hpp>
-#include <new>
 #include <string>
 #include <utility>
 

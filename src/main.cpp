@@ -4,6 +4,7 @@
 #include "platform/desktop/Spanish.h"
 #include "platform/files/Paths.h"
 #include "platform/files/ProgramFolder.h"
+#include "platform/forms/Form.h"
 #include "platform/forms/Handler.h"
 #include "shared/ValoresCompartidos.h"
 #include "shell/Dibujos.h"

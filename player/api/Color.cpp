@@ -2,6 +2,7 @@
 #include "player/Color.h"
 
 #include "player/LuaHost.h"
+#include "player/Player.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/LuaHost.h"
 #include "player/Pad.h"
+#include "player/Player.h"
 #include "player/Stage.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"

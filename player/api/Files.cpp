@@ -8,10 +8,12 @@
 #include "player/Userdata.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace player {
 namespace {

@@ -6,6 +6,7 @@
 #include "player/LuaHost.h"
 #include "player/Memory.h"
 #include "player/Picture.h"
+#include "player/Player.h"
 #include "player/ScriptError.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"

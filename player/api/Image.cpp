@@ -5,6 +5,7 @@
 #include "player/LuaHost.h"
 #include "player/Memory.h"
 #include "player/PictureFile.h"
+#include "player/Player.h"
 #include "player/ScriptError.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"

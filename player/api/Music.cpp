@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Audio.h"
 #include "player/LuaHost.h"
+#include "player/Player.h"
 #include "player/Userdata.h"
 #include "player/api/Api.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/LuaHost.h"
 #include "player/Memory.h"
+#include "player/Player.h"
 #include "player/Userdata.h"
 #include "player/Voices.h"
 #include "player/api/Api.h"

@@ -2,6 +2,7 @@
 #include "assist/Form5.h"
 
 #include "platform/base/Failure.h"
+#include "platform/base/Twips.h"
 #include "platform/controls/LoadPicture.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/forms/Handler.h"

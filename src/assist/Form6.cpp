@@ -2,6 +2,7 @@
 #include "assist/Form6.h"
 
 #include "platform/base/Silently.h"
+#include "platform/controls/FileListBox.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
@@ -9,6 +10,7 @@
 #include "ui_Form6.h"
 
 #include <QString>
+#include <string>
 #include <utility>
 
 namespace assist {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "deploy/Destinos.h"
 
-#include "platform/base/Failure.h"
 #include "platform/files/FileSystemObject.h"
 #include "platform/files/Paths.h"
 #include "platform/text/NativeNames.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "deploy/Destinos.h"
+#include "platform/files/FileSystemObject.h"
 #include "platform/forms/Form.h"
 #include "shared/ValoresCompartidos.h"
 

@@ -3,7 +3,9 @@
 
 #include "explorer/DibujosBarra.h"
 #include "platform/base/Silently.h"
+#include "platform/controls/ListView.h"
 #include "platform/controls/LoadPicture.h"
+#include "platform/files/FileSystemObject.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/forms/Handler.h"
 #include "platform/forms/WindowHandles.h"

@@ -5,6 +5,7 @@
 #include "explorer/cSubclassListView.h"
 #include "explorer/clsListFile.h"
 #include "platform/controls/ImageList.h"
+#include "platform/files/FileSystemObject.h"
 #include "platform/forms/Form.h"
 
 #include <QString>

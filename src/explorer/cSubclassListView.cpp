@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/cSubclassListView.h"
 
+#include "explorer/Retrollamadas.h"
 #include "platform/controls/ListView.h"
 #include "platform/forms/WindowMessages.h"
 #include "platform/forms/WindowTimers.h"

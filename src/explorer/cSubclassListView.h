@@ -3,6 +3,7 @@
 
 #include "explorer/MensajesVentana.h"
 #include "explorer/PinturaCabecera.h"
+#include "explorer/Retrollamadas.h"
 #include "platform/forms/WindowHandles.h"
 
 #include <QPixmap>

@@ -3,6 +3,7 @@
 
 #include "platform/base/Silently.h"
 #include "platform/base/Twips.h"
+#include "platform/controls/ImageList.h"
 #include "platform/desktop/FileType.h"
 #include "platform/desktop/ShellExecute.h"
 #include "platform/files/ProgramFolder.h"

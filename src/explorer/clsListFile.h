@@ -3,6 +3,7 @@
 
 #include "explorer/EntradaArchivo.h"
 #include "explorer/MarcoExplorador.h"
+#include "platform/controls/ImageList.h"
 #include "platform/controls/ListControl.h"
 #include "platform/files/FileSystemObject.h"
 #include "platform/files/FindFile.h"

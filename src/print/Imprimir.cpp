@@ -3,6 +3,7 @@
 
 #include "core/Rounding.h"
 #include "platform/base/Failure.h"
+#include "platform/forms/Dialogs.h"
 #include "platform/forms/Handler.h"
 #include "print/Class2.h"
 #include "ui_Imprimir.h"

@@ -4,6 +4,7 @@
 #include "platform/base/Failure.h"
 #include "platform/desktop/UserSettings.h"
 #include "platform/forms/CommonDialog.h"
+#include "platform/forms/Dialogs.h"
 #include "platform/text/NativeNames.h"
 #include "shared/Module1.h"
 

@@ -6,6 +6,7 @@
 #include "platform/base/Silently.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/forms/Dialogs.h"
+#include "platform/forms/Form.h"
 #include "shared/Temporal.h"
 #include "shell/Class1.h"
 

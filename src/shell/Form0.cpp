@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Form0.h"
 
-#include "documents/frmDocumento.h"
 #include "platform/base/Clock.h"
 #include "shared/Module1.h"
 #include "shell/Dibujos.h"

@@ -4,6 +4,7 @@
 #include "documents/MarcoDocumentos.h"
 #include "documents/frmDocumento.h"
 #include "platform/forms/CommonDialog.h"
+#include "platform/forms/Form.h"
 #include "platform/forms/MDIFrame.h"
 #include "platform/forms/MenuArray.h"
 #include "platform/forms/Timer.h"

@@ -7,6 +7,7 @@
 #include "assist/Form6.h"
 #include "deploy/transfer_form.h"
 #include "explorer/Explorador.h"
+#include "platform/forms/Form.h"
 #include "print/Imprimir.h"
 #include "shell/Documentos.h"
 #include "shell/Form2.h"

@@ -14,7 +14,6 @@
 #include <Qsci/qscicommandset.h>
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace documents {
 namespace {

@@ -8,6 +8,7 @@
 
 #include <QPainter>
 #include <Qsci/qsciprinter.h>
+#include <utility>
 
 namespace documents {
 namespace {

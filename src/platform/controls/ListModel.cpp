@@ -4,6 +4,8 @@
 #include "platform/forms/ToolTip.h"
 #include "platform/text/NativeNames.h"
 
+#include <utility>
+
 namespace platform {
 
 void ListModel::Clear() {

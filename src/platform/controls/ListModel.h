@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/controls/ImageList.h"
 #include "platform/controls/ListControl.h"
 
 #include <QAbstractTableModel>

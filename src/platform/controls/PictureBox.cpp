@@ -3,12 +3,14 @@
 
 #include "platform/base/Failure.h"
 #include "platform/forms/Keys.h"
+#include "png/draw/Bitmap.h"
 #include "png/format/Header.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 #include <vector>
 

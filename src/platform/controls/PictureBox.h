@@ -2,12 +2,14 @@
 #pragma once
 
 #include "platform/base/Twips.h"
+#include "png/draw/Bitmap.h"
 #include "png/draw/PictureBox.h"
 
 #include <QFocusFrame>
 #include <QFrame>
 #include <QImage>
 #include <QPointer>
+#include <span>
 
 namespace platform {
 

@@ -14,6 +14,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QXmlStreamWriter>
+#include <algorithm>
 
 namespace platform {
 namespace {

@@ -9,8 +9,10 @@
 #include <QCoreApplication>
 #include <chrono>
 #include <fcntl.h>
+#include <filesystem>
 #include <future>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace platform {

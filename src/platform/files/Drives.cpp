@@ -5,6 +5,7 @@
 #include <QStorageInfo>
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <memory>
 
 namespace platform {

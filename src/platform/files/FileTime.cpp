@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
+#include <ratio>
 
 namespace platform {
 namespace {

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <algorithm>
+#include <filesystem>
 
 namespace platform {
 namespace {

@@ -7,6 +7,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <iterator>
 #include <unistd.h>
 
 namespace platform {

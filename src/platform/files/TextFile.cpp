@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files/TextFile.h"
 
+#include "platform/base/Failure.h"
 #include "platform/files/FileErrors.h"
 #include "platform/files/Files.h"
 

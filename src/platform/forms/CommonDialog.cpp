@@ -2,6 +2,7 @@
 #include "platform/forms/CommonDialog.h"
 
 #include <QStringList>
+#include <vector>
 
 namespace platform {
 

@@ -4,6 +4,7 @@
 #include "platform/forms/Dialogs.h"
 
 #include <QString>
+#include <vector>
 
 namespace platform {
 

@@ -19,7 +19,6 @@
 #include <QStringList>
 #include <QTreeView>
 #include <filesystem>
-#include <utility>
 
 namespace platform {
 namespace {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/forms/MDIFrame.h"
 
+#include "platform/base/Twips.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/Arrange.h"
 #include "platform/forms/Handler.h"

@@ -4,6 +4,7 @@
 #include "platform/base/Failure.h"
 #include "platform/files/Files.h"
 #include "platform/files/TextFile.h"
+#include "platform/print/RichText.h"
 #include "platform/rtf/RtfReader.h"
 #include "platform/text/NativeNames.h"
 #include "platform/text/TextEncoding.h"

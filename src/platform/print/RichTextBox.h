@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/print/DocumentFormatter.h"
+#include "platform/print/RichText.h"
 
 #include <QTextEdit>
 #include <QTextOption>

@@ -2,12 +2,14 @@
 #include "platform/print/SystemPrinter.h"
 
 #include "platform/base/Failure.h"
+#include "platform/base/Seam.h"
 #include "platform/base/Twips.h"
 #include "platform/print/PrinterSetup.h"
 
 #include <QFontMetricsF>
 #include <QPrinterInfo>
 #include <cmath>
+#include <memory>
 #include <utility>
 
 namespace platform {

@@ -6,6 +6,8 @@
 #include <QFont>
 #include <QPainter>
 #include <QPrinter>
+#include <functional>
+#include <memory>
 
 namespace platform {
 

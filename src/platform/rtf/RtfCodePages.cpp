@@ -4,6 +4,7 @@
 #include "platform/text/CodePage.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace platform {
 namespace {

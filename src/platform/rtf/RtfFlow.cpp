@@ -6,6 +6,8 @@
 #include <QTextOption>
 #include <utility>
 
+#include "platform/rtf/RtfLook.h"
+
 namespace platform {
 namespace {
 

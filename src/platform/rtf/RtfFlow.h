@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/rtf/RtfFormats.h"
+#include "platform/rtf/RtfLook.h"
 
 #include <QString>
 #include <QTextCursor>

@@ -4,7 +4,6 @@
 #include "platform/rtf/RtfWords.h"
 
 #include <Qt>
-#include <compare>
 #include <vector>
 
 namespace platform {
