@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
         arguments.erase(arguments.begin());
 
     platform::FindHome();
-    int ownName = 1; // the toolkit gets no argument: all of them are one path
+    int ownName = 1; // QApplication gets no argument: all of them are one path
     QApplication application(ownName, argv);
     QApplication::setApplicationName(QStringLiteral("Quillmark"));
     QApplication::setDesktopFileName(QStringLiteral("quillmark"));

@@ -73,8 +73,8 @@ void Form4::HacerPestanas() {
     for (size_t i = 0; i < Pestanas().size(); ++i)
         m_ui->SSTab1->AddTab(QString::fromUtf16(Pestanas()[i].rotulo),
                              new Ventanilla(HacerPagina(i)));
-    // The buttons come last. By way of the first entry: the toolkit takes the last one and a button
-    // for neighbours, as they are in a ring, but the tab key doesn't go round.
+    // The buttons come last. QWidget keeps the tab order as a ring, in which they already follow
+    // the last entry: setTabOrder would change nothing, so they go behind the first entry first.
     for (QPushButton* boton : {m_ui->KewlButtons2, m_ui->KewlButtons1}) {
         for (const EntradaCatalogo& entrada : {Catalogo().front(), Catalogo().back()})
             setTabOrder(findChild<QWidget*>(QString::fromLatin1(entrada.control)), boton);

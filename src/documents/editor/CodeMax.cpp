@@ -168,7 +168,7 @@ void CodeMax::PrintDoc(int, int flags) {
     if (flags == kPageSetupFlags)
         SetUpScriptPage(window());
     else if (flags == kPrintFlags)
-        // A title of the toolkit has each "[*]" twice.
+        // QWidget::setWindowTitle takes a single "[*]" for its mark, so the title has it twice.
         PrintScript(*m_editor, parentWidget()->windowTitle().replace(QStringLiteral("[*][*]"),
                                                                      QStringLiteral("[*]")));
     else

@@ -295,9 +295,9 @@ void ScriptEditor::ChooseHelpers(QByteArrayView text) {
     setBraceMatching(m_wantsBraces && !costly ? SloppyBraceMatch : NoBraceMatch);
 }
 
-// The engine measures each run of one style through the toolkit, but keeps the widths of short
-// ones. In a text with long lines neighbours therefore differ in style, so each run is a character.
-// A line whose end has a style of its own would be measured twice.
+// The engine measures each run of one style in a QTextLayout, but caches the widths of short runs.
+// In a text with long lines neighbours therefore differ in style, so each run is a character. A
+// line end keeps the style before it: with one of its own the line would be measured twice.
 void ScriptEditor::SplitRuns() {
     if (!m_longLines)
         return;

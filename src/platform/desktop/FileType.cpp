@@ -21,7 +21,7 @@ constexpr qint64 kLargestIcon = 1 << 20; // bytes
 constexpr int kLargestSide = 256;        // pixels
 constexpr int kPictures = 32;
 
-// As far as the toolkit can name it: one with bytes that aren't UTF-8 goes by its extension.
+// For QFileInfo, which finds no file with bytes that aren't UTF-8: it goes by its extension then.
 QString Native(const QString& path) {
     try {
         return QString::fromStdString(ToNative(path).native());

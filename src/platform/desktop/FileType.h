@@ -11,7 +11,7 @@ namespace platform {
 QString FileTypeName(const QString& path);
 
 /// The icon of a file or folder in all its sizes: the file's own if it is an icon, else that of the
-/// registered class, else the desktop theme's, else the toolkit's.
+/// registered class, else the desktop theme's, else the one of QStyle.
 QIcon FileIcon(const QString& path);
 
 } // namespace platform

@@ -64,7 +64,7 @@ struct Invocation {
     const int nowhere = ::open("/dev/null", O_RDWR);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         ::dup2(nowhere, stream);
-    ::signal(SIGPIPE, SIG_DFL); // which the toolkit may have set aside
+    ::signal(SIGPIPE, SIG_DFL); // QProcess may have ignored it, and the program would inherit that
     if (::chdir(call.folder) == 0)
         ::execvpe(call.arguments[0], call.arguments, call.environment);
     const int error = errno;

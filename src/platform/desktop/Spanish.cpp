@@ -11,7 +11,7 @@
 namespace platform {
 namespace {
 
-// The toolkit's Spanish calls the key "Control", which keyboards and the manual don't.
+// Qt's Spanish calls the key "Control", which keyboards and the manual don't.
 class KeyNames : public QTranslator {
 public:
     using QTranslator::QTranslator;
@@ -35,7 +35,7 @@ void SpeakSpanish(QCoreApplication& application) {
         else
             qCWarning(lcQuillmark) << "no Spanish texts for" << catalogue;
     }
-    QCoreApplication::installTranslator(new KeyNames(&application)); // asked first
+    QCoreApplication::installTranslator(new KeyNames(&application)); // the last one is asked first
 }
 
 } // namespace platform

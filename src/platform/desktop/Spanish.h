@@ -5,7 +5,7 @@ class QCoreApplication;
 
 namespace platform {
 
-/// Puts the toolkit's own buttons, menus and dialogs into Spanish, whatever the desktop speaks.
+/// Puts the texts of Qt and QScintilla into Spanish by QTranslator, whatever the desktop speaks.
 void SpeakSpanish(QCoreApplication& application);
 
 } // namespace platform

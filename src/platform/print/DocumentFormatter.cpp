@@ -14,7 +14,7 @@
 namespace platform {
 namespace {
 
-constexpr double kWidest = 10'000'000; // pixels, as the toolkit can count
+constexpr double kWidest = 10'000'000; // pixels; QFixed, in which lines are laid out, ends at 2^25
 constexpr int kBlocks = 256;           // of a piece
 constexpr qsizetype kCharactersOfABlock = 256;
 

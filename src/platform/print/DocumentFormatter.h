@@ -11,8 +11,8 @@
 namespace platform {
 
 /// Lays a document out for a printer and renders it page by page. A copy of some paragraphs at a
-/// time is laid out: the toolkit can't count the pixels of some thousand pages. The time of a page
-/// doesn't depend on what comes before it.
+/// time is laid out: QTextDocument's layout counts pixels in QFixed, which some thousand pages
+/// overflow. The time of a page doesn't depend on what comes before it.
 class DocumentFormatter {
 public:
     /// What Render goes by; both must live until Release. The layout at hand is kept if it is one

@@ -11,10 +11,10 @@
 
 namespace platform {
 
-/// Makes a printer of the toolkit, each time with the same settings.
+/// Makes a QPrinter, each time with the same settings.
 using DeviceFactory = std::function<std::unique_ptr<QPrinter>()>;
 
-/// A printer of the toolkit. Its margins become the smallest that it can print with.
+/// Prints through a QPrinter, whose margins become the smallest that it can print with.
 class SystemPrinter : public Printer {
 public:
     explicit SystemPrinter(DeviceFactory factory);
