@@ -103,8 +103,8 @@ void Explorador::Toolbar1_ButtonClick(int Index) {
 
 void Explorador::ListarPathAlternativo() {
     const QPointer<Explorador> ventana(this);
-    pathAlternativo = Module1::LeerIni(archivoConfig, QStringLiteral("explorador"),
-                                       QStringLiteral("path"), QString());
+    pathAlternativo =
+        Module1::LeerIni(archivoConfig, Module1::kExplorador, Module1::kPath, QString());
     m_cFile->Listar(pathAlternativo + QStringLiteral(":\\"));
     if (ventana && ventana->m_cFile) // neither gone nor closed meanwhile
         ventana->m_cFile->subirNivel();

@@ -32,12 +32,19 @@ void Registrar(const TipoDeArchivo& tipo);
 /// The text without blanks around it; tabs and the like are part of it.
 QString SinBlancos(const QString& texto);
 
-/// Names in the settings file that more than one window uses.
-inline constexpr QLatin1StringView kGeneral("general");
-inline constexpr QLatin1StringView kNuevo("nuevo");
-inline constexpr QLatin1StringView kSi("si");
-
-/// The path of the settings file.
+/// The path of the settings file, config.ini; platform/files/ProfileFile.h tells its format.
 QString RutaConfig();
+
+/// The sections of the settings file, each followed by its keys, and two values.
+inline constexpr QLatin1StringView kGeneral("general");
+inline constexpr QLatin1StringView kNuevo("nuevo"); ///< kSi or kNo: a blank document at the start
+inline constexpr QLatin1StringView kInicio("inicio");
+inline constexpr QLatin1StringView kEjecuciones("ejecuciones"); ///< 0 until the first start
+inline constexpr QLatin1StringView kExplorador("explorador");
+inline constexpr QLatin1StringView kPath("path"); ///< the letter of a drive
+inline constexpr QLatin1StringView kUpdate("update");
+inline constexpr QLatin1StringView kVer("ver"); ///< the version that was last on offer
+inline constexpr QLatin1StringView kSi("si");
+inline constexpr QLatin1StringView kNo("no");
 
 } // namespace Module1

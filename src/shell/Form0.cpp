@@ -34,8 +34,8 @@ void Form0::MakeWindowTransparent(QWidget* hwnd, quint8 alphaAmount) {
 
 void Form0::Form_Load() {
     ArchivoConfig = Module1::RutaConfig();
-    m_ejecuciones = Module1::LeerIni(ArchivoConfig, QStringLiteral("inicio"),
-                                     QStringLiteral("ejecuciones"), QString());
+    m_ejecuciones =
+        Module1::LeerIni(ArchivoConfig, Module1::kInicio, Module1::kEjecuciones, QString());
     m_nuevo = Module1::LeerIni(ArchivoConfig, Module1::kGeneral, Module1::kNuevo, QString());
     MakeWindowTransparent(this, 0);
     Timer1.Interval(kPaso);
@@ -68,7 +68,7 @@ void Form0::Entregar() {
     // A text that is no number counts as 0.
     if (m_ejecuciones.toDouble() == 0) {
         m_principal->mnuopcionesconfiguracion_Click();
-        Module1::EscribirIni(ArchivoConfig, QStringLiteral("inicio"), QStringLiteral("ejecuciones"),
+        Module1::EscribirIni(ArchivoConfig, Module1::kInicio, Module1::kEjecuciones,
                              QStringLiteral("1"));
     } else if (m_nuevo == Module1::kSi) {
         m_documento = m_principal->NuevoScript();

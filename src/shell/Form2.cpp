@@ -8,17 +8,13 @@
 #include "ui_Form2.h"
 
 namespace shell {
-namespace {
 
+using Module1::kExplorador;
 using Module1::kGeneral;
+using Module1::kNo;
 using Module1::kNuevo;
+using Module1::kPath;
 using Module1::kSi;
-
-constexpr QLatin1StringView kExplorador("explorador");
-constexpr QLatin1StringView kPath("path");
-constexpr QLatin1StringView kNo("no");
-
-} // namespace
 
 Form2::Form2() : m_ui(std::make_unique<Ui::Form2>()) {
     m_ui->setupUi(this);

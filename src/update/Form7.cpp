@@ -128,8 +128,7 @@ void Form7::DarRespuesta(const QString& oferta) {
     if (oferta > m_compartido.version) {
         m_ui->Label1->setText(QStringLiteral("Nueva actualizacion disponible: ") + oferta);
         m_estado = QStringLiteral("Descargando actualizacion");
-        Module1::EscribirIni(ArchivoConfig, QStringLiteral("update"), QStringLiteral("ver"),
-                             oferta);
+        Module1::EscribirIni(ArchivoConfig, Module1::kUpdate, Module1::kVer, oferta);
     } else {
         m_ui->Label1->setText(QStringLiteral("No hay nueva actualizacion disponible."));
     }
