@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char16_t* kGame = u"GAME";
 constexpr const char16_t* kGame150 = u"GAME150";
-constexpr qsizetype kLongestName = 255; // UTF-16 units
+constexpr qsizetype kNombreMasLargo = 255; // UTF-16 units
 
 constexpr std::array kFirmwares = {
     Firmware{u"Firmware 1.5", kGame},
@@ -43,48 +43,50 @@ constexpr std::array kEboots = {
     Eboot{u"Eboot PhoenixGameEngine 0.02", u"\\data\\EBOOT4.PBP"},
 };
 
-// In the name as it is shown: what stands for bytes that are no text is U+FFFD there.
-bool HasForbiddenCharacter(const QString& name) {
-    const QString shown = platform::DisplayText(name);
-    const QString forbidden = QStringLiteral("\\/:*?\"<>|") + QChar(QChar::ReplacementCharacter);
-    return std::any_of(shown.begin(), shown.end(), [&](QChar c) {
-        return c.unicode() < 0x20 || c.unicode() == 0x7F || forbidden.contains(c);
+// Tests the name as it is shown, where U+FFFD stands for each byte that is no text.
+bool TieneCaracterProhibido(const QString& nombre) {
+    const QString mostrado = platform::DisplayText(nombre);
+    const QString prohibidos = QStringLiteral("\\/:*?\"<>|") + QChar(QChar::ReplacementCharacter);
+    return std::any_of(mostrado.begin(), mostrado.end(), [&](QChar c) {
+        return c.unicode() < 0x20 || c.unicode() == 0x7F || prohibidos.contains(c);
     });
 }
 
-// Names of devices on the systems that share this file system, with any extension.
-bool IsDevice(const QString& name) {
-    static const QRegularExpression device(
+// Names that other systems which use FAT keep for devices, with any extension.
+bool EsDispositivo(const QString& nombre) {
+    static const QRegularExpression dispositivo(
         QRegularExpression::anchoredPattern(
             QStringLiteral("(con|prn|aux|nul|conin\\$|conout\\$|(com|lpt)[0-9¹²³])(\\..*)?")),
         QRegularExpression::CaseInsensitiveOption);
-    return device.match(name).hasMatch();
+    return dispositivo.match(nombre).hasMatch();
 }
 
-// On the stick such a name can be the short one of a folder that bears another.
-bool IsShortName(const QString& name) {
+// Such a name may be the 8.3 alias that FAT keeps for a folder with a long name.
+bool EsNombreCorto(const QString& nombre) {
     static const QRegularExpression alias(
         QRegularExpression::anchoredPattern(QStringLiteral("[^.]{1,6}~[0-9]{1,6}(\\..{0,3})?")));
-    return alias.match(name).hasMatch();
+    return alias.match(nombre).hasMatch();
 }
 
-bool HasHalfCharacter(const QString& name) {
-    return !name.isValidUtf16();
+// Half of a UTF-16 surrogate pair.
+bool TieneMedioCaracter(const QString& nombre) {
+    return !nombre.isValidUtf16();
 }
 
-// Also the names of a folder itself and of the one above it.
-bool EndsInPointOrSpace(const QString& name) {
-    return name.endsWith(u'.') || name.endsWith(u' ');
+// FAT drops these endings. Includes "." and "..".
+bool AcabaEnPuntoOEspacio(const QString& nombre) {
+    return nombre.endsWith(u'.') || nombre.endsWith(u' ');
 }
 
-bool IsTooLong(const QString& name) {
-    return name.size() > kLongestName;
+bool EsDemasiadoLargo(const QString& nombre) {
+    return nombre.size() > kNombreMasLargo;
 }
 
-bool IsImpossible(const QString& name) {
-    constexpr std::array kDefects = {HasForbiddenCharacter, HasHalfCharacter,   IsDevice,
-                                     IsShortName,           EndsInPointOrSpace, IsTooLong};
-    return std::ranges::any_of(kDefects, [&](auto defect) { return defect(name); });
+bool EsImposible(const QString& nombre) {
+    constexpr std::array kDefectos = {TieneCaracterProhibido, TieneMedioCaracter,
+                                      EsDispositivo,          EsNombreCorto,
+                                      AcabaEnPuntoOEspacio,   EsDemasiadoLargo};
+    return std::ranges::any_of(kDefectos, [&](auto defecto) { return defecto(nombre); });
 }
 
 } // namespace
@@ -98,17 +100,17 @@ std::span<const Eboot> Eboots() {
 }
 
 std::optional<QString> DefectoDeNombre(const QString& nombre) {
-    const QString shown = platform::DisplayText(nombre);
+    const QString mostrado = platform::DisplayText(nombre);
     if (nombre.isEmpty())
         return QStringLiteral("El script aún no tiene nombre. Pasa el ratón por la franja que hay "
                               "encima de su texto y vuelve a intentarlo. Ese nombre es el del "
                               "documento sin sus cuatro últimas letras: si no tiene más de cuatro, "
                               "guárdalo antes con otro más largo.");
-    if (IsImpossible(nombre))
+    if (EsImposible(nombre))
         return QStringLiteral("\"%1\" no puede ser el nombre de una carpeta en la tarjeta de "
                               "memoria. Guarda el script con otro nombre y pasa el ratón por la "
                               "franja que hay encima de su texto.")
-            .arg(shown);
+            .arg(mostrado);
     return std::nullopt;
 }
 
@@ -122,13 +124,13 @@ std::optional<QString> DefectoDeDestino(const Destino& destino) {
         return QStringLiteral("La unidad %1 no está. Conecta la consola o la tarjeta de memoria y "
                               "vuelve a intentarlo.")
             .arg(destino.unidad);
-    const auto folder = platform::ToNative(destino.CarpetaFirmware());
+    const auto carpeta = platform::ToNative(destino.CarpetaFirmware());
     std::error_code error;
-    if (!std::filesystem::is_directory(folder, error))
+    if (!std::filesystem::is_directory(carpeta, error))
         return QStringLiteral("En la unidad %1 no existe la carpeta %2. Comprueba la unidad y el "
                               "firmware, o crea esa carpeta.")
             .arg(destino.unidad, destino.CarpetaFirmware());
-    if (::access(folder.c_str(), W_OK | X_OK) != 0)
+    if (::access(carpeta.c_str(), W_OK | X_OK) != 0)
         return QStringLiteral("No se puede escribir en %1. Quita la protección contra escritura de "
                               "la tarjeta de memoria.")
             .arg(destino.CarpetaFirmware());

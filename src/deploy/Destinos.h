@@ -21,19 +21,19 @@ struct Eboot {
     bool conDriver = false; ///< a folder of drivers goes with it
 };
 
-/// Both in the order of their lists.
+/// In the order of the lists Combo1 and Combo2.
 std::span<const Firmware> Firmwares();
 std::span<const Eboot> Eboots();
 
-/// The files of the driver folder, each with the "\\" before it.
+/// The files of the driver folder, each with a "\" before its name.
 inline constexpr std::array kDrivers = {u"\\hook.prx", u"\\load.pbp", u"\\rdriver.prx",
                                         u"\\syslib.prx"};
 
-/// Where a script goes: a drive ("E:"), a folder of the firmware and the script's name.
+/// Where a script goes, as program paths.
 struct Destino {
-    QString unidad;
-    QString carpeta;
-    QString nombre;
+    QString unidad;  ///< with its colon: "E:"
+    QString carpeta; ///< of the firmware: "GAME"
+    QString nombre;  ///< of the script
 
     QString CarpetaFirmware() const { return unidad + QStringLiteral("\\PSP\\") + carpeta; }
     QString Proyecto() const { return CarpetaFirmware() + u'\\' + nombre; }
@@ -42,11 +42,12 @@ struct Destino {
     QString Drivers() const { return Proyecto() + QStringLiteral("\\LPHMDRIVER"); }
 };
 
-/// What speaks against the name of a folder on the console's memory stick, for the user's eyes;
-/// empty if nothing does. The rules are those of FAT with long names.
+/// Why the memory stick can't hold a folder of this name, as a Spanish text for the user; nullopt
+/// if it can. The rules are those of FAT with long names.
 std::optional<QString> DefectoDeNombre(const QString& nombre);
 
-/// The same of the whole destination, which must be there and writable.
+/// The same for the whole destination: also its drive and its firmware folder must be there, and
+/// the folder writable.
 std::optional<QString> DefectoDeDestino(const Destino& destino);
 
 } // namespace deploy
