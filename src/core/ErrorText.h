@@ -5,15 +5,15 @@
 
 namespace core {
 
-/// What the user reads, in Spanish and UTF-8, for a number of errno.
+/// The Spanish text, in UTF-8, that the user reads for an errno.
 struct ErrorText {
     int number;
     const char* text;
 };
 
-/// The text of files and connections; null for a number that has none.
+/// The text for an errno of files and connections; null if the table has none.
 const char* TextOfError(int number);
-/// The same, where a few numbers have another meaning: those of `special` go first.
+/// The same, but `special` is searched first: texts for numbers that mean something else there.
 const char* TextOfError(std::span<const ErrorText> special, int number);
 
 } // namespace core

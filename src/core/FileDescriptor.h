@@ -7,7 +7,7 @@
 
 namespace core {
 
-/// Owns a descriptor of the system's.
+/// Owns a POSIX file descriptor; -1 for none.
 class FileDescriptor {
 public:
     explicit FileDescriptor(int number = -1) : m_number(number) {}

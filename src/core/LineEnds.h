@@ -7,8 +7,8 @@ namespace core {
 
 enum class LineEnd { CrLf, Lf, Cr };
 
-/// The line end that the start of the text (64 KiB) uses most: CR LF if it has none or as many of
-/// those as of others.
+/// The most frequent line end in the first 64 KiB of the text; CR LF if there is none, or if it is
+/// as frequent as another.
 LineEnd MainLineEnd(std::string_view text);
 
 } // namespace core

@@ -3,8 +3,7 @@
 
 namespace core {
 
-/// The version of the program and of its player: major, minor and revision with points between
-/// them.
+/// The version of the program and of its player: "major.minor.revision".
 const char* Version();
 
 } // namespace core

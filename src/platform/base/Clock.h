@@ -8,11 +8,11 @@
 
 namespace platform {
 
-/// Waits, and lets nothing else run meanwhile.
+/// Blocks the calling thread; no events are handled meanwhile.
 void Sleep(int milliseconds);
 Seam<std::function<void(int milliseconds)>>& SleepSeam();
 
-/// Milliseconds on a clock that only goes forward.
+/// Milliseconds on a monotonic clock.
 int64_t Now();
 Seam<std::function<int64_t()>>& NowSeam();
 

@@ -5,8 +5,7 @@
 
 namespace platform {
 
-/// What is worth knowing but is not shown to the user goes here: stderr, or the journal without
-/// one.
+/// The log for what the user isn't shown: it goes to stderr, or to the journal if there is none.
 Q_DECLARE_LOGGING_CATEGORY(lcQuillmark)
 
 } // namespace platform

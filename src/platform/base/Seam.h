@@ -5,14 +5,14 @@
 
 namespace platform {
 
-/// Something of the desktop that a test puts another in the place of.
+/// A part of the desktop that a test can replace.
 template<class T>
 class Seam {
 public:
     explicit Seam(T usual) : m_current(std::move(usual)) {}
 
     T& Current() { return m_current; }
-    /// Answers the former one.
+    /// Returns the one before.
     T Replace(T other) { return std::exchange(m_current, std::move(other)); }
 
 private:

@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// Runs what says nothing of its failures; they go to the log. Answers whether it ran to its end.
+/// Runs the handler; an exception goes to the log, not to the user. True if there was none.
 bool RunSilently(const std::function<void()>& handler);
 
 } // namespace platform

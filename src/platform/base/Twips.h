@@ -5,7 +5,7 @@ namespace platform {
 
 /// Sizes and places of windows are given in twips; 15 twips are one logical pixel.
 inline constexpr int kTwipsPerPixel = 15;
-/// Of paper, whatever the pixels of its printer are.
+/// On paper, whatever the resolution of the printer is.
 inline constexpr double kTwipsPerInch = 1440;
 
 constexpr int ToPixels(int twips) {

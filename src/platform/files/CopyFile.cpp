@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 constexpr size_t kStep = 1 << 20; // bytes
 constexpr std::chrono::milliseconds kPatience(10);
 
-// Runs what may wait for the disk beside this thread, which keeps the windows alive meanwhile.
+// Runs the work, which may wait for the disk, on a thread of its own and handles events meanwhile.
 template<class Work>
 auto Beside(Work work) {
     auto result = std::async(std::launch::async, std::move(work));
@@ -33,7 +33,7 @@ auto Beside(Work work) {
     return result.get();
 }
 
-// The file that is read, which tells of its own failures: the others are the target's.
+// The file that is copied. Its failures carry its path: any other SystemError is the target's.
 class Source {
     template<class Work>
     auto Telling(Work work) const {

@@ -11,9 +11,9 @@ using CopyProgressRoutine = std::function<void(qint64 total, qint64 copied)>;
 
 /// Copies a file in steps of at most 1 MiB and calls `progress` after each, at least once, on the
 /// caller's thread; events of the window system are handled while the disk works. The target
-/// appears, or is replaced, when the copy is whole and on the disk. Answers false if it was stopped
-/// by a `cancel` that isn't 0, which leaves no target. Fails with a text that names the reason and
-/// the file of the two that it lies with, and leaves what was there.
+/// appears, or is replaced, when the copy is whole and on the disk. `cancel` other than 0 stops the
+/// copy: this returns false and no target is left. Fails with a text that names the reason and
+/// which file caused it; an old target then stays.
 bool CopyFileExA(const QString& source, const QString& target, const CopyProgressRoutine& progress,
                  const int& cancel);
 

@@ -25,7 +25,7 @@ bool IsRemovable(const fs::path& path) {
                        [&](const char* root) { return Holds(root, path); });
 }
 
-// Without a separator at the end, which would count as a further part of the path.
+// Normal form without a separator at the end, which would count as one more part of the path.
 fs::path Normal(const fs::path& path) {
     fs::path normal = path.lexically_normal();
     return normal.has_filename() || normal == normal.root_path() ? normal : normal.parent_path();
@@ -93,7 +93,7 @@ std::optional<fs::path> Drives::Root(QChar letter) {
         }
         return std::nullopt;
     };
-    // The mounts are asked for only where they matter: a dead one may hold the question up.
+    // The mounts are listed only if need be: a dead one may block the call.
     if (auto root = find(m_fixed))
         return root;
     return find(List());

@@ -24,11 +24,11 @@ class Drives {
 public:
     Drives(const std::filesystem::path& home, const QString& overrides);
 
-    /// All drives that are there now, by letter.
+    /// All drives that are there now, sorted by letter.
     std::vector<Drive> List();
-    /// The folder behind a letter of either case; empty if there is no such drive now.
+    /// The root folder of a letter of either case; nullopt if there is no such drive now.
     std::optional<std::filesystem::path> Root(QChar letter);
-    /// The drive with the longest root that holds the absolute path.
+    /// The drive that holds the absolute path; of several, the one with the longest root.
     Drive Holding(const std::filesystem::path& native);
 
 private:

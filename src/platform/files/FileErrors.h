@@ -5,12 +5,11 @@
 
 namespace platform {
 
-/// A number of errno, or one of ours, on its way to the one place that knows the path and the verb.
+/// Thrown where a call fails; whoever knows the path and the verb turns it into a Failure.
 struct SystemError {
-    int number;
+    int number; ///< an errno, or one of those below
 };
 
-/// Our own numbers beside those of errno.
 inline constexpr int kNotRegular = -1;
 inline constexpr int kTooLarge = -2;
 inline constexpr int kNoParent = -3; // the folder that would hold it is missing
@@ -18,16 +17,16 @@ inline constexpr int kNoParent = -3; // the folder that would hold it is missing
 /// Throws errno as a SystemError.
 [[noreturn]] void ThrowErrno();
 
-/// The Spanish reason for a number of errno or of ours.
+/// The Spanish reason for the number of a SystemError.
 QString ErrorText(int error);
 
 /// The text of a failure: the verb in Spanish ("abrir"), the file and the reason.
 QString FileFailureText(QStringView verb, const QString& path, const QString& reason);
 Failure FileFailure(QStringView verb, const QString& path, SystemError error);
-/// The same of a file to be written. One that isn't there yet is no failure, so it is its folder
-/// that is missing.
+/// The same for a file that is saved. The file need not exist, so ENOENT means that its folder
+/// doesn't.
 Failure SaveFailure(const QString& path, SystemError error);
-/// The same of a folder.
+/// The same for a folder.
 Failure FolderFailure(QStringView verb, const QString& path, SystemError error);
 
 } // namespace platform

@@ -21,9 +21,9 @@ public:
     /// Fails unless it is a regular file.
     void RequireRegular() const;
 
-    /// Fills the buffer from the offset on; answers how many bytes there were, fewer at the end.
+    /// Fills the buffer from the offset on; returns the bytes read, fewer than asked at the end.
     qsizetype Read(std::span<char> buffer, qint64 offset) const;
-    /// All of it, however it grows meanwhile, up to 1 GiB; fails (kTooLarge) beyond.
+    /// The whole file, also what is added while it is read; fails (kTooLarge) beyond 1 GiB.
     QByteArray ReadAll() const;
     void Write(QByteArrayView bytes, qint64 offset) const;
     void Sync() const;
@@ -32,7 +32,7 @@ private:
     core::FileDescriptor m_descriptor;
 };
 
-/// Puts the names in a folder on the disk. Some file systems can't; then nothing happens.
+/// Writes a folder's entries to the disk (fsync). Does nothing where the file system can't.
 void SyncFolder(const std::filesystem::path& folder);
 
 } // namespace platform

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A folder without permissions can't be emptied. Links are left alone.
+// Makes all folders below writable too: else they can't be emptied. Links are left alone.
 void MakeWritable(const fs::path& folder) {
     std::error_code error;
     fs::permissions(folder, fs::perms::owner_all, fs::perm_options::add, error);

@@ -10,8 +10,8 @@ class FileSystemObject {
 public:
     /// True for a file, or a link to one; false for a folder and for a path that can't be one.
     bool FileExists(const QString& path) const;
-    /// Removes a file; one without write permission only with `force`. Fails with a text that names
-    /// the file and the reason.
+    /// Removes a file; a write-protected one only with `force`. Fails with a text that names the
+    /// file and the reason.
     void DeleteFile(const QString& path, bool force = false) const;
 
     /// Folder and name with exactly one separator between them.
@@ -19,10 +19,10 @@ public:
 
     /// True for a folder, or a link to one.
     bool FolderExists(const QString& path) const;
-    /// Removes a folder, or a file, with all it holds, and what has no write permission too with
-    /// `force`. Links are removed, never followed, the path itself too. Fails as DeleteFile does.
+    /// Removes a folder with all it holds, or a file; with `force` write-protected ones too. Links
+    /// are removed, never followed, even if the path is one. Fails as DeleteFile does.
     void DeleteFolder(const QString& path, bool force = false) const;
-    /// Makes one folder, in one that is there. Fails as DeleteFile does.
+    /// Makes one folder, whose parent must exist. Fails as DeleteFile does.
     void CreateFolder(const QString& path) const;
 };
 

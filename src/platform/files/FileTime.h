@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// A moment in UTC by the calendar.
+/// A calendar date and time in UTC.
 struct SystemTime {
     int year;
     unsigned month; ///< from 1
@@ -16,8 +16,8 @@ struct SystemTime {
     int second;
 };
 
-/// File times count steps of 100 ns since the begin of 1601, in UTC. A moment outside their range
-/// is the nearest one within.
+/// File times count 100 ns since 1601-01-01 in UTC. A time outside their range becomes the nearest
+/// one within.
 qint64 ToFileTime(const timespec& time);
 SystemTime FileTimeToSystemTime(qint64 fileTime);
 

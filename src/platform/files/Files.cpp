@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 
 constexpr int kLargestLinkDepth = 40;
 
-// Where the bytes belong: the end of a chain of symbolic links, which need not exist.
+// The file that a chain of symbolic links leads to; it need not exist.
 fs::path EndOfLinks(fs::path path) {
     std::error_code error;
     for (int depth = 0; fs::is_symlink(fs::symlink_status(path, error)); ++depth) {
@@ -56,7 +56,7 @@ bool ReplacementWouldLose(const fs::path& target, const struct stat& status) {
     return status.st_nlink > 1 || foreign || listed;
 }
 
-// Space is taken before the first old byte is overwritten, so a full disk shows early.
+// Allocates the space before the first old byte is overwritten, so that a full disk loses nothing.
 void Reserve(const FileHandle& handle, qsizetype oldSize, qsizetype newSize) {
     if (newSize <= oldSize)
         return;
@@ -103,7 +103,7 @@ void WriteOver(const fs::path& target, const QByteArray& bytes, const struct sta
     fresh.Write(bytes, 0);
     if (!inPlace)
         return fresh.TakePlace();
-    fresh.Sync(); // the whole text stands beside it meanwhile
+    fresh.Sync(); // a whole copy stays beside it while it is rewritten
     WriteInPlace(target, bytes);
 }
 
@@ -121,7 +121,7 @@ void WriteNative(const fs::path& path, const QByteArray& bytes) {
     }
 }
 
-// The permissions of a new file in the place of the one that is there.
+// The permissions of a file that replaces the one at the path.
 mode_t ModeInPlaceOf(const fs::path& path) {
     struct stat status = {};
     if (::lstat(path.c_str(), &status) != 0 || S_ISLNK(status.st_mode))
@@ -166,7 +166,7 @@ QByteArray ReadFileHead(const QString& path, qint64 count) {
 
 QByteArray ReadFile(const QString& path) {
     try {
-        // Without O_NONBLOCK the opening of a pipe would wait for a writer.
+        // Without O_NONBLOCK, opening a pipe would wait for a writer.
         const FileHandle handle(ToNative(path), O_RDONLY | O_NONBLOCK);
         handle.RequireRegular();
         return handle.ReadAll();

@@ -64,7 +64,7 @@ quint32 TypeAttribute(mode_t mode) {
     return special ? quint32{FILE_ATTRIBUTE_SYSTEM} : 0U;
 }
 
-// What can be told of an entry, from the folder alone if need be; nothing if it has vanished.
+// What is known of an entry, at least its name and type; nullopt if it has vanished.
 std::optional<FoundFile> Look(int folder, const dirent& entry, bool hasAttributes) {
     const std::string_view name = entry.d_name;
     FoundFile found{FromNativeName(QByteArrayView(name))};
@@ -78,7 +78,7 @@ std::optional<FoundFile> Look(int folder, const dirent& entry, bool hasAttribute
         if (::faccessat(folder, entry.d_name, W_OK, AT_EACCESS) != 0)
             found.attributes |= FILE_ATTRIBUTE_READONLY;
     } else if (::fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0) {
-        found.lastWriteTime = ToFileTime(status.st_mtim); // a link that leads nowhere for this user
+        found.lastWriteTime = ToFileTime(status.st_mtim); // of a link with no target
         found.attributes |= TypeAttribute(status.st_mode);
     } else if (errno != ENOENT) {
         found.attributes |= TypeAttribute(DTTOIF(entry.d_type));

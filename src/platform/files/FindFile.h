@@ -7,7 +7,7 @@
 
 namespace platform {
 
-/// The bits of an attribute word.
+/// The bits of an attribute word; those up to 32 are FAT's own.
 enum FileAttribute : quint32 {
     FILE_ATTRIBUTE_READONLY = 1,
     FILE_ATTRIBUTE_HIDDEN = 2,
@@ -22,9 +22,9 @@ enum FileAttribute : quint32 {
 /// One entry of a folder. A link counts as what it leads to; one that leads nowhere is an empty
 /// file.
 ///
-/// The attributes are the file system's own where it has them (FAT), all of them. Elsewhere
-/// read-only is what this user may not write, hidden is a name that begins with a point, system is
-/// a socket, pipe or device, and normal is a file with none of these.
+/// On FAT all attributes are the file system's own. Elsewhere read-only is what this user may not
+/// write, hidden is a name that begins with a point, system is a socket, pipe or device, and normal
+/// is a file with none of these.
 struct FoundFile {
     QString name; ///< as in a program path
     quint32 attributes = 0;
@@ -36,7 +36,7 @@ struct FoundFile {
 /// most `limit`; "." and ".." are left out. Nothing if the folder isn't there or can't be read.
 std::optional<std::vector<FoundFile>> FindFiles(const QString& folder, size_t limit);
 
-/// The attribute word of a file system that has one, as the rest of the program knows it.
+/// A FAT attribute word as FileAttribute bits.
 quint32 FromFatAttributes(quint32 attributes);
 
 } // namespace platform

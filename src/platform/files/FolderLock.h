@@ -7,9 +7,9 @@
 
 namespace platform {
 
-/// While it lives, no other copy of the program that asks for the same folder's lock goes on. It
-/// leaves no file behind and ends with the process, however that ends. A folder that can't be
-/// locked, or not within a short time, stops nobody.
+/// Holds a lock (flock) on a folder against other copies of the program. It leaves no file behind
+/// and ends with the process, however that ends. If it can't be had within 2 s, the program goes on
+/// without it.
 class FolderLock {
 public:
     explicit FolderLock(const std::filesystem::path& folder);

@@ -15,8 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The entry of the folder that bears the name, of whatever case; the first of several by its bytes.
-// The name itself if there is none.
+// The entry of the folder with that name in any case; of several, the first in byte order. The name
+// itself if there is none.
 fs::path FindEntry(const fs::path& folder, const std::string& name) {
     std::error_code error;
     if (fs::exists(fs::symlink_status(folder / name, error)))
@@ -34,7 +34,7 @@ fs::path FindEntry(const fs::path& folder, const std::string& name) {
     return best.empty() ? fs::path(name) : best;
 }
 
-// "/" if the current directory is gone: what is looked for there isn't found.
+// "/" if the current directory has been deleted.
 fs::path CurrentFolder() {
     std::error_code error;
     fs::path current = fs::current_path(error);
@@ -85,7 +85,7 @@ fs::path ToNative(const QString& path, LastName lastName) {
 QString FromNative(const fs::path& native) {
     fs::path absolute = CurrentFolder() / native;
     std::error_code error;
-    // Behind a link to a folder, ".." is not what the text says.
+    // After a link, ".." is the parent of the link's target, which lexically_normal doesn't know.
     if (std::find(absolute.begin(), absolute.end(), "..") != absolute.end())
         absolute = fs::weakly_canonical(absolute.parent_path(), error) / absolute.filename();
     absolute = absolute.lexically_normal();

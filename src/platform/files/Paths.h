@@ -8,11 +8,11 @@
 
 namespace platform {
 
-/// Program paths are what the program thinks in: C:\juegos\juego.lua. Native paths are this
-/// desktop's, as bytes; their names are told as in NativeNames.h.
+/// Program paths are what the program uses throughout: C:\juegos\juego.lua. Native paths are those
+/// of the system, in bytes; platform/text/NativeNames.h defines how their names are converted.
 
-/// How the last name of a path is looked for. Whoever writes or deletes takes it as written, so
-/// that no other file is hit that differs in case.
+/// How the last name of a path is looked for. Writing and deleting take it as written, so that they
+/// don't hit a file whose name differs in case.
 enum class LastName { AnyCase, AsWritten };
 
 /// The native path of a program path. A relative one starts at the current directory; "/" separates
@@ -24,11 +24,11 @@ std::filesystem::path ToNative(const QString& path, LastName lastName = LastName
 /// The program path of a native path; a relative one starts at the current directory.
 QString FromNative(const std::filesystem::path& native);
 
-/// The program path of the file named by the arguments behind the program's name: several are one
-/// path with single blanks between them; empty without any.
+/// The program path of the file that the arguments, without the program's name, stand for: joined
+/// by single blanks they are one path. Empty without any.
 QString CommandLinePath(const std::vector<std::string>& arguments);
 
-/// Moves the current drive and directory. Fails (PathNotFound) if the folder can't be entered.
+/// Changes the current drive and directory. Fails (PathNotFound) if the folder can't be entered.
 void ChangeDirectory(const QString& folder);
 
 } // namespace platform

@@ -16,7 +16,7 @@
 namespace platform {
 namespace {
 
-// A line of the file without its line end, and where it stands.
+// A line of the file without its line end, and its offset in bytes.
 struct Line {
     qsizetype start = 0;
     QByteArrayView text;
@@ -41,7 +41,7 @@ bool SameName(QByteArrayView a, QByteArrayView b) {
     return FromCodePage(a.trimmed()).compare(FromCodePage(b.trimmed()), Qt::CaseInsensitive) == 0;
 }
 
-// The name of a section line, without the brackets.
+// The name in a section line, without the brackets; nullopt for any other line.
 std::optional<QByteArrayView> SectionOf(const Line& line) {
     const QByteArrayView text = line.text.trimmed();
     if (!text.startsWith('['))
@@ -57,7 +57,7 @@ bool IsKey(const Line& line, QByteArrayView key) {
     return equals >= 0 && SameName(line.text.first(equals), key);
 }
 
-// The lines behind the section's own, up to the next section.
+// The lines of a section without its heading, up to the next section.
 struct Section {
     size_t first = 0;
     size_t end = 0;
@@ -83,7 +83,7 @@ const Line* FindKey(const std::vector<Line>& lines, const Section& section, QByt
     return line == end ? nullptr : &*line;
 }
 
-// Behind the section's last line that isn't blank.
+// The offset after the section's last line that isn't blank.
 qsizetype PlaceForNewKey(const std::vector<Line>& lines, const Section& section) {
     size_t last = section.end;
     while (last > section.first && lines[last - 1].text.trimmed().isEmpty())

@@ -39,7 +39,7 @@ fs::path ChooseFolder(const fs::path& executable) {
     return fs::path(data.toStdString()) / "quillmark";
 }
 
-// The copy of an installed file is the user's to write.
+// Copies an installed file and makes the copy writable for the user.
 void Copy(const fs::path& from, const fs::path& to) {
     try {
         const FileHandle source(from, O_RDONLY);
@@ -51,10 +51,10 @@ void Copy(const fs::path& from, const fs::path& to) {
     }
 }
 
-// A program is linked where the file system can, so that it stays the one that is installed.
+// Links a program if the file system can, so that an update of the installation reaches it.
 void Install(const fs::path& from, const fs::path& to) {
     std::error_code error;
-    if (fs::is_symlink(to)) // of a former installation
+    if (fs::is_symlink(to)) // to a former installation
         fs::remove(to);
     if (CanRun(from))
         fs::create_symlink(from, to, error);
@@ -83,7 +83,7 @@ void PrepareProgramFolder(const fs::path& executable) {
     const fs::path prefix = executable.parent_path().parent_path();
     try {
         fs::create_directories(Folder());
-        const FolderLock lock(Folder()); // two first starts at once
+        const FolderLock lock(Folder()); // against a second first start
         for (const char* installed : {"share", "libexec"})
             CopyMissing(prefix / installed / "quillmark", Folder());
     } catch (const fs::filesystem_error& error) {

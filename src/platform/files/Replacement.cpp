@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A name is .quillmark-PID-N.tmp.
+// The name of a replacement is .quillmark-PID-N.tmp, PID being the process that writes it.
 constexpr std::string_view kPrefix = ".quillmark-";
 constexpr std::string_view kSuffix = ".tmp";
 

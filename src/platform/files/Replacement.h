@@ -9,23 +9,23 @@
 
 namespace platform {
 
-/// A file that is written under a name of its own beside the one whose place it takes when it is
-/// whole; it is gone again unless it takes it. What a copy of the program that was killed left of
-/// this kind in the same folder goes too. Each operation throws a SystemError.
+/// Writes a file under a temporary name beside the target, whose place it takes once it is whole;
+/// the destructor deletes it unless TakePlace was called. The constructor also deletes those that
+/// killed copies of the program left in the folder. Each operation throws a SystemError.
 class Replacement {
 public:
-    /// The permissions are those of `mode` less the umask.
+    /// `mode` as of open(2): the umask is taken off.
     explicit Replacement(const std::filesystem::path& target, mode_t mode = 0666);
     ~Replacement();
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
 
-    /// Takes over owner and permissions.
+    /// Takes over owner and permissions of another file.
     void Resemble(const struct stat& other) const;
-    /// The disk begins to write at once, so that there is little left to wait for at the end.
+    /// The disk begins to write at once, which leaves Sync little to wait for.
     void Write(QByteArrayView bytes, qint64 offset);
     void Sync();
-    /// Syncs it if that hasn't been done, gives it the target's name and syncs the folder.
+    /// Syncs the file if need be, renames it to the target and syncs the folder.
     void TakePlace();
 
 private:

@@ -47,7 +47,7 @@ QByteArray CodePageToUtf8(QByteArrayView bytes) {
     char* out = utf8.data();
     for (const char c : bytes) {
         const Sequence& sequence = table[static_cast<unsigned char>(c)];
-        std::memcpy(out, sequence.bytes, kSequenceRoom); // a fixed size is one move
+        std::memcpy(out, sequence.bytes, kSequenceRoom); // a constant size: one move
         out += sequence.length;
     }
     utf8.truncate(out - utf8.data());
@@ -71,7 +71,7 @@ QByteArray ToCodePageLossy(QStringView text) {
     bytes.reserve(text.size());
     for (const QChar c : text) {
         if (c.isLowSurrogate())
-            continue; // its high half has become the "?"
+            continue; // its high surrogate has become the "?"
         const int byte = core::ToWindows1252(c.unicode());
         bytes.append(byte < 0 ? '?' : static_cast<char>(byte));
     }

@@ -7,18 +7,17 @@
 
 namespace platform {
 
-/// The 8-bit code page of the program's files: Windows-1252 as the WHATWG Encoding Standard defines
-/// it, so the five bytes without a character (81, 8D, 8F, 90, 9D) stand for the C1 controls of the
-/// same value, both ways.
+/// The 8-bit code page of the program's files: Windows-1252 as core/Windows1252.h defines it. Every
+/// byte has a character.
 QString FromCodePage(QByteArrayView bytes);
 
-/// The same as UTF-8, without the way round.
+/// The same, straight to UTF-8.
 QByteArray CodePageToUtf8(QByteArrayView bytes);
 
-/// Empty if a character has no place in the code page.
+/// The bytes of a text; nullopt if a character is not in the code page.
 std::optional<QByteArray> ToCodePage(QStringView text);
 
-/// As ToCodePage, with "?" for each character that has no place. Never for a user's own file.
+/// As ToCodePage, with "?" for each character not in it. It loses text: never for a user's file.
 QByteArray ToCodePageLossy(QStringView text);
 
 } // namespace platform

@@ -15,7 +15,7 @@ bool Travels(unsigned char code) {
            QByteArrayView(R"(\:*?"<>|)").contains(static_cast<char>(code));
 }
 
-// The code of a travelling character, or 0.
+// The code of a character that travels as U+F000 + code; 0 for any other.
 unsigned char TravelCode(QChar c) {
     const int code = c.unicode() - kTravelBase;
     const bool inRange = code > 0 && code <= 0xFF;
@@ -23,7 +23,7 @@ unsigned char TravelCode(QChar c) {
                                                                 : 0;
 }
 
-// Length in bytes of the character of valid UTF-8 at the front, or 0.
+// Length in bytes of the first character; 0 if it isn't valid UTF-8.
 qsizetype CharacterLength(QByteArrayView bytes) {
     for (qsizetype length = 1; length <= std::min<qsizetype>(4, bytes.size()); ++length) {
         if (bytes.first(length).isValidUtf8())

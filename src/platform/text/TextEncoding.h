@@ -22,17 +22,17 @@ struct EncodedText {
     QByteArray bytes;
 };
 
-/// Tells the encoding of a file's bytes and turns them into UTF-8. What has no mark and is not
-/// valid UTF-8, or is plain ASCII, counts as the code page. EncodeText of the result gives the same
-/// bytes. Fails (InvalidText) on NUL characters and on broken UTF-16: no text editor can hold
-/// these.
+/// Detects the encoding of a file's bytes and converts them to UTF-8. Bytes without a mark are in
+/// the code page if they aren't valid UTF-8 or are plain ASCII. EncodeText of the result gives the
+/// same bytes. Fails (InvalidText) on NUL characters and on broken UTF-16, which no text editor can
+/// hold.
 DecodedText DecodeText(const QByteArray& bytes);
 
-/// The bytes for a user's own file. A text that can't be held in the code page, or that would be
-/// read back otherwise from it, becomes UTF-8 without a mark.
+/// The bytes for a user's own file. Where the code page is wanted, a text that doesn't fit it, or
+/// that DecodeText would read back differently, becomes UTF-8 without a mark.
 EncodedText EncodeText(const QByteArray& utf8, TextEncoding wanted);
 
-/// The bytes of a script for a player, which nobody reads back: in the code page whenever the text
+/// The bytes of a script for a player, which needn't be decoded again: in the code page if the text
 /// fits it, else UTF-8 without a mark.
 QByteArray EncodeForPlayer(const QString& text);
 
