@@ -104,14 +104,14 @@ TEST(DisposicionCabecera, TextAndIconStandAsTheFormatSays) {
     for (const auto& [fmt, ancho, derecha, texto, icono] : casos) {
         const Columna columna = {{10, 0, ancho, 20}, {30, 13}, {16, 16}};
         const Posiciones posiciones = Disponer(columna, CasoDe(fmt).value(), derecha);
-        EXPECT_EQ(QPoint(texto, 4), posiciones.texto) << fmt << derecha;
-        EXPECT_EQ(icono, posiciones.conIcono ? posiciones.icono.x() : -1) << fmt << derecha;
-        EXPECT_EQ(2, posiciones.icono.y());
-        EXPECT_EQ(ancho - 18 - (fmt >= 18432 ? 16 : 0), AnchoTitulo(columna, CasoDe(fmt).value()));
+        EXPECT_EQ(posiciones.texto, QPoint(texto, 4)) << fmt << derecha;
+        EXPECT_EQ(posiciones.conIcono ? posiciones.icono.x() : -1, icono) << fmt << derecha;
+        EXPECT_EQ(posiciones.icono.y(), 2);
+        EXPECT_EQ(AnchoTitulo(columna, CasoDe(fmt).value()), ancho - 18 - (fmt >= 18432 ? 16 : 0));
     }
     EXPECT_FALSE(CasoDe(1).has_value());
-    EXPECT_EQ(12, AnchoCelda(112)); // 12.4
-    EXPECT_EQ(2, Redondeado(2.5));
+    EXPECT_EQ(AnchoCelda(112), 12); // 12.4
+    EXPECT_EQ(Redondeado(2.5), 2);
     const auto medir = [](const QString& titulo) { return int(titulo.size()) * 10; };
     const std::tuple<QString, int, QString> titulos[] = {
         {u"Nombre"_s, 60, u"Nombre"_s},       {u"Nombre"_s, 59, u"No..."_s},
@@ -119,7 +119,7 @@ TEST(DisposicionCabecera, TextAndIconStandAsTheFormatSays) {
         {u"Nombre"_s, -5, QString()},         {QString(), -5, QString()},
         {u"N\U0001F600mbre"_s, 59, u"N..."_s}};
     for (const auto& [titulo, ancho, recortado] : titulos)
-        EXPECT_EQ(recortado, Recortar(titulo, ancho, medir)) << ancho;
+        EXPECT_EQ(Recortar(titulo, ancho, medir), recortado) << ancho;
 }
 
 TEST(PinturaCabecera, ColumnsShowTheCellsOfTheirLook) {
@@ -139,29 +139,29 @@ TEST(PinturaCabecera, ColumnsShowTheCellsOfTheirLook) {
         estado.pulsado = pulsado;
         const QImage imagen = Pintada(columnas, estado);
         const auto rojo = [&](int x) { return imagen.pixelColor(x, 1).red(); };
-        EXPECT_EQ(rojos, (std::array{rojo(61), rojo(64), rojo(100), rojo(118)}));
-        EXPECT_EQ(rojos[1] == 0 ? 20 : rojos[1], rojo(115)); // the background's end
-        EXPECT_EQ(40, rojo(58));                             // the column before is always normal
-        EXPECT_EQ(0, rojo(40));
-        EXPECT_EQ(40, rojo(123)); // narrower than its ends
-        EXPECT_EQ(20, rojo(126)); // the background begins at column 1 of the skin, ends in cell 1
+        EXPECT_EQ((std::array{rojo(61), rojo(64), rojo(100), rojo(118)}), rojos);
+        EXPECT_EQ(rojo(115), rojos[1] == 0 ? 20 : rojos[1]); // the background's end
+        EXPECT_EQ(rojo(58), 40);                             // the column before is always normal
+        EXPECT_EQ(rojo(40), 0);
+        EXPECT_EQ(rojo(123), 40); // narrower than its ends
+        EXPECT_EQ(rojo(126), 20); // the background begins at column 1 of the skin, ends in cell 1
         const QColor visto = imagen.pixelColor(donde + QPoint(1, 1));
-        EXPECT_NEAR(color.red(), visto.red(), 2);
-        EXPECT_NEAR(color.green(), visto.green(), 2);
-        EXPECT_EQ(QRect(donde, QSize(8, 8)), Tinta(imagen, &QColor::green));
+        EXPECT_NEAR(visto.red(), color.red(), 2);
+        EXPECT_NEAR(visto.green(), color.green(), 2);
+        EXPECT_EQ(Tinta(imagen, &QColor::green), QRect(donde, QSize(8, 8)));
     }
 }
 
 TEST(PinturaCabecera, TitlesHaveTheColourTheFontAndTheRoomOfTheirLook) {
     const std::vector<ColumnaCabecera> columnas = {{{0, 0, 90, 20}, QString(20, u'H'), 16384, {}}};
     const QRect normal = Tinta(Pintada(columnas, Estado(-1)), &QColor::blue);
-    EXPECT_NEAR(10, normal.left(), 1);
+    EXPECT_NEAR(normal.left(), 10, 1);
     EXPECT_TRUE(normal.right() > 60 && normal.right() < 81); // cut before the end of the column
-    EXPECT_NEAR(10, normal.center().y(), 1);
+    EXPECT_NEAR(normal.center().y(), 10, 1);
     EstadoCabecera estado = Estado(0);
-    EXPECT_EQ(normal, Tinta(Pintada(columnas, estado), &QColor::green));
+    EXPECT_EQ(Tinta(Pintada(columnas, estado), &QColor::green), normal);
     estado.pulsado = true;
-    EXPECT_EQ(normal.translated(1, 1), Tinta(Pintada(columnas, estado), &QColor::green));
+    EXPECT_EQ(Tinta(Pintada(columnas, estado), &QColor::green), normal.translated(1, 1));
 }
 
 TEST_F(CSubclassListViewTest, TheLooksFollowTheMouse) {
