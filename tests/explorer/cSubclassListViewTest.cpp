@@ -61,9 +61,9 @@ struct Paints : QObject {
     int count = 0;
 };
 
-class CSubclassListViewTest : public testing::Test {
+class cSubclassListViewTest : public testing::Test {
 protected:
-    CSubclassListViewTest() {
+    cSubclassListViewTest() {
         QPixmap green(16, 16);
         green.fill(Qt::green);
         icons.AddImage(u"verde"_s, green);
@@ -93,7 +93,7 @@ protected:
 
 } // namespace
 
-TEST(DisposicionCabecera, TextAndIconStandAsTheFormatSays) {
+TEST(DisposicionCabeceraTest, TextAndIconStandAsTheFormatSays) {
     // Of columns from 10 on, 20 high, with a title of 30 x 13 and icons of 16 x 16; -1: no icon.
     const std::tuple<int, int, bool, int, int> casos[] = {
         {0, 101, false, 19, -1},     {16384, 101, true, 19, -1},  {16385, 101, false, 72, -1},
@@ -122,7 +122,7 @@ TEST(DisposicionCabecera, TextAndIconStandAsTheFormatSays) {
         EXPECT_EQ(Recortar(titulo, ancho, medir), recortado) << ancho;
 }
 
-TEST(PinturaCabecera, ColumnsShowTheCellsOfTheirLook) {
+TEST(PinturaCabeceraTest, ColumnsShowTheCellsOfTheirLook) {
     QPixmap icono(8, 8);
     icono.fill(Qt::green);
     const std::vector<ColumnaCabecera> columnas = {{{0, 0, 60, 20}, QString(), 16384, {}},
@@ -152,7 +152,7 @@ TEST(PinturaCabecera, ColumnsShowTheCellsOfTheirLook) {
     }
 }
 
-TEST(PinturaCabecera, TitlesHaveTheColourTheFontAndTheRoomOfTheirLook) {
+TEST(PinturaCabeceraTest, TitlesHaveTheColourTheFontAndTheRoomOfTheirLook) {
     const std::vector<ColumnaCabecera> columnas = {{{0, 0, 90, 20}, QString(20, u'H'), 16384, {}}};
     const QRect normal = Tinta(Pintada(columnas, Estado(-1)), &QColor::blue);
     EXPECT_NEAR(normal.left(), 10, 1);
@@ -164,7 +164,7 @@ TEST(PinturaCabecera, TitlesHaveTheColourTheFontAndTheRoomOfTheirLook) {
     EXPECT_EQ(Tinta(Pintada(columnas, estado), &QColor::green), normal.translated(1, 1));
 }
 
-TEST_F(CSubclassListViewTest, TheLooksFollowTheMouse) {
+TEST_F(cSubclassListViewTest, TheLooksFollowTheMouse) {
     skin.SkinPicture(Skin());
     Move(150);
     EXPECT_EQ(Ends(), (QList{0, 60, 0}));
@@ -201,7 +201,7 @@ TEST_F(CSubclassListViewTest, TheLooksFollowTheMouse) {
     EXPECT_EQ(others.count, 0);
 }
 
-TEST_F(CSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
+TEST_F(cSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
     const platform::HWnd window = platform::HandleOf(&list);
     EXPECT_EQ(skin.GetListviewColumn(window, 1), QString(32, u'i'));
     EXPECT_EQ(skin.GetListviewColumn(window, 2), u"dos"_s);

@@ -26,16 +26,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class ClsListFileTest : public testing::Test, public explorer::MarcoExplorador {
+class clsListFileTest : public testing::Test, public explorer::MarcoExplorador {
 protected:
-    ClsListFileTest() {
+    clsListFileTest() {
         QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
         lista->SetControls(view, pequenas, grandes);
         lista->changePath = [this](const QString& Ruta) { rutas.append(Ruta); };
         view.resize(600, 400);
         view.show();
     }
-    ~ClsListFileTest() override { QLocale::setDefault(QLocale::c()); }
+    ~clsListFileTest() override { QLocale::setDefault(QLocale::c()); }
 
     void AbrirProyecto(const QString& ruta, const QString& rotulo) override {
         rutas.append(rotulo + u" <- "_s + ruta);
@@ -97,7 +97,7 @@ protected:
 
 } // namespace
 
-TEST_F(ClsListFileTest, TheRowsOfAFolder) {
+TEST_F(clsListFileTest, EachEntryOfAFolderHasItsRow) {
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".tipo"_s, u"clase"_s);
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"clase"_s, u"Tipo propio"_s);
     Put("b.TIPO", 1023);
@@ -141,7 +141,7 @@ TEST_F(ClsListFileTest, TheRowsOfAFolder) {
     EXPECT_EQ(view.SmallIcons(), nullptr);
 }
 
-TEST_F(ClsListFileTest, RowsShowTheIconsOfTheirKindAndRunDownAndThenAcross) {
+TEST_F(clsListFileTest, RowsShowTheIconsOfTheirKindAndRunDownAndThenAcross) {
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".tipo"_s, u"clase"_s);
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"clase\\DefaultIcon"_s, u"C:\\azul.ico"_s);
     Put("a.tipo", 0);
@@ -179,7 +179,7 @@ TEST_F(ClsListFileTest, RowsShowTheIconsOfTheirKindAndRunDownAndThenAcross) {
     EXPECT_TRUE(!view.Icons() && !view.SmallIcons());
 }
 
-TEST_F(ClsListFileTest, WhatIsNotToBeReadIsAnEmptyList) {
+TEST_F(clsListFileTest, WhatIsNotToBeReadIsAnEmptyList) {
     Put("a.txt", 0);
     for (const QString& path : {u"C:\\no"_s, u"Q:\\"_s, u":\\"_s, u"C:\\d\\a.txt"_s}) {
         lista->Listar(u"C:\\d\\"_s);
@@ -209,7 +209,7 @@ TEST_F(ClsListFileTest, WhatIsNotToBeReadIsAnEmptyList) {
     }
 }
 
-TEST_F(ClsListFileTest, DoubleClickAndUp) {
+TEST_F(clsListFileTest, ADoubleClickOpensAndUpLeadsBack) {
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".qmk"_s, u"clase"_s);
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u"clase"_s, u"Quillmark"_s);
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".abrir"_s, u"otra"_s);
@@ -239,7 +239,7 @@ TEST_F(ClsListFileTest, DoubleClickAndUp) {
     EXPECT_EQ(rutas.size(), 5);
 }
 
-TEST_F(ClsListFileTest, AListingThatIsOvertakenEnds) {
+TEST_F(clsListFileTest, AListingThatIsOvertakenEnds) {
     Put("uno", 0);
     home.Put("e/dos", {});
     QTimer::singleShot(0, [this] { lista->Listar(u"C:\\e"_s); });
@@ -252,7 +252,7 @@ TEST_F(ClsListFileTest, AListingThatIsOvertakenEnds) {
     EXPECT_TRUE(rutas.isEmpty());
 }
 
-TEST_F(ClsListFileTest, WhatIsOutOfTheOrdinaryHasLimits) {
+TEST_F(clsListFileTest, WhatIsOutOfTheOrdinaryHasLimits) {
     EXPECT_EQ(platform::FromFatAttributes(0), platform::FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(explorer::TextoAtributos(platform::FromFatAttributes(0x27)), u"RHSA"_s);
     EXPECT_EQ(explorer::TextoAtributos(0xFFF), u"TRHSNCA"_s);

@@ -64,7 +64,7 @@ protected:
 
 } // namespace
 
-TEST(ListView, TellsItsColumnsAndOpensTheChosenRow) {
+TEST(ListViewTest, TellsItsColumnsAndOpensTheChosenRow) {
     QPixmap red(16, 16);
     red.fill(Qt::red);
     ImageList icons;
@@ -106,7 +106,7 @@ TEST(ListView, TellsItsColumnsAndOpensTheChosenRow) {
     EXPECT_EQ(list.Count() + list.SelectedIndex(), 0);
 }
 
-TEST(FileListBox, ListsTheMatchingFilesAndTellsEachChoice) {
+TEST(FileListBoxTest, ListsTheMatchingFilesAndTellsEachChoice) {
     const support::TestHome home;
     for (const char* name : {"b.PNG", "A.png", "c.jpg", ".d.png", "lat\xED.png"})
         home.Put(name, "x");
@@ -135,7 +135,7 @@ TEST(FileListBox, ListsTheMatchingFilesAndTellsEachChoice) {
     EXPECT_EQ(clicks.count(), 4);
 }
 
-TEST(DirListBox, ShowsTheWayToAFolderAndWhatIsInIt) {
+TEST(DirListBoxTest, ShowsTheWayToAFolderAndWhatIsInIt) {
     const support::TestHome home;
     for (const char* name : {"a/dos/x", "a/Uno/x", "a/archivo"})
         home.Put(name, "");
@@ -167,7 +167,7 @@ TEST(DirListBox, ShowsTheWayToAFolderAndWhatIsInIt) {
     EXPECT_EQ(texts(), u"Q:\\"_s);
 }
 
-TEST(DriveListBox, TellsOnlyAnotherDrive) {
+TEST(DriveListBoxTest, TellsOnlyAnotherDrive) {
     const support::TestHome home;
     DriveListBox drives;
     drives.Drive(u"Z:"_s);

@@ -262,7 +262,7 @@ TEST_F(FilesTest, FailuresNameTheFileAndTheReason) {
     EXPECT_TRUE(FailureOf([] { WriteFile(QString(300, u'x'), {}); }).contains(u"demasiado largo"));
 }
 
-TEST_F(FilesTest, WithoutPermission) {
+TEST_F(FilesTest, WithoutPermissionTheOldFileStays) {
     const uid_t own = ::geteuid();
     const uid_t user = own == 0 ? 65534 : own; // root may write everything
     ASSERT_EQ(::chown(home.Root().c_str(), user, static_cast<gid_t>(-1)), 0);

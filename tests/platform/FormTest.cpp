@@ -128,7 +128,7 @@ TEST_F(FormTest, MovesInTwipsAndKnowsItsState) {
     EXPECT_EQ(frame.windowTitle(), u"a [*][*] b"_s); // the child's title stays out
 }
 
-TEST(Timer, NeverRunsInsideItsOwnHandler) {
+TEST(TimerTest, NeverRunsInsideItsOwnHandler) {
     LoudForm form;
     Timer timer(&form, &LoudForm::Tick);
     timer.Interval(1);
@@ -137,7 +137,7 @@ TEST(Timer, NeverRunsInsideItsOwnHandler) {
     EXPECT_FALSE(form.events.contains(u"<<"));
 }
 
-TEST(Arrange, CoversTheAreaOrStaysInside) {
+TEST(ArrangeTest, CoversTheAreaOrStaysInside) {
     constexpr QSize kArea(1000, 700);
     const QRect all(QPoint(0, 0), kArea);
     for (const auto& tile : {TileHorizontallyRects, TileVerticallyRects}) {
@@ -171,7 +171,7 @@ TEST(Arrange, CoversTheAreaOrStaysInside) {
     EXPECT_EQ(MovedInside({-5, 650, 100, 60}, kArea), QRect(0, 640, 100, 60));
 }
 
-TEST(Dialogs, MessageBoxesSpeakSpanishAndEscapeIsTheMildestAnswer) {
+TEST(DialogsTest, MessageBoxesSpeakSpanishAndEscapeIsTheMildestAnswer) {
     const std::tuple<Buttons, Qt::Key, Answer, QString> cases[] = {
         {Buttons::Ok, Qt::Key_Escape, Answer::Ok, u"Aceptar"_s},
         {Buttons::YesNo, Qt::Key_Escape, Answer::No, u"No Sí"_s},
@@ -193,7 +193,7 @@ TEST(Dialogs, MessageBoxesSpeakSpanishAndEscapeIsTheMildestAnswer) {
     }
 }
 
-TEST(Dialogs, FileNamesAreTakenAsTypedAndMoveTheCurrentDirectory) {
+TEST(DialogsTest, FileNamesAreTakenAsTypedAndMoveTheCurrentDirectory) {
     const support::TestHome home;
     home.Put("juegos/viejo.qmk", "x");
     CommonDialog dialog(nullptr);
@@ -229,7 +229,7 @@ TEST(Dialogs, FileNamesAreTakenAsTypedAndMoveTheCurrentDirectory) {
               u"C:\\juegos\\no está.lua"_s);
 }
 
-TEST(Dialogs, AModalFormHoldsTheProgramUntilItIsUnloaded) {
+TEST(DialogsTest, AModalFormHoldsTheProgramUntilItIsUnloaded) {
     auto* form = new Form;
     bool unloaded = false;
     QTimer::singleShot(50, form, [&] { unloaded = form->Unload(); });

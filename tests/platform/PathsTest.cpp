@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 using namespace platform;
 namespace fs = std::filesystem;
 
-TEST(Paths, GoThereAndBack) {
+TEST(PathsTest, GoThereAndBack) {
     const support::TestHome home;
     // U+F03A stands for a colon.
     const std::string names[] = {
@@ -38,7 +38,7 @@ TEST(Paths, GoThereAndBack) {
     EXPECT_EQ(DisplayText(FromNative("/a:b\xFF")), u"Z:\\a:b\uFFFD"_s);
 }
 
-TEST(Paths, NamesAreFoundWhateverTheirCase) {
+TEST(PathsTest, NamesAreFoundWhateverTheirCase) {
     const support::TestHome home;
     for (const char* name : {"PSP/Game/EBOOT.PBP", "PSP/game2/a", "Doble", "DOBLE"})
         home.Put(name, "x");
@@ -50,7 +50,7 @@ TEST(Paths, NamesAreFoundWhateverTheirCase) {
     EXPECT_EQ(ToNative(u"C:/psp/Nueva/Carpeta"_s), home.Root() / "PSP/Nueva/Carpeta");
 }
 
-TEST(Paths, RelativeOnesStartAtTheCurrentDirectory) {
+TEST(PathsTest, RelativeOnesStartAtTheCurrentDirectory) {
     const support::TestHome home;
     home.Put("una/dos/x.lua", "x");
     fs::current_path(home.Root() / "una");
@@ -64,7 +64,7 @@ TEST(Paths, RelativeOnesStartAtTheCurrentDirectory) {
     EXPECT_EQ(ToNative(u"x.lua"_s), fs::path("/x.lua"));
 }
 
-TEST(Drives, OverridesAddAndReplaceLetters) {
+TEST(DrivesTest, OverridesAddAndReplaceLetters) {
     Drives drives("/home/ana", u"E=/mnt/psp;c=/otra/;mal;F=relativa;G=/"_s);
     EXPECT_EQ(drives.Root(u'C'), fs::path("/otra"));
     EXPECT_EQ(drives.Root(u'e'), fs::path("/mnt/psp"));
@@ -75,7 +75,7 @@ TEST(Drives, OverridesAddAndReplaceLetters) {
     EXPECT_EQ(drives.Holding("/otra").letter, 'C');
 }
 
-TEST(Program, ItsFolderIsFilledWithoutTouchingWhatIsThere) {
+TEST(ProgramFolderTest, IsFilledWithoutTouchingWhatIsThere) {
     const support::TestHome home;
     const std::string data = "prefijo/share/quillmark/";
     const std::string player = "prefijo/libexec/quillmark/QM/jugar";
@@ -100,7 +100,7 @@ TEST(Program, ItsFolderIsFilledWithoutTouchingWhatIsThere) {
     EXPECT_NE(permissions & fs::perms::owner_write, fs::perms::none);
 }
 
-TEST(Program, ItsFolderWithoutAnOverride) {
+TEST(ProgramFolderTest, IsFoundWithoutAnOverride) {
     const support::TestHome home;
     home.Put("prefijo/bin/quillmark", "");
     qunsetenv("QUILLMARK_HOME");
@@ -117,7 +117,7 @@ TEST(Program, ItsFolderWithoutAnOverride) {
     EXPECT_TRUE(fs::is_directory(qgetenv("HOME").toStdString()));
 }
 
-TEST(Program, TheCommandLineIsOnePath) {
+TEST(PathsTest, TheCommandLineIsOne) {
     const support::TestHome home;
     fs::create_directories(home.Root() / "mis juegos");
     fs::current_path(home.Root() / "mis juegos");

@@ -64,7 +64,7 @@ std::vector<qsizetype> Pages(const QTextDocument& document, double width, double
 
 } // namespace
 
-TEST(RtfReader, TellsTheTextFromTheRest) {
+TEST(RtfReaderTest, TellsTheTextFromTheRest) {
     const std::pair<QByteArray, QString> cases[] = {
         {" a\r\nb\\par c\\\nd\\par", u"ab\nc\nd"_s},
         {"\\par\\par x", u"\n\nx"_s},
@@ -97,7 +97,7 @@ TEST(RtfReader, TellsTheTextFromTheRest) {
             << body.toStdString();
 }
 
-TEST(RtfReader, GivesCharactersTheirLook) {
+TEST(RtfReaderTest, GivesCharactersTheirLook) {
     const std::tuple<const char*, QString, double> fonts[] = {
         {"a", u"Uno"_s, 12}, {"\\f1\\fs21 a", u"Dos"_s, 10.5}, {"\\f1\\plain a", u"Uno"_s, 12}};
     for (const auto& [body, family, size] : fonts) {
@@ -115,7 +115,7 @@ TEST(RtfReader, GivesCharactersTheirLook) {
         EXPECT_EQ(LookOf(off), LookOf("a")) << off;
 }
 
-TEST(RtfReader, GivesParagraphsTheirLook) {
+TEST(RtfReaderTest, GivesParagraphsTheirLook) {
     const Document empty("\\fs96\\par\\fs20 a"); // the mark alone makes its lines high
     EXPECT_EQ(empty.firstBlock().charFormat().fontPointSize(), 48);
     const auto hanging = ParagraphOf("\\qc\\li720\\ri300\\fi-360\\sa60\\par\\sb150\\tqr\\tx1440 a");
@@ -142,7 +142,7 @@ TEST(RtfReader, GivesParagraphsTheirLook) {
     EXPECT_EQ(ParagraphOf("a\\page b\\par c"), ParagraphOf("c"));
 }
 
-TEST(RtfReader, SaysWhatIsWrongWithTheFile) {
+TEST(RtfReaderTest, SaysWhatIsWrongWithTheFile) {
     QTextDocument document(u"antes"_s);
     for (const char* other : {"", "{", "hola", "{\\rtx1 a}", "{\\rtfx a}", "\\rtf1 a"}) {
         EXPECT_EQ(ReadRtf(other, document), RtfResult::NotRtf) << other;
@@ -159,7 +159,7 @@ TEST(RtfReader, SaysWhatIsWrongWithTheFile) {
     EXPECT_EQ(document.toPlainText(), u"ab"_s);
 }
 
-TEST(RtfReader, LengthsAreTrueOnAnyDevice) {
+TEST(RtfReaderTest, LengthsAreTrueOnAnyDevice) {
     for (const double dpi : {96, 300, 1200}) {
         QImage device = Device(dpi);
         Document document("\\li1440\\fi-720\\ri2880\\tx2880\\sb1440\\sl-720 a\\tab\\tab b\\line c"
@@ -181,7 +181,7 @@ TEST(RtfReader, LengthsAreTrueOnAnyDevice) {
     }
 }
 
-TEST(DocumentFormatter, PagesGoOnBeyondWhatTheToolkitCanCount) {
+TEST(DocumentFormatterTest, PagesGoOnBeyondWhatTheToolkitCanCount) {
     QTextDocument document;
     document.setPlainText(u"a\n"_s.repeated(2000) + u'z');
     QTextCursor all(&document);
@@ -195,7 +195,7 @@ TEST(DocumentFormatter, PagesGoOnBeyondWhatTheToolkitCanCount) {
         ASSERT_EQ(ends[i], qsizetype(2 * (i + 1)));
 }
 
-TEST(DocumentFormatter, KnowsTablesTabsAndTheRoom) {
+TEST(DocumentFormatterTest, KnowsTablesTabsAndTheRoom) {
     QTextDocument table; // whose cells are lines of their own
     table.setHtml(u"a<table><tr><td>b<br>c</td><td>d<br>e</td></tr></table>f"_s);
     EXPECT_GE(Pages(table, 9000, 400).size(), 6);

@@ -14,7 +14,7 @@
 using namespace Qt::StringLiterals;
 using namespace platform;
 
-TEST(ProfileFile, ReadsAsTheFormatIsKnown) {
+TEST(ProfileFileTest, ReadsAsTheFormatIsKnown) {
     const QByteArray file = "; inicio\r\nsuelta=0\r\n[ Inicio ]\r\n;clave=comentario\r\n"
                             "CLAVE =  uno  \r\nclave=dos\r\nentre=\" con blancos \"\r\nvacia=\r\n"
                             "igual=a=b;c\r\n[otra]\nclave=tres\n[inicio]\nsolo=cuatro\n";
@@ -34,7 +34,7 @@ TEST(ProfileFile, ReadsAsTheFormatIsKnown) {
     EXPECT_EQ(ProfileValue("\xEF\xBB\xBF[a]\nb=c", "a", "b"), "c");
 }
 
-TEST(ProfileFile, WritingLeavesAllOtherLinesAlone) {
+TEST(ProfileFileTest, WritingLeavesAllOtherLinesAlone) {
     const QByteArray file = "; cabeza\r\n\r\n[uno]\r\nA = 1 \r\n;b=2\r\n\r\n[dos]\r\nc=3";
     EXPECT_EQ(WithProfileValue(file, "UNO", "a", "9"),
               "; cabeza\r\n\r\n[uno]\r\nA =9\r\n;b=2\r\n\r\n[dos]\r\nc=3");
@@ -47,7 +47,7 @@ TEST(ProfileFile, WritingLeavesAllOtherLinesAlone) {
     EXPECT_EQ(WithProfileValue("[a]", "a", "c", "2"), "[a]\r\nc=2");
 }
 
-TEST(ProfileFile, TheCallsWorkOnRealFiles) {
+TEST(ProfileFileTest, TheCallsWorkOnRealFiles) {
     const support::TestHome home;
     const QString path = u"C:\\config.ini"_s;
     std::array<char, 8> buffer;
@@ -66,7 +66,7 @@ TEST(ProfileFile, TheCallsWorkOnRealFiles) {
                  Failure);
 }
 
-TEST(ProfileFile, CopiesOfTheProgramLoseNoKeyOfEachOther) {
+TEST(ProfileFileTest, CopiesOfTheProgramLoseNoKeyOfEachOther) {
     const support::TestHome home;
     const QString path = home.Put("config.ini", "[inicio]\r\n");
     EXPECT_TRUE(support::InCopies([&](int number) {
@@ -77,7 +77,7 @@ TEST(ProfileFile, CopiesOfTheProgramLoseNoKeyOfEachOther) {
     EXPECT_EQ(home.Get("config.ini").count("=si\r\n"), 40);
 }
 
-TEST(TextEncoding, UnchangedTextIsTheSameBytes) {
+TEST(TextEncodingTest, UnchangedTextIsTheSameBytes) {
     const QString spanish = u"-- ¡año, señor! € 😀\r\nx = 1\n\ry = 2\r"_s;
     const auto mark = QStringConverter::Flag::WriteBom;
     const QByteArray little = QStringEncoder(QStringConverter::Utf16LE, mark)(spanish);
@@ -108,7 +108,7 @@ TEST(TextEncoding, UnchangedTextIsTheSameBytes) {
     EXPECT_EQ(DecodeText(big).utf8, spanish.toUtf8());
 }
 
-TEST(TextEncoding, NothingIsLostInTheCodePageOrForLackOfIt) {
+TEST(TextEncodingTest, NothingIsLostInTheCodePageOrForLackOfIt) {
     EXPECT_EQ(FromCodePage("\x81\x8D\x8F\x90\x9D\x80"), u"\u0081\u008D\u008F\u0090\u009D\u20AC"_s);
     EXPECT_EQ(ToCodePage(u"\u0081\u20AC\u00FF"), QByteArray("\x81\x80\xFF"));
     EXPECT_EQ(ToCodePage(u"\u0080"), std::nullopt);
@@ -124,7 +124,7 @@ TEST(TextEncoding, NothingIsLostInTheCodePageOrForLackOfIt) {
     EXPECT_EQ(EncodeForPlayer(u"ñ → x"_s), arrow);
 }
 
-TEST(TextEncoding, RefusesWhatNoEditorCanHold) {
+TEST(TextEncodingTest, RefusesWhatNoEditorCanHold) {
     const QByteArray nul("a\0b", 3);
     const QByteArray files[] = {nul, QByteArray("\xFF\xFE") + nul, "\xFF\xFE\x3D\xD8",
                                 QByteArray("\xFF\xFE\0\0a\0\0\0", 8)};
