@@ -20,28 +20,24 @@ class ExploradorTest : public support::MainWindow {
 protected:
     void Open() {
         Press("mnuherramientasExplorador");
-        window = dynamic_cast<explorer::Explorador*>(principal.ActiveForm());
-        ASSERT_NE(window, nullptr);
+        tool = principal.ActiveForm();
+        ASSERT_NE(window = dynamic_cast<explorer::Explorador*>(tool), nullptr);
         QApplication::processEvents();
     }
-    template<class Widget>
-    Widget* Find(const char* name) {
-        return window->findChild<Widget*>(QString::fromLatin1(name));
-    }
+    platform::ListView& List() { return *Find<platform::ListView>("ListView1"); }
     QString Frame() { return Find<platform::Frame>("Frame1")->Caption(); }
     void Click(const char* button) {
         QTest::mouseClick(Find<QToolButton>(button), Qt::LeftButton);
         QApplication::processEvents();
     }
     QStringList Names() {
-        auto* list = Find<platform::ListView>("ListView1");
         QStringList names;
-        for (int row = 1; row <= list->Count(); ++row)
-            names.append(list->Text(row, 0));
+        for (int row = 1; row <= List().Count(); ++row)
+            names.append(List().Text(row, 0));
         return names;
     }
     void Enter(const QString& name) {
-        auto* rows = Find<platform::ListView>("ListView1")->findChild<QListView*>();
+        auto* rows = List().findChild<QListView*>();
         rows->setCurrentIndex(rows->model()->index(static_cast<int>(Names().indexOf(name)), 0));
         QTest::keyClick(rows, Qt::Key_Return);
         QApplication::processEvents();
@@ -60,7 +56,7 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
         std::make_unique<platform::Drives>(home.Root(), u"F=%1/otra"_s.arg(home.Root().c_str())));
     Open();
     EXPECT_EQ(window->Shell()->x(), platform::ToPixels(8000));
-    EXPECT_EQ(window->focusWidget(), Find<platform::ListView>("ListView1")->focusProxy());
+    EXPECT_EQ(window->focusWidget(), List().focusProxy());
     for (const char* name : {"Boton1", "Boton3", "Boton5"}) {
         const auto* button = Find<QToolButton>(name);
         EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text()));
@@ -110,22 +106,21 @@ TEST_F(ExploradorTest, TheHeaderHasTheSkinOfTheProgramsFolder) {
     ASSERT_TRUE(skin.save(&file, "BMP"));
     home.Put("programa/Skin.bmp", file.data());
     Open();
-    auto* list = Find<platform::ListView>("ListView1");
-    EXPECT_EQ(list->View(), platform::ListDisplay::List);
-    list->View(platform::ListDisplay::Report);
-    EXPECT_EQ(list->Header()->height(), 25);
+    EXPECT_EQ(List().View(), platform::ListDisplay::List);
+    List().View(platform::ListDisplay::Report);
+    EXPECT_EQ(List().Header()->height(), 25);
     for (const int x : {40, 20}) // over one of its columns, from wherever it was
-        QTest::mouseMove(list->Header()->viewport(), {x, 5});
+        QTest::mouseMove(List().Header()->viewport(), {x, 5});
     for (const auto& [normal, raised, bold] :
          {std::tuple{0xFF0000, 0, false}, {0xFF0000, 0xFF00, false}, {0xFF0000, 0xFF00, true}}) {
-        const QImage before = list->Header()->grab().toImage();
+        const QImage before = List().Header()->grab().toImage();
         window->setColumnHeader(u"C:\\programa\\Skin.bmp"_s, normal, raised, false, bold);
-        EXPECT_NE(list->Header()->grab().toImage(), before);
+        EXPECT_NE(List().Header()->grab().toImage(), before);
     }
     window->Unload();
     home.Put("programa/Skin.bmp", "BM");
     Open();
-    EXPECT_EQ(Find<platform::ListView>("ListView1")->Header()->minimumHeight(), 0);
+    EXPECT_EQ(List().Header()->minimumHeight(), 0);
 }
 
 TEST_F(ExploradorTest, AProjectOpensInTheEditor) {

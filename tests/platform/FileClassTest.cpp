@@ -26,10 +26,9 @@ protected:
     }
     // A program that writes its argument, its folder and where its output goes.
     void PutPlayer(const std::string& name) const {
-        home.Put(name,
-                 "#!/bin/sh\nprintf '%s|' \"$#\" \"$1\" \"$PWD\" \"$(readlink /proc/$$/fd/1)\" "
-                 ">\"$HOME/visto.new\"\nmv \"$HOME/visto.new\" \"$HOME/visto\"\n");
-        fs::permissions(home.Root() / name, fs::perms::owner_all);
+        home.PutProgram(
+            name, "#!/bin/sh\nprintf '%s|' \"$#\" \"$1\" \"$PWD\" \"$(readlink /proc/$$/fd/1)\" "
+                  ">\"$HOME/visto.new\"\nmv \"$HOME/visto.new\" \"$HOME/visto\"\n");
     }
     static RegistryKey Register(const QString& extension, const QString& command) {
         RegSetValueA(HKEY_CLASSES_ROOT, extension, u"Script .LUA"_s);
@@ -120,8 +119,7 @@ TEST_F(FileClassTest, AFileIsOpenedByItsClassOrByTheDesktop) {
 }
 
 TEST_F(FileClassTest, TheDesktopKnowsTypeIconsAndProgram) {
-    home.Put("programa/mi 'player'", "#!/bin/sh\necho \"$0\" \"$1\"\n");
-    fs::permissions(home.Root() / "programa/mi 'player'", fs::perms::owner_all);
+    home.PutProgram("programa/mi 'player'", "#!/bin/sh\necho \"$0\" \"$1\"\n");
     home.Put(defaults, "[Added Associations]\nimage/png=x.desktop;\n");
     PutToDesktop(u".xyz"_s);
     home.Put("a.xyz", "hola");

@@ -20,16 +20,11 @@ protected:
     // Opens the window over a settings file and answers whether the box is ticked.
     bool Open(const QByteArray& settings) {
         home.Put("programa/config.ini", settings);
-        Press("mnuopcionesconfiguracion");
+        MainWindow::Open("mnuopcionesconfiguracion");
         return Check()->isChecked();
     }
-    shell::Form2* Window() { return dynamic_cast<shell::Form2*>(principal.ActiveForm()); }
-    QCheckBox* Check() { return Window()->findChild<QCheckBox*>(u"Check1"_s); }
-    QLineEdit* Path() { return Window()->findChild<QLineEdit*>(u"Text1"_s); }
-    void Click(const char* name) {
-        QTest::mouseClick(Window()->findChild<QPushButton*>(QString::fromLatin1(name)),
-                          Qt::LeftButton);
-    }
+    QCheckBox* Check() { return Find<QCheckBox>("Check1"); }
+    QLineEdit* Path() { return Find<QLineEdit>("Text1"); }
     static QString Value(const char* key) {
         return platform::RegQueryValueA(platform::HKEY_CLASSES_ROOT, QString::fromUtf8(key));
     }
@@ -40,7 +35,7 @@ protected:
 
 TEST_F(Form2Test, TheSettingsComeAndGo) {
     EXPECT_FALSE(Open(""));
-    EXPECT_EQ(Window()->Caption(), QString(33, u' ') + u"Configuración"_s);
+    EXPECT_EQ(principal.ActiveForm()->Caption(), QString(33, u' ') + u"Configuración"_s);
     Click("KewlButtons3");
     EXPECT_TRUE(Open("[general]\r\nnuevo=si\r\n[explorador]\r\npath=E\r\n"));
     EXPECT_EQ(Path()->text(), u"E"_s);
@@ -80,7 +75,7 @@ TEST_F(Form2Test, EachTypeOfFileIsRegisteredAtItsButton) {
     EXPECT_EQ(Value("Script .LUA\\DefaultIcon"), u"C:\\programa\\lua.ico"_s);
     EXPECT_TRUE(home.Get(".config/mimeapps.list").contains("text/x-lua=quillmark-lua.desktop"));
     const QByteArray store = home.Get(".config/Quillmark/Clases de archivos.conf");
-    auto* button = Window()->findChild<QPushButton*>(u"Command1"_s);
+    auto* button = Find<QPushButton>("Command1");
     button->setFocus();
     platform::RegSetValueA(platform::HKEY_CLASSES_ROOT, u".qmk"_s, QString());
     QTest::keyClick(button, Qt::Key_Return); // presses itself, not "Aceptar"

@@ -302,8 +302,4 @@ TEST_F(MDIForm1Test, TheHelpMenuTellsOfTheProgram) {
         EXPECT_FALSE(form.IsLoaded());
     });
     Press("mnuayudaacerca");
-    dialogs.Expect(u"Actualizacion OnLine aun no disponible"_s, Answer::Ok);
-    dialogs.ExpectForm([](platform::Form&) {});
-    Press("actualizacion_online");
-    EXPECT_EQ(dialogs.messages[0].title, u"Quillmark v3.0.0"_s);
 }

@@ -59,12 +59,10 @@ protected:
     // program.
     void PutPlayer() {
         // Each file comes whole, as a second run may follow before the first one is done.
-        home.Put("programa/QM/luaplayer",
-                 "#!/bin/sh\ncd \"$HOME\"\n"
-                 "echo $QUILLMARK_SCRIPT_FOLDER $QUILLMARK_SCRIPT_NAME >e$$\n"
-                 "mv e$$ entorno\ncp \"$1\" v$$\nmv v$$ visto\n");
-        std::filesystem::permissions(home.Root() / "programa/QM/luaplayer",
-                                     std::filesystem::perms::owner_all);
+        home.PutProgram("programa/QM/luaplayer",
+                        "#!/bin/sh\ncd \"$HOME\"\n"
+                        "echo $QUILLMARK_SCRIPT_FOLDER $QUILLMARK_SCRIPT_NAME >e$$\n"
+                        "mv e$$ entorno\ncp \"$1\" v$$\nmv v$$ visto\n");
     }
     QString Text() { return Active()->txtFile().Text(); }
     // Whether the window in front stands in the middle, as sizes are told, to a pixel.

@@ -29,6 +29,8 @@ public:
     std::filesystem::path Root() const { return m_folder.path().toStdString(); }
     /// Writes a file below the home folder, with the folders above it; answers its program path.
     QString Put(const std::string& name, const QByteArray& bytes) const;
+    /// Writes a program in the same way.
+    void PutProgram(const std::string& name, const QByteArray& bytes) const;
     /// The bytes of a file below the home folder.
     QByteArray Get(const std::string& name) const { return Bytes(Root() / name); }
 
