@@ -46,8 +46,12 @@ private:
 
     BitReader m_in;
     Window m_out;
-    CodePair m_dynamic;
-    CodePair m_static;
+    CodeTable LitTable;
+    CodeTable DistTable;
+    CodeTable StaticLitTable;
+    CodeTable StaticDistTable;
+    CodePair m_dynamic{LitTable, DistTable};
+    CodePair m_static{StaticLitTable, StaticDistTable};
     bool StaticBuilt = false;
     CodePair* m_codes = &m_dynamic; ///< those of the block
     Loop m_loop = Loop::Fastest;

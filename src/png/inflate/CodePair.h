@@ -18,6 +18,10 @@ namespace png {
 /// they are needed, as a block may be very short.
 class CodePair {
 public:
+    /// The tables, which must outlive the pair, are without lengths until they are made.
+    CodePair(CodeTable& literals, CodeTable& distances)
+        : LitTable(literals), DistTable(distances) {}
+
     /// Takes the lengths of all codes, those of so many literals and lengths first. Answers 0, or
     /// something else if one of the two sets isn't complete. The longest codes count as no shorter
     /// than those of the pair that was used before.
@@ -41,8 +45,8 @@ private:
         return std::span(m_lengths).subspan(m_literals, m_distances);
     }
 
-    CodeTable LitTable; ///< both without lengths until they are filled
-    CodeTable DistTable;
+    CodeTable& LitTable;
+    CodeTable& DistTable;
     int32_t MinLitBits = 0;
     int32_t MaxLitBits = 0;
     int32_t MinDistBits = 0;
