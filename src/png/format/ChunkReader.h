@@ -22,7 +22,7 @@ int32_t WordToLong(int16_t word);
 /// the last byte. -1 stands before the first.
 ptrdiff_t FindNul(std::span<const uint8_t> bytes, size_t from);
 
-/// Walks through the chunks of a PNG file (PNG specification, 5,
+/// Walks through the chunks of a PNG file (PNG standard, 5,
 /// https://www.w3.org/TR/png-3/#5DataRep). A file that can't be opened or isn't a regular one reads
 /// as an empty one. No checksum is looked at.
 class ChunkReader {

@@ -7,7 +7,7 @@
 
 namespace png {
 
-// What the bytes of IHDR mean: PNG specification, https://www.w3.org/TR/png-3/#11IHDR.
+// What the bytes of IHDR mean: PNG standard, https://www.w3.org/TR/png-3/#11IHDR.
 // A file may hold any other value, too.
 enum ColorTypes : int32_t {
     kGrey = 0,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Interlaced pictures: Adam7, PNG specification,
+// Interlaced pictures: Adam7, PNG standard,
 // https://www.w3.org/TR/png-3/#8InterlaceMethods.
 #pragma once
 

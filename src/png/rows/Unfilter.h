@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The filters of PNG, undone (PNG specification, https://www.w3.org/TR/png-3/#9Filter-types).
+// The filters of PNG, undone (PNG standard, https://www.w3.org/TR/png-3/#9Filter-types).
 // `distance` is that of the left neighbour in bytes; what lies left of a row is 0.
 #pragma once
 
