@@ -43,7 +43,7 @@ protected:
 TEST_F(Form1Test, SlidersShowTheColor) {
     const platform::Form* window = principal.ActiveForm();
     EXPECT_EQ(window->Caption(), u"Editor de color RGB"_s);
-    EXPECT_EQ(window->Shell()->pos(), QPoint(533, 334));
+    EXPECT_EQ(window->Shell()->pos(), QPoint(support::kDocumentWidth, platform::ToPixels(5010)));
     EXPECT_EQ(Code(), u"Color.new(255,255,255)"_s);
     EXPECT_EQ(Swatch("colour"), u"#ffffff Color: rojo 255, verde 255, azul 255"_s);
     Slide("green", 128);

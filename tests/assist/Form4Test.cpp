@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/editor/CodeMaxConstants.h"
 #include "platform/controls/SSTab.h"
 #include "support/MainWindow.h"
 
@@ -77,7 +78,7 @@ TEST_F(Form4Test, EveryEntryIsInSightAndInsertsItself) {
 
 TEST_F(Form4Test, TheSnippetReplacesTheSelectionAndTypingGoesOn) {
     script->txtFile().OpenFile(home.Put("a.lua", "dos palabras\n"));
-    script->txtFile().ExecuteCmd(137);
+    script->txtFile().ExecuteCmd(documents::kSelectAllCommand);
     Tabs()->Tab(4);
     Insert();
     EXPECT_EQ(script->txtFile().Text(), u"while true do\r\n\r\nend"_s);
@@ -89,7 +90,7 @@ TEST_F(Form4Test, TheSnippetReplacesTheSelectionAndTypingGoesOn) {
 TEST_F(Form4Test, ItStandsBesideTheScriptAndStartsAnew) {
     const platform::Form* window = principal.ActiveForm();
     EXPECT_EQ(window->Caption(), QString(61, u' ') + u"Ventana de códigos"_s);
-    EXPECT_EQ(window->Shell()->pos(), QPoint(533, 0));
+    EXPECT_EQ(window->Shell()->pos(), QPoint(support::kDocumentWidth, 0));
     script->State(platform::WindowState::Minimised);
     Tabs()->Tab(1);
     Insert();

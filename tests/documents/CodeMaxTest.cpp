@@ -16,7 +16,7 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using documents::CodeMax;
+using namespace documents;
 using platform::Failure;
 
 namespace {
@@ -69,8 +69,8 @@ TEST_F(CodeMaxTest, OpenedAndSavedIsTheSameBytes) {
 }
 
 TEST_F(CodeMaxTest, TypedLinesBeginAsTheLastAndEndAsTheFileDoes) {
-    control.SetOption(88, 1);
-    control.SetOption(5, true);
+    control.SetOption(kAutoIndentOption, 1);
+    control.SetOption(kKeepTabsOption, true);
     for (const char* end : {"\n", "\r", "\r\n"}) {
         control.OpenFile(home.Put("a.lua", QByteArray("  x") + end + "y"));
         for (const Qt::Key key : {Qt::Key_End, Qt::Key_Return})
@@ -133,8 +133,8 @@ TEST_F(CodeMaxTest, WhatCannotBeOpenedChangesNothing) {
 }
 
 TEST_F(CodeMaxTest, LongLinesStayQuickAndKeepTheirText) {
-    control.SetOption(6, true);
-    control.SetOption(0, true);
+    control.SetOption(kSyntaxColorOption, true);
+    control.SetOption(kBraceMatchOption, true);
     // What the engine measures at once is one character, but for a pair of CR LF and its line.
     const auto quick = [&] {
         const auto style = [&](unsigned long at) {
@@ -169,11 +169,11 @@ TEST_F(CodeMaxTest, TakesNoNulAndNothingThatItDoesNotKnow) {
     control.Text(u"x"_s);
     control.Undo(); // as what is pasted is a content to go back to
     EXPECT_EQ(control.Text(), u"a\r\nbc"_s);
-    EXPECT_THROW(control.ExecuteCmd(138), Failure);
-    for (const int item : {-1, 31})
+    EXPECT_THROW(control.ExecuteCmd(kSelectAllCommand + 1), Failure);
+    for (const int item : {-1, kLastColorItem + 1})
         EXPECT_THROW(control.SetColor(item, 0), Failure);
-    EXPECT_THROW(control.SetOption(7, 1), Failure);
-    EXPECT_THROW(control.PrintDoc(0, 1), Failure);
+    EXPECT_THROW(control.SetOption(kSyntaxColorOption + 1, 1), Failure);
+    EXPECT_THROW(control.PrintDoc(0, kPrintFlags + 1), Failure);
 }
 
 TEST_F(CodeMaxTest, LeavesTheMenuItsKeys) {
@@ -193,38 +193,41 @@ TEST_F(CodeMaxTest, LeavesTheMenuItsKeys) {
 
 TEST_F(CodeMaxTest, ColorsLuaAsItWasTold) {
     control.Text(u"local "_s + QString(40, QChar(0x2588)));
-    control.SetOption(6, true);
+    control.SetOption(kSyntaxColorOption, true);
     control.FontName(u"Courier New"_s);
     control.FontSize(20);
+    constexpr QRgb kBlue = 0x0000FF;
+    constexpr QRgb kOther = 0x123456; // 0x563412 as the control takes it
     const auto colored = [&](QRgb color) {
         return support::Colors(control).contains(color | 0xFF000000);
     };
-    EXPECT_TRUE(colored(0x0000FF)); // "local" in blue
-    control.Text(u"goto x"_s);      // a name like any other
-    EXPECT_FALSE(colored(0x0000FF));
-    control.SetOption(87, true);
-    control.SetOption(75, true);
+    EXPECT_TRUE(colored(kBlue)); // "local" in blue
+    control.Text(u"goto x"_s);   // a name like any other
+    EXPECT_FALSE(colored(kBlue));
+    control.SetOption(kLineNumberOption, true);
+    control.SetOption(kLeftMarginOption, true);
     const auto shows = [&](int item, const QStringList& texts) {
         for (const QString& text : texts) {
             control.Text(text);
-            EXPECT_FALSE(colored(0x123456));
+            EXPECT_FALSE(colored(kOther));
             control.SetColor(item, 0x563412);
-            EXPECT_TRUE(colored(0x123456)) << item << text.toStdString();
+            EXPECT_TRUE(colored(kOther)) << item << text.toStdString();
             control.SetColor(item, -1);
         }
     };
-    for (const int item : {0, 1, 26, 27})
+    for (const int item :
+         {kWindowItem, kLeftMarginItem, kLineNumberTextItem, kLineNumberBackgroundItem})
         shows(item, {QString()});
-    shows(16, {u"'H'"_s, u"\"H\""_s, u"[[H]]"_s, u"'H\n"_s});
-    shows(documents::kCommentItem, {u"--H"_s, u"--[[H"_s});
-    shows(documents::kTextItem, {u"H"_s});
-    shows(documents::kNumberItem, {u"1"_s});
-    shows(documents::kKeywordItem, {u"nil"_s});
-    shows(documents::kScopeKeywordItem, {u"if"_s});
-    shows(documents::kOperatorItem, {u"="_s});
+    shows(kStringItem, {u"'H'"_s, u"\"H\""_s, u"[[H]]"_s, u"'H\n"_s});
+    shows(kCommentItem, {u"--H"_s, u"--[[H"_s});
+    shows(kTextItem, {u"H"_s});
+    shows(kNumberItem, {u"1"_s});
+    shows(kKeywordItem, {u"nil"_s});
+    shows(kScopeKeywordItem, {u"if"_s});
+    shows(kOperatorItem, {u"="_s});
     control.Text(u"local"_s);
-    control.SetOption(6, false);
-    EXPECT_FALSE(colored(0x0000FF));
+    control.SetOption(kSyntaxColorOption, false);
+    EXPECT_FALSE(colored(kBlue));
 }
 
 TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
@@ -239,7 +242,7 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
         printer.setPageSize(QPageSize(QPageSize::A5));
         return true;
     });
-    control.PrintDoc(0, 12);
+    control.PrintDoc(0, kPageSetupFlags);
     QPageSize::PageSizeId size = QPageSize::A5;
     const auto print = [&](const QString& file) {
         dialogs.ExpectPrinter([&, file](QPrinter& printer) {
@@ -249,7 +252,7 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
             printer.setOutputFileName(file);
             return true;
         });
-        control.PrintDoc(0, 13);
+        control.PrintDoc(0, kPrintFlags);
     };
     print(pdf);
     EXPECT_EQ(QProcess::execute(u"pdftotext"_s, {u"-raw"_s, pdf}), 0);
@@ -263,7 +266,7 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
         EXPECT_EQ(pages.join(QString()).count(u"línea %1."_s.arg(i)), 1) << i;
 
     dialogs.ExpectPrinter([](QPrinter&) { return false; });
-    control.PrintDoc(0, 13);
+    control.PrintDoc(0, kPrintFlags);
     EXPECT_THROW(print(u"/no/hay/x.pdf"_s), Failure);
     control.Text(QString());
     print(pdf); // nothing to print is no failure

@@ -36,9 +36,8 @@ TEST_F(frmDocumentoTest, LoadsWithTheSkeletonAndUnchanged) {
     EXPECT_EQ(documento->txtFile().Text(), esqueleto);
     EXPECT_TRUE(std::filesystem::exists(temporal));
     EXPECT_EQ(compartido.nombre_script + compartido.texto_script.Leer(), QString());
-    EXPECT_EQ(documento->Shell()->pos(), QPoint(0, 0));
-    EXPECT_NEAR(documento->Width(), 8000, 15);
-    EXPECT_NEAR(documento->Height(), principal.Height() - 900, 15);
+    const int height = platform::ToPixels(principal.Height() - 900);
+    EXPECT_EQ(support::Place(*documento), QRect(0, 0, support::kDocumentWidth, height));
 }
 
 TEST_F(frmDocumentoTest, WritesAndLooksAsItsOptionsSay) {
@@ -98,9 +97,9 @@ TEST_F(frmDocumentoTest, PublishesItsTextOnEachChangeAndItsNameUnderTheMouse) {
 
 TEST_F(frmDocumentoTest, TellsTheFrameItsStateAndLeavesTheStripFree) {
     EXPECT_EQ(principal.Caption(), u"Quillmark v2.0.0"_s);
+    constexpr int kStrip = 23; // high, above the editor
     const auto fills = [&] {
-        const QSize inner(documento->width(), documento->height() - 23);
-        return documento->txtFile().geometry() == QRect(QPoint(0, 23), inner);
+        return documento->txtFile().geometry() == documento->rect().adjusted(0, kStrip, 0, 0);
     };
     EXPECT_TRUE(fills());
     documento->State(WindowState::Maximised);

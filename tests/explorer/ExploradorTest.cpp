@@ -55,7 +55,7 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
         platform::DrivesSeam(),
         std::make_unique<platform::Drives>(home.Root(), u"F=%1/otra"_s.arg(home.Root().c_str())));
     Open();
-    EXPECT_EQ(window->Shell()->x(), platform::ToPixels(8000));
+    EXPECT_EQ(window->Shell()->x(), support::kDocumentWidth);
     EXPECT_EQ(window->focusWidget(), List().focusProxy());
     for (const char* name : {"Boton1", "Boton3", "Boton5"}) {
         const auto* button = Find<QToolButton>(name);
@@ -80,7 +80,7 @@ TEST_F(ExploradorTest, TheCaptionFollowsWhatIsEnteredAndLeft) {
     // Before the rest of its load the rows are read, and the window may go then.
     QTimer::singleShot(0, [this] {
         platform::Form* form = principal.Forms().at(0);
-        EXPECT_NE(form->Shell()->x(), platform::ToPixels(8000));
+        EXPECT_NE(form->Shell()->x(), support::kDocumentWidth);
         form->Unload();
     });
     Press("mnuherramientasExplorador");
@@ -134,9 +134,7 @@ TEST_F(ExploradorTest, AProjectOpensInTheEditor) {
     EXPECT_EQ(compartido.documento_explorador, Active());
     EXPECT_EQ(Active()->Caption(), u"juego"_s);
     EXPECT_EQ(Text(), u"print(1)"_s);
-    EXPECT_EQ(Active()->Shell()->pos(), QPoint(0, 0));
-    EXPECT_NEAR(Active()->Width(), 8000, 15);
-    EXPECT_NEAR(Active()->Height(), 10350, 15);
+    EXPECT_EQ(support::Place(*Active()), support::kOpenedPlace);
     Enter(u"roto.qmk"_s);
     EXPECT_EQ(Active()->Caption(), u"roto"_s);
     EXPECT_EQ(Text(), QString());

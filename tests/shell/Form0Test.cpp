@@ -3,10 +3,8 @@
 #include "platform/base/Clock.h"
 #include "shell/Dibujos.h"
 #include "shell/Form3.h"
-#include "shell/MDIForm1.h"
 #include "support/Colors.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TestHome.h"
+#include "support/MainWindow.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -61,13 +59,14 @@ protected:
 
 TEST_F(Form0Test, FadesInAndOutInFiveSeconds) {
     Start("[inicio]\r\nejecuciones=1\r\n");
-    EXPECT_EQ(slept, 5020);
-    ASSERT_EQ(opacities.size(), 502U);
-    for (int i = 0; i < 502; ++i) { // as it was before the step
-        const int alfa = i <= 251 ? std::max(0, i - 1) : 502 - i;
+    constexpr int kPasos = 2 * 251; // up and down again
+    EXPECT_EQ(slept, kPasos * 10);
+    ASSERT_EQ(opacities.size(), size_t(kPasos));
+    for (int i = 0; i < kPasos; ++i) { // as it was before the step
+        const int alfa = i <= kPasos / 2 ? std::max(0, i - 1) : kPasos - i;
         EXPECT_NEAR(opacities[static_cast<size_t>(i)], alfa / 255.0, 0.003) << i;
     }
-    EXPECT_EQ(turns, 502); // each step leaves the events their turn
+    EXPECT_EQ(turns, kPasos); // each step leaves the events their turn
 }
 
 TEST_F(Form0Test, TheFirstRunOpensTheConfigurationAndAnyOtherFollowsTheSetting) {
@@ -90,10 +89,7 @@ TEST_F(Form0Test, AFileOnTheCommandLineComesFirst) {
     EXPECT_EQ(Start("[inicio]\nejecuciones=1\n[general]\nnuevo=si\n", ruta),
               QStringList({u"el juego.lua"_s, u"Explorador"_s, u"Nuevo script 2"_s}));
     EXPECT_TRUE(principal->FrmDoc.isNull());
-    const platform::Form* file = principal->Forms().front();
-    EXPECT_EQ(file->Shell()->pos(), QPoint(0, 0));
-    EXPECT_NEAR(file->Width(), 8000, 15);
-    EXPECT_NEAR(file->Height(), 10350, 15);
+    EXPECT_EQ(support::Place(*principal->Forms().front()), support::kOpenedPlace);
     EXPECT_EQ(compartido.numero_documentos, 2);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/Process.h"
+#include "platform/base/Twips.h"
 #include "shell/MDIForm1.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHome.h"
@@ -13,6 +14,16 @@
 #include <gtest/gtest.h>
 
 namespace support {
+
+/// Tool windows stand beside a document, which is so wide. In pixels, as is the place of one that
+/// was opened from outside.
+inline constexpr int kDocumentWidth = platform::ToPixels(8000);
+inline constexpr QRect kOpenedPlace(0, 0, kDocumentWidth, platform::ToPixels(10350));
+
+inline QRect Place(const platform::Form& form) {
+    const QSize size(platform::ToPixels(form.Width()), platform::ToPixels(form.Height()));
+    return {form.Shell()->pos(), size};
+}
 
 /// The whole program with a fresh user, its menu and its documents. Each dialog must be announced.
 class MainWindow : public testing::Test {
