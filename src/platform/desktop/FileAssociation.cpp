@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 constexpr int kToolPatience = 3000; // milliseconds
 
 struct Association {
-    QString id;        // the name of the files that are written for it
+    QString id;        // base name of the files that are written for it
     QString extension; // with its point
     QString mimeType;
     FileClass fileClass;
@@ -43,7 +43,7 @@ void Write(const fs::path& native, const QByteArray& bytes) {
     WriteFile(FromNative(native), bytes);
 }
 
-// Brings one of the desktop's caches up to date, where it keeps one.
+// Updates one of the desktop's caches, if its tool is installed.
 void RunTool(const QString& tool, const fs::path& folder) {
     const QString program = QStandardPaths::findExecutable(tool);
     if (program.isEmpty())
@@ -105,17 +105,17 @@ void WriteIcons(const Association& association) {
         const QString folder = QStringLiteral("%1x%1/mimetypes").arg(image.width());
         Write(theme / folder.toStdString() / (association.id.toStdString() + ".png"), png.data());
     }
-    fs::last_write_time(theme, fs::file_time_type::clock::now()); // caches of it are old now
+    fs::last_write_time(theme, fs::file_time_type::clock::now()); // makes icon caches reload
 }
 
-// The characters for which an argument of an Exec line isn't the bare path.
+// True if an Exec line must quote the path (Desktop Entry Specification; "%" is doubled there).
 bool NeedsQuotes(const QString& path) {
     const QString reserved = QStringLiteral(" \t\n\"'\\><~|&;$*?#()`%");
     return std::any_of(path.begin(), path.end(), [&](QChar c) { return reserved.contains(c); });
 }
 
-// Simple openers of the desktop don't know quotes, so such a program is started by a script whose
-// path is bare, unless the data folder's own isn't.
+// A path to the program that needs no quotes, which simple openers don't understand: that of a
+// script that starts it. It still needs them if the data folder's path does.
 fs::path BarePath(const fs::path& program, const QString& id) {
     if (!NeedsQuotes(QString::fromStdString(program.native())))
         return program;
@@ -144,12 +144,12 @@ void SetDefault(const Association& association) {
     const QByteArray section = "Default Applications";
     QByteArray list = fs::exists(native) ? ReadFile(FromNative(native)) : QByteArray();
     if (list.isEmpty())
-        list = '[' + section + "]\n"; // its lines end as those of the desktop do
+        list = '[' + section + "]\n"; // else WithProfileValue would write CR LF
     Write(native, WithProfileValue(list, section, association.mimeType.toUtf8(),
                                    association.id.toUtf8() + ".desktop"));
 }
 
-// A string of a desktop entry.
+// A text with the escapes of a string value of a desktop entry.
 QByteArray Escaped(QString text) {
     return text.replace(u'\\', QStringLiteral("\\\\"))
         .replace(u'\n', QStringLiteral("\\n"))
@@ -158,7 +158,7 @@ QByteArray Escaped(QString text) {
         .toUtf8();
 }
 
-// A path as an argument of an Exec line.
+// A path, quoted as an argument of an Exec line.
 QByteArray ExecArgument(QString path) {
     path.replace(u'%', QStringLiteral("%%"));
     if (!NeedsQuotes(path))

@@ -9,7 +9,7 @@
 namespace platform {
 namespace {
 
-// The words of a text that blanks hold apart; quotes hold blanks together.
+// The words of a text, split at blanks outside double quotes; the quotes are left out.
 QStringList WordsOf(const QString& text) {
     QStringList words;
     QString word;

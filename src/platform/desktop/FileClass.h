@@ -26,9 +26,8 @@ struct Command {
     QStringList arguments;         ///< without their quotes
 };
 
-/// Takes a command line apart. A program without quotes may have blanks in its path: the longest
-/// beginning that can be run counts, else what stands before the last " %1". Fails as ToNative
-/// does.
+/// Splits a command line. A program's path without quotes may have blanks: it is the longest start
+/// of the line that can be run, else what stands before the last " %1". Fails as ToNative does.
 Command ParseCommand(const QString& commandLine);
 
 } // namespace platform

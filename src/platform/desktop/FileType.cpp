@@ -16,7 +16,7 @@
 namespace platform {
 namespace {
 
-// What goes beyond is no icon, but may take long to read.
+// A larger file or picture is not taken for an icon, since it may take long to read.
 constexpr qint64 kLargestIcon = 1 << 20; // bytes
 constexpr int kLargestSide = 256;        // pixels
 constexpr int kPictures = 32;
@@ -52,8 +52,8 @@ bool IsIcon(const QString& path) {
     return extension == u".ico" || extension == u".cur";
 }
 
-// A file without a size isn't read: it is empty, or made up by the system as it is read, which may
-// never end.
+// A file of size 0 isn't read: it is empty, or the kernel generates it (as in /proc), and reading
+// might never end.
 QMimeType DesktopType(const QString& path) {
     const QMimeDatabase database;
     const QFileInfo file(Native(path));

@@ -14,7 +14,7 @@ QString Below(const RegistryKey& key, const QString& name) {
     return name.isEmpty() ? key.Path() : key.Path() + QStringLiteral("\\").left(!atRoot) + name;
 }
 
-// The settings store separates by "/".
+// The settings store separates the names by "/".
 QString SettingsKey(const RegistryKey& key, const QString& subKey) {
     return Below(key, subKey).replace(u'\\', u'/');
 }

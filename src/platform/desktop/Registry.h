@@ -24,10 +24,10 @@ private:
 inline const RegistryKey HKEY_CLASSES_ROOT{QString()};
 
 RegistryKey RegCreateKeyA(const RegistryKey& root, const QString& name);
-/// Sets the text of a key below the given one, or of that itself without a name. In a store that
-/// can't be written it is lost, and the log says so.
+/// Sets the text of `subKey` below the key, or of the key itself if `subKey` is empty. If the store
+/// can't be written the text is lost, and the log says so.
 void RegSetValueA(const RegistryKey& key, const QString& subKey, const QString& text);
-/// The text of a key; empty if it holds none.
+/// The text of a key, named as in RegSetValueA; empty if it holds none.
 QString RegQueryValueA(const RegistryKey& key, const QString& subKey);
 
 } // namespace platform

@@ -33,7 +33,7 @@ std::vector<std::string> Words(const Command& command, const fs::path& file) {
     return words;
 }
 
-// The texts as a list for the system, which lasts as long as they do.
+// The texts as a null-terminated array for exec; valid as long as they are.
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
     pointers.reserve(texts.size() + 1);
@@ -43,7 +43,7 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
     return pointers;
 }
 
-// Ours and the other; the first of a name counts.
+// The other variables before our own: the first of a name counts.
 std::vector<std::string> Whole(const Environment& environment) {
     std::vector<std::string> whole;
     for (const auto& [name, value] : environment)
@@ -59,7 +59,7 @@ struct Invocation {
     const char* folder;
 };
 
-// Turns into the program, or tells through the pipe why not.
+// Replaces the process by the program, or writes the errno to the pipe `report`.
 [[noreturn]] void Become(const Invocation& call, int report) {
     const int nowhere = ::open("/dev/null", O_RDWR);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
@@ -72,8 +72,8 @@ struct Invocation {
     ::_exit(EXIT_FAILURE);
 }
 
-// Answers 0, or the error with which it could not be started. QProcess::startDetached takes
-// texts, which can't hold every name of a file; this one takes the bytes.
+// Returns 0, or the errno of a failed start. QProcess::startDetached would take QStrings, which
+// can't hold every native file name.
 int StartDetached(const Invocation& call) {
     std::array<int, 2> report{};
     if (::pipe2(report.data(), O_CLOEXEC) != 0)
@@ -81,8 +81,7 @@ int StartDetached(const Invocation& call) {
     const pid_t middle = ::fork();
     if (middle == 0) {
         ::setsid();
-        // The parent of this second child ends at once, so that nobody here need wait for the
-        // child.
+        // Its parent ends at once, so the program becomes a child of init, which waits for it.
         if (::fork() == 0)
             Become(call, report[1]);
         ::_exit(EXIT_SUCCESS);

@@ -18,7 +18,7 @@ QString Path(const QString& section, const QString& key) {
     return section + u'/' + key;
 }
 
-// The name in the spelling of the store, or as given if it isn't there.
+// The name as the store spells it, or as given if it isn't there.
 QString Spelled(const QStringList& stored, const QString& name) {
     for (const QString& spelling : stored) {
         if (spelling.compare(name, Qt::CaseInsensitive) == 0)

@@ -6,19 +6,19 @@
 
 namespace platform {
 
-/// The per-user settings store: a text for each application, section and key, kept in the place
-/// where this desktop keeps the settings of a user. Sections and keys are found without regard to
-/// case. Each change is on the disk on return.
+/// The per-user settings store: a text for each application, section and key, in a QSettings file
+/// of the user. Sections and keys are found without regard to case. Each change is on the disk on
+/// return.
 
 /// The value, or the default if there is none.
 QString GetSetting(const QString& application, const QString& section, const QString& key,
                    const QString& fallback);
-/// In a store that can't be written the value is lost, at the latest with this run, and the log
-/// says so.
+/// If the store can't be written the value is lost, at the latest when the program ends, and the
+/// log says so.
 void SaveSetting(const QString& application, const QString& section, const QString& key,
                  const QString& value);
-/// Several keys at once: whenever the program is ended, all of the changes are there or none. A
-/// null text deletes its key, which need not be there.
+/// Several keys at once: if the program is killed meanwhile, all of the changes are stored or none.
+/// A null text deletes its key, which need not be there.
 void SaveSettings(const QString& application, const QString& section,
                   const QMap<QString, QString>& values);
 /// Fails (FileNotFound) if there is no such key.

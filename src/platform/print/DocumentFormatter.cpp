@@ -15,7 +15,7 @@ namespace platform {
 namespace {
 
 constexpr double kWidest = 10'000'000; // pixels; QFixed, in which lines are laid out, ends at 2^25
-constexpr int kBlocks = 256;           // of a piece
+constexpr int kBlocks = 256;           // most paragraphs of a piece at first
 constexpr qsizetype kCharactersOfABlock = 256;
 
 QSize ResolutionOf(const QPaintDevice& device) {
@@ -32,7 +32,7 @@ bool BreaksPage(const QTextBlock& block) {
     return block.blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore;
 }
 
-// Copies a paragraph to the end. It stands by itself there, whatever table or list it came from.
+// Copies a paragraph to the end, without the table or list that it belongs to.
 void Append(const QTextBlock& block, QTextCursor& end, bool first) {
     QTextBlockFormat format = block.blockFormat();
     format.clearProperty(QTextFormat::ObjectIndex);
@@ -46,7 +46,7 @@ void Append(const QTextBlock& block, QTextCursor& end, bool first) {
 
 } // namespace
 
-// Goes through the lines of a document from a character on.
+// Iterates over the lines of a document, from that of a character on.
 class DocumentFormatter::Lines {
 public:
     Lines(const QTextDocument& document, qsizetype first)
@@ -110,7 +110,7 @@ void DocumentFormatter::LayOut(const QTextDocument& document, QPaintDevice& devi
         m_piece->documentLayout()->setPaintDevice(&device);
 }
 
-// Takes the paragraph of that character and those that follow it.
+// Copies the paragraph of that character and the following ones, at most `blocks`, into the piece.
 void DocumentFormatter::TakePiece(qsizetype first, int blocks) {
     QTextBlock block = m_document->findBlock(static_cast<int>(first));
     m_start = block.position();
@@ -155,7 +155,8 @@ qsizetype DocumentFormatter::Render(const FormatRange& range) {
     return *next;
 }
 
-// The lines that fit, and the first character that doesn't; none if the piece ends before.
+// Fills the page and returns the first character that doesn't fit; nullopt if the piece is too
+// short.
 std::optional<qsizetype> DocumentFormatter::PageFrom(qsizetype first, qsizetype end, double height,
                                                      std::vector<Lines>& page) const {
     page.clear();

@@ -15,10 +15,10 @@ namespace platform {
 /// overflow. The time of a page doesn't depend on what comes before it.
 class DocumentFormatter {
 public:
-    /// What Render goes by; both must live until Release. The layout at hand is kept if it is one
-    /// of this document for such a device and width.
+    /// Sets what Render uses; document and device must live until Release. Keeps the last layout if
+    /// document, resolution and width are the same. `lineWidth` is in twips.
     void LayOut(const QTextDocument& document, QPaintDevice& device, double lineWidth);
-    /// As RichText::Format. The device must be one that the text was laid out for.
+    /// As RichText::Format. The device of the range must have the resolution given to LayOut.
     qsizetype Render(const FormatRange& range);
     void Release();
 

@@ -12,9 +12,9 @@ class QPainter;
 
 namespace platform {
 
-/// A printer and the job that is under way on it, which begins with the first Print and ends with
-/// EndDoc; without EndDoc it is given up. Lengths are in twips (1/1440 inch) unless said otherwise,
-/// places count from the top left corner of the printable area. Whatever the printer refuses is a
+/// A printer and its current job, which begins with the first Print and ends with EndDoc; without
+/// EndDoc it is cancelled. Lengths are in twips (1/1440 inch) unless said otherwise, positions are
+/// relative to the top left corner of the printable area. Whatever the printer refuses is a
 /// Failure.
 class Printer {
 public:
@@ -29,13 +29,13 @@ public:
     /// From the edge of the paper to the printable area, in pixels of the device.
     virtual int PhysicalOffsetX() const = 0;
     virtual int PhysicalOffsetY() const = 0;
-    /// Pixels of the device as twips.
+    /// Pixels of the device in twips.
     virtual double ScaleX(int pixels) const = 0;
     virtual double ScaleY(int pixels) const = 0;
 
     virtual void Font(const QString& name, double points) = 0;
     virtual float TextWidth(const QString& text) const = 0;
-    /// The same for every text.
+    /// The height of a line: the same for every text.
     virtual float TextHeight(const QString& text) const = 0;
 
     virtual float CurrentX() const = 0;
@@ -47,7 +47,7 @@ public:
     virtual void NewPage() = 0;
     virtual void EndDoc() = 0;
 
-    /// What to draw the page with, in pixels of the device; null outside a job.
+    /// The painter of the page, in pixels of the device; null outside a job.
     virtual QPainter* hDC() = 0;
     /// A device like the printer's, only to measure for.
     virtual std::unique_ptr<QPaintDevice> CreateDC() const = 0;
@@ -57,7 +57,7 @@ using PrinterFactory = std::function<std::unique_ptr<Printer>()>;
 
 /// The printer that is current. Fails if there is none.
 std::unique_ptr<Printer> CurrentPrinter();
-/// What makes it.
+/// The factory that CurrentPrinter calls.
 Seam<PrinterFactory>& PrinterSeam();
 
 } // namespace platform

@@ -7,13 +7,13 @@ class QPrinter;
 
 namespace platform {
 
-/// The printer, paper and margins that were chosen last in a dialog; they hold for every print of
-/// this run. Nothing happens before the first choice.
+/// Gives the printer the name, paper and margins chosen last in a dialog of this run. Does nothing
+/// before the first choice.
 void ApplyPrinterSetup(QPrinter& printer);
 void KeepPrinterSetup(const QPrinter& printer);
 
-/// The PDF file that the print dialog chose last in a printer's place, for what is printed without
-/// a dialog; empty for none.
+/// The PDF file chosen last in the print dialog instead of a printer, for printing without a
+/// dialog; empty for none.
 QString PrinterFile();
 void KeepPrinterFile(const QString& native);
 

@@ -14,7 +14,7 @@ namespace platform {
 RichTextBox::RichTextBox(QWidget* parent)
     : QTextEdit(parent), m_plainOption(document()->defaultTextOption()) {
     setTabChangesFocus(true);
-    QPalette paper = palette(); // on paper under a dark desktop too
+    QPalette paper = palette(); // white like paper, also with a dark theme
     paper.setColor(QPalette::Base, Qt::white);
     paper.setColor(QPalette::Text, Qt::black);
     setPalette(paper);

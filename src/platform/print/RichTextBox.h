@@ -16,8 +16,8 @@ class RichTextBox : public QTextEdit, public RichText {
 public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
-    /// Shows a file of the Rich Text Format, else of plain text, by program path. On a failure the
-    /// old text stays, but of a damaged file what could be read is shown.
+    /// Shows an RTF file, else a plain text file, by program path. On a failure the old text stays,
+    /// but a damaged file is shown as far as it could be read.
     void LoadFile(const QString& path);
 
     QString Text() const override;
@@ -28,7 +28,7 @@ public:
 private:
     void LoadPlainText(const QByteArray& utf8);
 
-    QTextOption m_plainOption; ///< RTF brings its own distance of tabs
+    QTextOption m_plainOption; ///< for plain text; RTF has its own tab stops
     DocumentFormatter m_formatter;
 };
 
