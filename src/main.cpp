@@ -30,7 +30,7 @@ constexpr const char* kHelp =
     "  --version   muestra la versión y termina\n";
 constexpr const char* kImprimir = "--imprimir";
 
-// What is answered on the terminal, without a display.
+// The answer to --help and --version, which need no display.
 std::optional<std::string> TerminalAnswer(const std::vector<std::string>& arguments) {
     if (arguments.size() == 1 && arguments.front() == "--help")
         return kHelp;
@@ -60,9 +60,9 @@ int main(int argc, char** argv) {
 
     const QString archivo = platform::CommandLinePath(arguments);
     shared::ValoresCompartidos compartido;
-    auto* portada = new shell::Form0; // goes by itself after the hand-over
+    auto* portada = new shell::Form0; // deletes itself after the hand-over
     portada->Show();
-    // The rest is made while the splash stands.
+    // The rest is made while the splash is shown.
     platform::SpeakSpanish(application);
     QApplication::setWindowIcon(shell::Icono());
     shell::MDIForm1 principal(compartido, imprimir ? QString() : archivo);

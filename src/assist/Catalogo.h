@@ -19,14 +19,14 @@ struct EntradaCatalogo {
     size_t pestana = 0;
     const char* control = ""; ///< its option button, or the list that holds it
     const char16_t* rotulo = u"";
-    const char16_t* codigo = nullptr; ///< where it isn't the caption; lines end in CR LF
+    const char16_t* codigo = nullptr; ///< to insert, lines end in CR LF; null for the caption
 
     QString Rotulo() const { return QString::fromUtf16(rotulo); }
     QString Codigo() const { return QString::fromUtf16(codigo ? codigo : rotulo); }
 };
 
 std::span<const Pestana> Pestanas();
-/// In the order in which a tab shows them.
+/// All entries, in the order in which their tabs show them.
 std::span<const EntradaCatalogo> Catalogo();
 
 } // namespace assist

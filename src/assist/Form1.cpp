@@ -17,7 +17,7 @@ namespace {
 constexpr int kArriba = 5010; // twips: under the catalogue
 constexpr int kMaximo = 255;
 
-// Digits, and more behind a comma or a point; anything else is no number here.
+// Only digits, with a comma or a point among them, are a number.
 std::optional<double> Numero(QString texto) {
     static const QRegularExpression forma(
         QRegularExpression::anchoredPattern(QStringLiteral("[0-9]+([.,][0-9]*)?")));

@@ -15,7 +15,7 @@ class Form1;
 
 namespace assist {
 
-/// The window in which a colour is mixed. It shows the expression that makes it.
+/// The window in which a colour is mixed. It shows the Lua expression for the colour.
 class Form1 : public platform::Form {
     Q_OBJECT
 

@@ -21,7 +21,7 @@ namespace {
 constexpr int kLineasDeLista = 16;
 constexpr int kMargen = 8; // pixels
 
-// The list of a tab that has one, made at its first entry.
+// The list in the frame, made for its first entry.
 QComboBox* Lista(QWidget* marco, const char* nombre) {
     if (auto* lista = marco->findChild<QComboBox*>(QString::fromLatin1(nombre)))
         return lista;
@@ -29,7 +29,7 @@ QComboBox* Lista(QWidget* marco, const char* nombre) {
     lista->setObjectName(QString::fromLatin1(nombre));
     lista->setEditable(true);
     lista->setInsertPolicy(QComboBox::NoInsert);
-    lista->setCompleter(nullptr); // what is typed stays as it is typed
+    lista->setCompleter(nullptr); // it would change what is typed
     lista->setMaxVisibleItems(kLineasDeLista);
     marco->layout()->addWidget(lista);
     return lista;
@@ -88,7 +88,7 @@ QWidget* Form4::HacerPagina(size_t pestana) {
     auto* filas = new QVBoxLayout(marco);
     filas->setSpacing(0);
     filas->setContentsMargins(kMargen, 0, kMargen, 0);
-    auto* grupo = new QButtonGroup(marco); // without it a lone option could be taken back
+    auto* grupo = new QButtonGroup(marco); // else a QRadioButton alone could be unchecked again
     QWidget* dentro = marco;
     if (datos.marcoInterior) {
         dentro = new QGroupBox(QString::fromUtf16(datos.rotuloInterior), marco);

@@ -20,8 +20,7 @@ class Form4 : public platform::Form {
     Q_OBJECT
 
 public:
-    /// Puts the text into the script that gets the calls, if there is one, and goes on typing
-    /// there.
+    /// Inserts the text into the current script, if there is one, and gives it the focus.
     using Insertar = std::function<void(const QString& codigo)>;
 
     explicit Form4(Insertar insertar);

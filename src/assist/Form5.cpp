@@ -21,7 +21,7 @@ constexpr int kAncho = 7215;
 constexpr int kAlto = 4095;
 constexpr int kIzquierda = 120;
 constexpr int kArriba = 240;
-// Twips to a pixel of the console, whatever the desktop's are.
+// Twips per pixel of the console, whatever the desktop's resolution is.
 constexpr float kTwipsPorPixel = 15;
 
 QImage PantallaPropia() {
@@ -39,7 +39,7 @@ QImage Pantalla() {
     }
 }
 
-// The number in pixels, as short as it stays the same 32-bit float.
+// The number in pixels, in the fewest digits that read back as the same 32-bit float.
 QString EnPixeles(float twips) {
     std::array<char, 64> texto{};
     const auto fin = std::to_chars(texto.data(), texto.data() + texto.size(),
@@ -55,7 +55,7 @@ Form5::Form5(std::function<void()> elegirPng)
     Caption(windowTitle());
     CancelButton(m_ui->KewlButtons2);
     setFocusProxy(m_ui->Picture1);
-    // Of one size, so that a move of the mouse lays out nothing.
+    // A fixed size, so that moving the mouse causes no new layout.
     const QFontMetrics letra = fontMetrics();
     for (QLabel* rotulo : {m_ui->labelx, m_ui->labely})
         rotulo->setFixedSize(letra.horizontalAdvance(QStringLiteral("-0000.000")), letra.height());
@@ -105,7 +105,7 @@ void Form5::KewlButtons6_Click() {
     m_elegirPng();
 }
 
-// A PNG has given the area its own size.
+// A PNG may have changed the size of the area.
 void Form5::KewlButtons4_Click() {
     m_ui->Picture1->Width(kAncho);
     m_ui->Picture1->Height(kAlto);

@@ -14,8 +14,8 @@ class Form5;
 
 namespace assist {
 
-/// The window that tells the position of the mouse on the console's screen, in pixels, with the
-/// console's own picture or one of the user's behind.
+/// The window that shows the position of the mouse on the console's screen, in its pixels, over the
+/// console's own picture or a PNG of the user's.
 class Form5 : public platform::Form {
     Q_OBJECT
 

@@ -16,7 +16,7 @@
 namespace assist {
 namespace {
 
-// Empty, as of a file that isn't there, if the drive is gone.
+// Empty if the drive is gone.
 std::string RutaNativa(const QString& ruta) {
     std::string nativa;
     platform::RunSilently([&] { nativa = platform::ToNative(ruta).native(); });

@@ -22,7 +22,7 @@ class Form6 : public platform::Form {
     Q_OBJECT
 
 public:
-    /// The picture box that they are painted into; fails as the loading of its window does.
+    /// Returns the picture box that they are painted into; fails if its window can't be loaded.
     using Pantalla = std::function<platform::PictureBox&()>;
 
     explicit Form6(Pantalla pantalla);

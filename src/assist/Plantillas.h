@@ -5,8 +5,8 @@
 
 namespace assist {
 
-/// The text of a template file, each line ended by CR LF, the last one too, whatever ends them in
-/// the file. Fails as ReadFile does, and on a file with NUL characters.
+/// The text of a template file, with CR LF after each line, the last one too, whatever line ends
+/// the file has. Fails as ReadFile does, and on a file with NUL characters.
 QString LeerPlantilla(const QString& ruta);
 
 } // namespace assist

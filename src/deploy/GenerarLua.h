@@ -9,8 +9,8 @@
 
 namespace deploy {
 
-/// Asks for a name and has the script written there, which `guardarCopia` does. A file that bears
-/// the name is replaced after a question. Fails as that does.
+/// Asks for a name, also whether to replace a file of that name, and lets `guardarCopia` write the
+/// script there. Fails as `guardarCopia` does.
 void GenerarLua(const std::function<void(const QString& ruta)>& guardarCopia,
                 platform::CommonDialog& dialogo, const platform::FileSystemObject& fso);
 

@@ -9,8 +9,8 @@ class cProg;
 
 namespace Module2 {
 
-/// Shows in the bar how much of a file is copied, and lets the window system's events through. A
-/// file of size 0 counts as whole. Answers 0: the copy goes on.
+/// Shows in the bar how many of a file's bytes are copied (100 % for a size of 0) and handles
+/// pending events. Returns 0: the copy goes on.
 int CopyProgress(qint64 total, qint64 copiado, shared::cProg& barra);
 
 } // namespace Module2

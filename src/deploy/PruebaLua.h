@@ -5,10 +5,10 @@
 
 namespace deploy {
 
-/// Has the desktop open the script, of which the player is told in QUILLMARK_SCRIPT_FOLDER the
-/// folder whose files it may use, as a native path, and in QUILLMARK_SCRIPT_NAME the name for its
-/// errors. `documento` is the document's file, or empty: then its caption is the name, and it gets
-/// a folder of its own, which is made. Fails if it can't be.
+/// Opens the script by ShellExecuteA. QUILLMARK_SCRIPT_FOLDER tells the player the native path of
+/// the folder whose files it may use, QUILLMARK_SCRIPT_NAME the name for its error messages: those
+/// of `documento`, a program path. If that is empty, the name is `rotulo` and the folder is
+/// QM\pruebas, which is made if need be. Fails if it can't be made.
 void AbrirScript(const QString& script, const QString& documento, const QString& rotulo);
 
 } // namespace deploy

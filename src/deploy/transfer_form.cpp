@@ -89,15 +89,15 @@ void transfer_form::CrearProyecto(const Destino& destino, const QString& texto) 
     EscribirScript(destino.Script(), texto);
 }
 
-// "&Detener" takes the place of "&Transferir" while there is something to stop. Who presses twice
-// in a hurry doesn't mean both.
+// "&Detener" takes the place of "&Transferir" during the copy. A double click must not press both,
+// so its second press is ignored.
 void transfer_form::MostrarCopia(bool copiando) {
     if (m_copiando != copiando)
         m_finDobleClic = platform::Now() + QApplication::doubleClickInterval();
     m_copiando = copiando;
     QPushButton* viene = copiando ? m_ui->parar : m_ui->KewlButtons1;
     QPushButton* seVa = copiando ? m_ui->KewlButtons1 : m_ui->parar;
-    // Whoever writes in a script meanwhile goes on writing there.
+    // The focus moves only between the buttons, not away from a script.
     const bool conFoco = seVa->hasFocus();
     m_ui->KewlButtons2->setEnabled(!copiando);
     m_ui->aviso->clear();
@@ -123,7 +123,7 @@ void transfer_form::CopiarTodo(const Destino& destino) {
                destino.Drivers() + QString::fromUtf16(nombre));
 }
 
-// A copy that fails says nothing, and the next one runs.
+// A failure goes to the log only, and the next file is copied.
 void transfer_form::Copiar(const QString& origen, const QString& destino) {
     platform::RunSilently([&] {
         platform::CopyFileExA(
@@ -140,7 +140,7 @@ void transfer_form::parar_Click() {
         m_cancelar = 1;
 }
 
-// Alt and a button's letter, held down, would press the button again as soon as it is back.
+// Ignores key repeats with Alt: they would press the button again as soon as it is back.
 bool transfer_form::event(QEvent* evento) {
     const bool atajo = evento->type() == QEvent::ShortcutOverride;
     const auto* tecla = atajo ? static_cast<QKeyEvent*>(evento) : nullptr;
@@ -158,7 +158,7 @@ void transfer_form::Form_QueryUnload(bool& cancelar) {
     if (!m_copiando)
         return;
     cancelar = true;
-    // No message box: the copy would wait for its answer.
+    // Not a message box, which would hold up the copy.
     m_ui->aviso->setText(
         QStringLiteral("La transferencia está en marcha. Espera a que acabe o pulsa Detener."));
 }

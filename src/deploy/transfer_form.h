@@ -45,10 +45,10 @@ private:
     std::unique_ptr<Ui::transfer_form> m_ui;
     shared::ValoresCompartidos& m_compartido;
     platform::FileSystemObject m_fso;
-    int m_cancelar = 0; // not 0: no further byte is copied
+    int m_cancelar = 0; // not 0: the copy stops
     bool m_copiando = false;
-    int64_t m_finDobleClic = 0; // of platform::Now, after the last change of the two buttons
-    bool m_dobleClic = false;   // the last press came before
+    int64_t m_finDobleClic = 0; // platform::Now until which a press counts as a double click
+    bool m_dobleClic = false;   // the last press was one
 };
 
 } // namespace deploy

@@ -12,7 +12,7 @@ public:
 
     /// Writes the temp file of the test run; fails if it can't be written.
     virtual void crear_temporal_click() = 0;
-    /// The caption of the main window.
+    /// Sets the caption of the main window.
     virtual void Rotulo(const QString& texto) = 0;
     /// The height of the main window, in twips.
     virtual int Alto() const = 0;

@@ -21,7 +21,7 @@ using platform::Failure;
 
 // The strip above the editor, where the window's own surface shows, in twips.
 constexpr int kFranja = 350;
-// What the window's height has more than the editor's.
+// The window's height less the editor's, in twips.
 constexpr int kRestoDeAlto = 850;
 constexpr int kMenosQueElMarco = 900;
 constexpr int kExtension = 4;
@@ -81,7 +81,7 @@ void frmDocumento::Preparar() {
     CodeMax editor;
     editor.Text(Esqueleto());
     PonerAspecto(editor);
-    editor.grab(); // the fonts are loaded by painting
+    editor.grab(); // painting loads the fonts
 }
 
 void frmDocumento::Form_Load() {
@@ -156,7 +156,7 @@ void frmDocumento::PreguntarPorCambios(bool& cancelar) {
         GuardarAlCerrar();
 }
 
-// A save that fails here does not stop the closing: the text is gone.
+// A save that fails here doesn't stop the closing, so the text is lost.
 void frmDocumento::Form_QueryUnload(bool& cancelar) {
     try {
         PreguntarPorCambios(cancelar);

@@ -17,8 +17,7 @@ class frmDocumento;
 
 namespace documents {
 
-/// The window of one script. Its caption is the document's name; the full path of its file is kept
-/// beside it, for the saving.
+/// The window of one script. Its caption is the document's name; Ruta is the path it is saved to.
 class frmDocumento : public platform::Form {
     Q_OBJECT
 
@@ -26,7 +25,7 @@ public:
     frmDocumento(MarcoDocumentos& marco, shared::ValoresCompartidos& compartido);
     ~frmDocumento() override;
 
-    /// Loads the fonts and the engine that the first document needs, while there is time for it.
+    /// Loads the fonts and QsciScintilla, so that the first document opens faster.
     static void Preparar();
 
     /// Set by the first change of the text, and never cleared again.
@@ -36,15 +35,15 @@ public:
 
     CodeMax& txtFile() { return *m_txtFile; }
 
-    /// True while the caption still is that of a script without a file.
+    /// True while the caption is still that of a script without a file.
     bool SinGuardar() const;
     /// The program path of its file; empty before the first saving.
     const QString& Ruta() const { return m_ruta; }
-    /// Loads the file into the editor; fails as OpenFile does. The caption is the caller's.
+    /// Loads the file into the editor; fails as OpenFile does. The caller sets the caption.
     void Abrir(const QString& ruta);
-    /// Writes the text to the path, which becomes the document's; fails as SaveFile does.
+    /// Writes the text to the path, which becomes Ruta; fails as SaveFile does.
     void GuardarEn(const QString& ruta);
-    /// Writes the text to the document's own file.
+    /// Writes the text to Ruta; fails as SaveFile does.
     void Guardar();
 
 protected:

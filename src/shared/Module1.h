@@ -10,12 +10,12 @@ namespace Module1 {
 QString LeerIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
                 const QString& Defecto);
 
-/// The only way to write one. A failure goes unnoticed.
+/// The only way to write one. A failure goes to the log.
 void EscribirIni(const QString& Archivo, const QString& Seccion, const QString& Clave,
                  const QString& Valor);
 
 /// Registers the program as the opener of an extension such as ".qmk". An empty argument but the
-/// icon's gets a message and nothing is written; a write that fails goes unnoticed.
+/// icon's gets a message and nothing is written; a write that fails goes to the log.
 void Asociar(const QString& Descripcion, const QString& RutaPrograma, const QString& Extension,
              const QString& Icono);
 
@@ -29,7 +29,7 @@ struct TipoDeArchivo {
 };
 void Registrar(const TipoDeArchivo& tipo);
 
-/// The text without blanks around it; tabs and the like are part of it.
+/// The text without the blanks (U+0020 only) around it.
 QString SinBlancos(const QString& texto);
 
 /// The path of the settings file, config.ini; platform/files/ProfileFile.h tells its format.

@@ -6,16 +6,15 @@
 
 namespace shared {
 
-/// A text that is published at every key press but seldom read: it is fetched from its source at
-/// the first reading. A source must release it before the text that it gives becomes another one,
-/// or before it dies.
+/// A text that is published at every key press but seldom read, so it is fetched from its source
+/// only when it is read. A source must call Soltar before its text changes and before it dies.
 class TextoPublicado {
 public:
     using Fuente = std::function<QString()>;
 
-    /// `dueno` names the source in Soltar; only the last one to publish counts.
+    /// `dueno` identifies the source for Soltar; the last one to publish counts.
     void Publicar(const void* dueno, Fuente fuente);
-    /// Fetches the text for good if it is this owner's.
+    /// Fetches the text now and forgets the source, if it is this one.
     void Soltar(const void* dueno);
     const QString& Leer() const;
 

@@ -17,7 +17,7 @@ struct ValoresCompartidos {
     QString nombre_script;        ///< name of the script as last published
     TextoPublicado texto_script;  ///< text of the script as last published
     QString texto_temporal;       ///< text of the last test run
-    QString carpeta_firmware;     ///< the firmware's folder, as last worked out
+    QString carpeta_firmware;     ///< the firmware's folder ("GAME") at the last transfer
     QString origen_eboot;         ///< the loader that was sent last, a program path
     QString version;              ///< the program's, as the update window knows it
     qint16 segundos = 0;          ///< since the last look for an update began

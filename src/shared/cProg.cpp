@@ -109,7 +109,7 @@ void cProg::ApplyPalette() {
 void cProg::resizeEvent(QResizeEvent* evento) {
     QWidget::resizeEvent(evento);
     m_anchoBarra = A16Bits(platform::ToTwips(width()));
-    // The first size comes before the host's properties do.
+    // The first resize comes before ReadProperties.
     if (!evento->oldSize().isValid())
         DrawBar();
 }

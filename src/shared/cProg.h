@@ -19,8 +19,8 @@ class cProg : public QWidget {
 public:
     explicit cProg(QWidget* padre = nullptr);
 
-    /// The percentage that is shown, of 16 bits; it isn't clamped. A resize fills the bar, and the
-    /// next writing sets its width again.
+    /// The percentage shown, cut to 16 bits but not to 0..100. A resize fills the bar until the
+    /// next value is set.
     int Value() const { return m_valor; }
     void Value(int porcentaje);
     /// 1 is green, 2 is blue; any other number leaves the colours as they are.

@@ -20,7 +20,7 @@ namespace {
 using platform::Failure;
 using platform::FailureCode;
 
-// The engine counts bytes so far, and no further.
+// QsciScintilla counts bytes in an int.
 constexpr qsizetype kLargestText = std::numeric_limits<int>::max();
 
 [[noreturn]] void Refuse(const QString& what, int number) {
@@ -75,7 +75,7 @@ void CodeMax::Text(const QString& text) {
         return;
     }
     {
-        const QScopedValueRollback quiet(m_quiet, true); // the removal and the insertion are one
+        const QScopedValueRollback quiet(m_quiet, true); // removal and insertion raise one Change
         m_editor->ReplaceAll(utf8);
     }
     Q_EMIT Change(this);

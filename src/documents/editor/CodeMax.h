@@ -9,11 +9,11 @@ namespace documents {
 
 class ScriptEditor;
 
-/// The code editor of a document window. It keeps line ends byte for byte, mixed or not, and the
-/// encoding of the file that it opened; it colours Lua by itself.
+/// The code editor of a document window, with a ScriptEditor (QsciScintilla) in it. It keeps mixed
+/// line ends and the encoding of the file that it opened.
 ///
-/// The first content of a control, by Text or OpenFile, is where its history begins: it raises no
-/// Change and there is nothing to undo. OpenFile never raises Change and empties the history.
+/// The undo history begins after the first Text or OpenFile, which raises no Change. OpenFile never
+/// raises Change and empties the history.
 class CodeMax : public QWidget {
     Q_OBJECT
 
@@ -21,23 +21,22 @@ public:
     explicit CodeMax(QWidget* parent = nullptr);
 
     QString Text() const;
-    /// Replaces the whole text, in one step of undo; the caret goes to its end, in view. NUL
-    /// characters are left out.
+    /// Replaces the whole text in one undo step; the caret goes to its end, in view. NUL characters
+    /// are left out. Fails if it is too large or has a line of more than 1 MiB.
     void Text(const QString& text);
-    /// Replaces the selection, or inserts at the caret, in one step of undo; line ends stay as
-    /// given.
+    /// Replaces the selection, or inserts at the caret, in one undo step; line ends stay as given.
     void SelText(const QString& text);
 
-    /// Replaces the whole text by the file's. Fails with a text that names the file and the reason,
-    /// and changes nothing then; so it does for a file with NUL characters, and for one with a line
-    /// of more than 1 MiB.
+    /// Replaces the whole text by the file's. Fails, with a text that names file and reason, and
+    /// changes nothing if the file can't be read, has NUL characters, is too large or has a line of
+    /// more than 1 MiB.
     void OpenFile(const QString& path);
-    /// Writes the whole text in the encoding in which it was opened, whole or not at all. A new
-    /// text goes out in the code page, or as UTF-8 if it doesn't fit. The second argument has no
-    /// meaning.
+    /// Writes the text in the encoding in which it was opened, or a new one in the code page; in
+    /// UTF-8 if it doesn't fit. Fails as WriteFile does and keeps the old file then. The second
+    /// argument has no meaning.
     void SaveFile(const QString& path, bool);
-    /// Writes the same bytes as a new file in the place of any that bears the name, write-protected
-    /// or not. What is saved later doesn't depend on it.
+    /// Writes the same bytes by ReplaceFile and fails as that does. Doesn't change the encoding
+    /// that SaveFile uses.
     void SaveCopy(const QString& path) const;
 
     void Undo();
@@ -55,7 +54,8 @@ public:
     void FontName(const QString& name);
     void FontSize(int points);
 
-    /// 12 shows the page set-up, 13 the print dialog, and prints if the user goes on.
+    /// `flags` 12 shows the page set-up, 13 the print dialog, then prints. Fails as PrintScript
+    /// does.
     void PrintDoc(int, int flags);
 
     /// Places the control in its window, in twips.
@@ -68,7 +68,7 @@ Q_SIGNALS:
 private:
     void Begin(const QByteArray& utf8);
     platform::EncodedText Encoded() const;
-    /// Why the engine can't work with the text, as the end of a sentence; empty if it can.
+    /// Why QsciScintilla can't work with the text, as the end of a sentence; empty if it can.
     QString WhyNotHeld(const QByteArray& utf8);
 
     ScriptEditor* m_editor;

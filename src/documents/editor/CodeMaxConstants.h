@@ -3,8 +3,7 @@
 
 namespace documents {
 
-/// The colour items that SetColor takes, of 0 to 30. The numbers in between have nothing to show in
-/// this control.
+/// The items of SetColor, which takes 0 to 30. The numbers that are missing have no effect.
 enum ColorItem {
     kWindowItem = 0,
     kLeftMarginItem = 1,

@@ -24,12 +24,12 @@ constexpr int kLeftMarginPixels = 6;
 constexpr int kBookmarkMarker = 0;
 constexpr int kHighlightMarker = 1;
 constexpr int kTabColumns = 4;
-// Colours and bracket matching cost too much in texts and lines above these sizes, in bytes.
+// Above these sizes, in bytes, colours and bracket matching are too slow.
 constexpr qsizetype kLargeText = 8 << 20;
 constexpr qsizetype kLongLine = 1 << 16;
 constexpr unsigned long kKeptWidths = 1 << 14;
 
-// Styles of the engine's Lua lexer.
+// Styles of the Lua lexer, SCLEX_LUA.
 enum LuaStyle {
     kCommentBlock = 1,
     kCommentLine = 2,
@@ -41,7 +41,7 @@ enum LuaStyle {
     kOperator = 10,
     kUnclosedString = 12,
     kScopeKeyword = 13,
-    kTwin = 14, // none of the lexer's: looks as style 0 does
+    kTwin = 14, // unused by the lexer; looks like style 0
 };
 
 constexpr const char* kKeywords = "and break elseif false in local nil not or return true";
@@ -49,7 +49,7 @@ constexpr const char* kScopeKeywords = "do else end for function if repeat then 
 
 enum class Part { Paper, Ink, LeftMargin, NumberInk, NumberPaper, Marker };
 
-// What each item colours, and its default. `index` is a style or the number of a marker.
+// What each item colours, and its default as 0x00BBGGRR. `index` is a style or a marker number.
 struct ColorRow {
     ColorItem item;
     Part part;
@@ -97,11 +97,11 @@ bool IsLineEnd(char byte) {
     return byte == '\n' || byte == '\r';
 }
 
-bool IsInside(char byte) { // a character of UTF-8
+bool IsInside(char byte) { // a UTF-8 character: not its first byte
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
 }
 
-// How many bytes two texts have in common at their head, in whole characters.
+// The length in bytes of the common start of two texts, in whole characters.
 qsizetype CommonHead(QByteArrayView a, QByteArrayView b) {
     const auto isInside = [](QByteArrayView text, qsizetype at) {
         return at < text.size() && IsInside(text[at]);
@@ -113,7 +113,7 @@ qsizetype CommonHead(QByteArrayView a, QByteArrayView b) {
     return same;
 }
 
-// The keys that stay with the editor although they are Ctrl and a letter.
+// The Ctrl+letter keys that the editor handles itself.
 bool IsEditingKey(int key) {
     constexpr std::array kLetters = {Qt::Key_C, Qt::Key_V, Qt::Key_X, Qt::Key_Y, Qt::Key_Z};
     const auto isKey = [&](Qt::Key letter) { return key == (Qt::CTRL | letter).toCombined(); };
@@ -181,7 +181,7 @@ QByteArray ScriptEditor::Bytes() const {
     return View().toByteArray();
 }
 
-// A text that is put in at once may bring lines that are too long for what is on.
+// A pasted text may bring lines that are too long for the colours and brackets.
 void ScriptEditor::WatchInsertions() {
     connect(this, &QsciScintilla::SCN_MODIFIED, this,
             [this](int, int kind, const char*, int length) {
@@ -194,7 +194,7 @@ void ScriptEditor::WatchInsertions() {
 
 void ScriptEditor::Load(const QByteArray& utf8) {
     ChooseHelpers(utf8);
-    // Nobody is told of each piece; the copy that the telling makes costs as much as the loading.
+    // Without notifications: each copies its piece of text, which takes as long as the loading.
     const long events = SendScintilla(SCI_GETMODEVENTMASK);
     SendScintilla(SCI_SETMODEVENTMASK, 0);
     SendScintilla(SCI_SETUNDOCOLLECTION, 0);
@@ -317,12 +317,12 @@ void ScriptEditor::SplitRuns() {
 void ScriptEditor::ColorLua(bool on) {
     if (std::exchange(m_luaColors, on) == on)
         return;
-    // The null lexer would write styles too.
+    // SCLEX_CONTAINER because SCLEX_NULL would overwrite the styles of SplitRuns.
     SendScintilla(SCI_SETLEXER, static_cast<unsigned long>(on ? SCLEX_LUA : SCLEX_CONTAINER));
     SendScintilla(SCI_SETKEYWORDS, 0UL, kKeywords);
     SendScintilla(SCI_SETKEYWORDS, 1UL, kScopeKeywords);
     SendScintilla(SCI_CLEARDOCUMENTSTYLE);
-    SendScintilla(SCI_STARTSTYLING, 0UL, 0L); // anew, as far as it is seen
+    SendScintilla(SCI_STARTSTYLING, 0UL, 0L); // styles are set again as lines are shown
 }
 
 void ScriptEditor::ShowLeftMargin(bool on) {

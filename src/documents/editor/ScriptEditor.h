@@ -12,28 +12,27 @@ class ScriptEditor : public QsciScintilla {
     Q_OBJECT
 
 public:
-    /// In bytes. With longer lines each key would be waited for: the engine measures the whole
-    /// line anew.
+    /// In bytes. With longer lines typing becomes slow: each key measures the whole line anew.
     static constexpr qsizetype kLongestLine = 1 << 20;
     static qsizetype LongestLine(QByteArrayView text);
 
     explicit ScriptEditor(QWidget* parent);
 
     QByteArray Bytes() const;
-    /// True if the engine has the room for a text of that many bytes in the place of its own.
+    /// False if there isn't the memory for replacing the text by one of that many bytes.
     bool Reserve(qsizetype bytes);
-    /// Replaces everything and forgets the history; signals nothing. Later line ends follow those
-    /// of the text.
+    /// Replaces everything and empties the history; emits no signal. New lines get the line end
+    /// that the text uses most.
     void Load(const QByteArray& utf8);
-    /// Replaces everything in one step of undo, which holds no more than what is behind the first
-    /// difference; the caret goes to the end, in view.
+    /// Replaces everything in one undo step, which holds only the text from the first difference
+    /// on; the caret goes to the end, in view.
     void ReplaceAll(const QByteArray& utf8);
 
     /// `color` is 0x00BBGGRR, or -1 for the default of the item.
     void SetItemColor(int item, int color);
     void SetFontName(const QString& name);
     void SetFontPoints(int points);
-    /// What would cost too much in the text at hand is left out until there is another.
+    /// This and the next are put off while the text is too large or has too long lines.
     void SetLuaColors(bool on);
     void SetBraceMatch(bool on);
     void ShowLeftMargin(bool on);

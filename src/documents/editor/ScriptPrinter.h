@@ -12,9 +12,9 @@ class ScriptEditor;
 /// Shows the page set-up; the paper and margins chosen there hold for every print of this run.
 void SetUpScriptPage(QWidget* owner);
 
-/// Shows the print dialog, whose choice holds as well, and, if the user goes on, prints the whole
-/// text in its colours, with the lines wrapped, the title at the head of each page and the page
-/// number beside it. Fails if the printer can't be started.
+/// Shows the print dialog, whose choice holds too, and prints the whole text unless it is
+/// cancelled: in its colours, with wrapped lines and, at the head of each page, the title and the
+/// page number. Fails if the printer can't be started.
 void PrintScript(ScriptEditor& editor, const QString& title);
 
 } // namespace documents
