@@ -10,8 +10,8 @@
 
 namespace explorer {
 
-/// Entries by their number, in the order in which they were added. The collection is made by its
-/// first entry and stays, though it may become empty, until all are taken out at once.
+/// Entries by number, in the order in which they were added. The collection exists from its first
+/// entry, even while it is empty later, until all are taken out at once.
 template<class Entrada>
 class Coleccion {
 public:

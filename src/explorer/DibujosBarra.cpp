@@ -9,7 +9,7 @@
 namespace explorer {
 namespace {
 
-constexpr int kUnidades = 24; // of the side, in which the pictures are drawn
+constexpr int kUnidades = 24; // side of a picture in the units that it is drawn in
 
 struct Paleta {
     QColor linea;

@@ -12,7 +12,7 @@ inline constexpr const char16_t* kDibujoSubir = u"subir";
 inline constexpr const char16_t* kDibujoCambiar = u"cambiar";
 inline constexpr const char16_t* kDibujoVolver = u"volver";
 
-/// Puts the pictures of the toolbar in, as they are normally and under the mouse.
+/// Fills the lists with the pictures of the toolbar: the normal ones and those under the mouse.
 void LlenarDibujos(platform::ImageList& ImageListNormal, platform::ImageList& imagelistup);
 
 /// A picture that changes under the mouse.

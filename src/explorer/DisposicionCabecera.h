@@ -10,25 +10,25 @@
 
 namespace explorer {
 
-/// The skin has this many cells of equal width, from left to right.
+/// Number of cells of a skin, all of the same width, from left to right.
 inline constexpr int kCeldas = 9;
 
 /// The nearest whole number, halves to the even neighbour.
 int Redondeado(double valor);
 
-/// The width of a cell of a skin that is so wide.
+/// The width of a cell of a skin of that width.
 int AnchoCelda(int anchoSkin);
 
-/// How a column's format (`fmt` of its HDITEM) has its text and icon stand.
+/// Where the text stands in a column of a format (`fmt` of its HDITEM), and whether it has an icon.
 struct Caso {
     enum Lado { Izquierda, Derecha, Centro };
     Lado lado = Izquierda;
     bool icono = false;
 };
-/// None for a format that isn't known; the column then stands like the one before it.
+/// nullopt for an unknown format; such a column is laid out like the one before it.
 std::optional<Caso> CasoDe(int fmt);
 
-/// What is known of a column: its rectangle, the size of its shortened title and of an icon.
+/// The measures of a column: its rectangle, the size of its shortened title and of an icon.
 struct Columna {
     QRect sitio;
     QSize texto;
@@ -43,8 +43,8 @@ Posiciones Disponer(const Columna& columna, const Caso& caso, bool iconoDerecha)
 
 /// The width that a title may have.
 int AnchoTitulo(const Columna& columna, const Caso& caso);
-/// The title if it isn't wider than `ancho`, else what of it fits with "..." behind it; empty if
-/// not even one character does.
+/// The title if it isn't wider than `ancho`, else its longest start that fits with "..." after it;
+/// empty if not even one character fits.
 QString Recortar(QString titulo, int ancho, const std::function<int(const QString&)>& medir);
 
 /// The three ways in which a column is drawn.

@@ -18,23 +18,23 @@ struct EntradaArchivo {
     QString nombre;
     QString tipo;
     quint32 atributos = 0;
-    qint32 tamano = 0; ///< the low 32 bits of the size in bytes
-    qint64 fechaEscritura = 0;
-    std::optional<QCollatorSortKey> orden; ///< the place of the name, set by the sort
+    qint32 tamano = 0;                     ///< the low 32 bits of the size in bytes
+    qint64 fechaEscritura = 0;             ///< as a file time, see platform/files/FileTime.h
+    std::optional<QCollatorSortKey> orden; ///< sort key of the name, set by ordenarEntradas
 };
 
-/// True for types that differ in nothing but case.
+/// True if the types are equal without regard to case.
 bool EsTipo(QStringView tipo, QStringView otro);
 
-/// "z" and the extension in lower case; a name without a point is all extension.
+/// "z" and the extension in lower case; without a point the whole name is the extension.
 QString ClaveDeArchivo(const QString& nombre);
 
 QString TextoTamano(qint32 tamano);
 QString TextoFecha(qint64 fechaEscritura);
 QString TextoAtributos(quint32 atributos);
 
-/// Sorts folders first, then files, each by name as the locale does without regard to case. Names
-/// that are equal then come in the order of their characters.
+/// Sorts folders first, then files, each by name in the locale's order (QCollator) without regard
+/// to case, equal names by their UTF-16 code units.
 void ordenarEntradas(std::span<EntradaArchivo> entradas);
 
 } // namespace explorer

@@ -52,8 +52,8 @@ void EntradaMensajes::Ofrecer(const TablaMensajes& tabla, Aviso& aviso) const {
         platform::RunHandler([&] { (*retrollamada)(aviso); });
 }
 
-// While another procedure that came later calls this one, this one stays and only passes messages
-// on: to give the window its former procedure would cut the later one off.
+// If a later procedure calls this one, this one stays and only passes messages on: restoring the
+// former procedure would drop the later one from the window.
 void EntradaMensajes::Salir() {
     tablaAntes = {};
     tablaDespues = {};

@@ -14,7 +14,7 @@ namespace explorer {
 inline constexpr qint32 MSG_ENTRIES = 32;
 inline constexpr qint32 ALL_MESSAGES = -1;
 
-/// Numbers of the messages wanted in one phase.
+/// The numbers of the messages that are wanted before, or after, the window's own handling.
 struct TablaMensajes {
     qint32 cuenta = 0;                           ///< slots that were ever used, or ALL_MESSAGES
     std::array<quint32, MSG_ENTRIES> casillas{}; ///< 0: freed
@@ -25,15 +25,15 @@ struct TablaMensajes {
 
 enum class Cierre { Ninguno, Pedido, VentanaDestruida };
 
-/// Stands before the procedure of a window and calls the owner for the messages that it wants. The
-/// window keeps it; it leaves by itself when the outermost call of it returns.
+/// Runs in front of a window's procedure and calls the owner for the messages that it wants. The
+/// window keeps it alive; once released it removes itself when its outermost call returns.
 class EntradaMensajes : public platform::WindowProcedure {
 public:
     qint32 Call(platform::HWnd hWnd, quint32 uMsg, qint32 wParam, qint32 lParam) override;
-    /// Calls the owner no more and leaves as soon as it can.
+    /// Calls the owner no more and removes itself from the window as soon as it can.
     void Soltar();
 
-    platform::HWnd ventana = 0; ///< 0 after it has left
+    platform::HWnd ventana = 0; ///< 0 after its removal
     std::weak_ptr<const void> dueno;
     const Retrollamadas::Mensaje* retrollamada = nullptr; ///< valid while the owner is there
     platform::WindowProc procAnterior;

@@ -11,7 +11,7 @@ namespace explorer {
 
 /// A method of an owner that a plain procedure calls.
 struct EntradaRetrollamada {
-    /// What the method answers; 0 if its owner has gone or the number of values is another one.
+    /// The method's result; 0 if its owner is gone or `valores` hasn't `parametros` values.
     qint32 Llamar(std::span<const qint32> valores) const;
 
     std::weak_ptr<const void> dueno;

@@ -19,7 +19,7 @@
 namespace explorer {
 namespace {
 
-constexpr int kJuntoAlTexto = 6; // pixels, of a button
+constexpr int kJuntoAlTexto = 6; // pixels, around the text of a button
 constexpr int kSubir = 1;
 constexpr int kCambiar = 3;
 constexpr int kVolver = 5;
@@ -46,7 +46,7 @@ void Explorador::PrepararBoton(QToolButton& boton, int Index, const char16_t* di
     boton.setIconSize({kLadoDibujo, kLadoDibujo});
     boton.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     boton.setMinimumWidth(boton.fontMetrics().horizontalAdvance(boton.text()) + kJuntoAlTexto);
-    boton.setAutoRaise(true); // so that it has a picture of its own under the mouse
+    boton.setAutoRaise(true); // shows the QIcon::Active picture under the mouse
     connect(&boton, &QToolButton::clicked, this, [this, Index] {
         platform::RunHandler([this, Index] { Toolbar1_ButtonClick(Index); });
     });

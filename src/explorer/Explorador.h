@@ -28,13 +28,13 @@ public:
     Explorador(MarcoExplorador& marco, const platform::FileSystemObject& fso);
     ~Explorador() override;
 
-    /// The skin in a picture file and the colours of the titles, 0x00BBGGRR. A skin that can't be
-    /// read leaves the header as the desktop paints it.
+    /// Sets the skin, from a picture file by program path, and the colours of the titles as
+    /// 0x00BBGGRR. If the skin can't be read the desktop paints the header.
     void setColumnHeader(const QString& SpathSkin, qint32 lColorNormal, qint32 lColorUp,
                          bool bIconAlingmentRight = false, bool bTextBold = false);
 
     clsListFile* cFile() const { return m_cFile.get(); }
-    /// Takes it over; its controls are set afterwards.
+    /// Takes the listing over; call its SetControls afterwards.
     void cFile(std::unique_ptr<clsListFile> vData);
     void cFile_changePath(QString& Ruta);
 

@@ -10,8 +10,8 @@ class MarcoExplorador {
 public:
     virtual ~MarcoExplorador() = default;
 
-    /// Opens a project file in a new document with that caption. One that can't be read gives an
-    /// empty document.
+    /// Opens a project file, by program path, in a new document with that caption. The document is
+    /// empty if the file can't be read.
     virtual void AbrirProyecto(const QString& ruta, const QString& rotulo) = 0;
 };
 

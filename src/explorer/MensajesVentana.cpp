@@ -18,7 +18,7 @@ namespace {
 constexpr int kTipoVentana = 0;
 constexpr int kTipoRetrollamada = 2; // 1, the hook, is never made
 
-// From the default resource, which a test can leave without memory.
+// Allocates from the default std::pmr resource, which a test can make fail.
 template<class Valor>
 std::shared_ptr<Valor> Reservar() {
     try {

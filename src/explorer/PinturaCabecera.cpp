@@ -10,7 +10,7 @@ namespace explorer {
 namespace {
 
 constexpr int kAltoLetra = 14; // pixels
-constexpr int kFondo = 1;      // where in the skin the strip of the background begins
+constexpr int kFondo = 1;      // x in the skin at which the background strip begins, pixels
 constexpr double kMezclado = 0.5;
 constexpr int kEstiloMezclado = 3;
 
@@ -18,7 +18,7 @@ QColor Color(qint32 color) {
     return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF};
 }
 
-// A column while it is drawn.
+// Draws the parts of one column.
 class Trazo {
 public:
     Trazo(QPainter& pintor, const EstadoCabecera& estado, const ColumnaCabecera& columna,
@@ -68,7 +68,7 @@ private:
     int m_celda;
 };
 
-// Of 14 pixels and normal weight, or the desktop's bold one.
+// 14 pixels high in normal weight, or the desktop's font in bold.
 QFont LetraCabecera(bool negrita) {
     QFont letra = negrita ? QApplication::font() : platform::FontOfHeight(kAltoLetra);
     letra.setWeight(negrita ? QFont::Bold : QFont::Normal);
@@ -91,7 +91,7 @@ void PintarCabecera(QPainter& pintor, const QRect& zona,
                       QRect(kFondo, 0, estado.anchoCelda, estado.altoSkin));
     const QFontMetrics letra = pintor.fontMetrics();
     const auto medir = [&letra](const QString& texto) { return letra.horizontalAdvance(texto); };
-    Caso caso; // a column of an unknown format stands like the one before it
+    Caso caso; // kept for a following column of unknown format
     for (int i = 0; i < static_cast<int>(columnas.size()); ++i) {
         const ColumnaCabecera& columna = columnas[static_cast<size_t>(i)];
         caso = CasoDe(columna.fmt).value_or(caso);

@@ -19,7 +19,7 @@ struct ColumnaCabecera {
     QPixmap imagen; ///< null without an icon
 };
 
-/// What decides how the header looks.
+/// The properties and the state that the header is painted by.
 struct EstadoCabecera {
     /// A null picture for no skin.
     void PonerSkin(const QPixmap& picture);

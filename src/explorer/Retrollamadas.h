@@ -11,10 +11,10 @@
 
 namespace explorer {
 
-/// A message on its way through the layer: the same object before and after the window's handling.
+/// A message as callbacks get it: the same object before and after the window's own handling.
 struct Aviso {
     bool bBefore;   ///< before the window's own handling
-    bool bHandled;  ///< set before it, skips it and the phase after it
+    bool bHandled;  ///< if set before: the window doesn't handle it and there is no phase after
     qint32 lReturn; ///< the result: the owner's if it handled the message, else the window's
     const platform::HWnd hWnd;
     const quint32 uMsg;
@@ -23,8 +23,8 @@ struct Aviso {
     qint32& lParamUser; ///< the owner's own, kept between the calls
 };
 
-/// The callbacks of an owner, under ordinals of its own choice. They are a part of the owner: once
-/// it is gone, none is called any more.
+/// The callbacks of an owner, by ordinals that it chooses. A member of the owner: once it is
+/// destroyed, none is called any more.
 class Retrollamadas {
 public:
     using Mensaje = std::function<void(Aviso&)>;
@@ -34,7 +34,7 @@ public:
     Retrollamadas(const Retrollamadas&) = delete;
     Retrollamadas& operator=(const Retrollamadas&) = delete;
 
-    /// The first one under an ordinal stays.
+    /// Ignored if the ordinal has one already.
     void Poner(int ordinal, Mensaje mensaje) {
         m_tabla->mensajes.emplace(ordinal, std::move(mensaje));
     }
@@ -43,7 +43,7 @@ public:
     /// Null if the ordinal has none.
     const Mensaje* BuscarMensaje(int ordinal) const { return Buscar(m_tabla->mensajes, ordinal); }
     const Metodo* BuscarMetodo(int ordinal) const { return Buscar(m_tabla->metodos, ordinal); }
-    /// What was found is valid while this can be locked.
+    /// Pointers from the Buscar functions are valid while this can be locked.
     std::weak_ptr<const void> Vida() const { return m_tabla; }
 
 private:

@@ -45,7 +45,7 @@ cSubclassListView::~cSubclassListView() {
 
 void cSubclassListView::SubClassListView(HWnd lhWnd) {
     if (timerActivo)
-        PararTimer(); // it belongs to the former header
+        PararTimer(); // it watches the former header
     hWndLista = lhWnd;
     m_lista = qobject_cast<ListView*>(WidgetOf(lhWnd));
     hWndCabecera = m_lista ? HandleOf(Cabecera().viewport()) : 0;
@@ -194,8 +194,8 @@ int cSubclassListView::ColumnaEn(QPoint punto) const {
     return dentro ? Cabecera().logicalIndexAt(punto) : -1;
 }
 
-// Both are asked: only QWidget::underMouse knows of another program's window over the header, and
-// only the place of the mouse tells while a button is held.
+// Both are needed: only QWidget::underMouse notices another program's window over the header, and
+// only the position of the mouse is right while a button is held.
 bool cSubclassListView::RatonEncima() const {
     const QWidget* cabecera = Cabecera().viewport();
     return cabecera->underMouse() && QApplication::widgetAt(QCursor::pos()) == cabecera;

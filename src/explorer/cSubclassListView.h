@@ -27,7 +27,7 @@ public:
     cSubclassListView();
     ~cSubclassListView();
 
-    /// `lhWnd` is a platform::ListView; another window is reported, and nothing is painted for it.
+    /// `lhWnd` must be a platform::ListView; any other window is reported and not painted.
     void SubClassListView(platform::HWnd lhWnd);
 
     /// A bitmap of kCeldas cells, whose height becomes the header's; null for no skin.
@@ -43,7 +43,7 @@ public:
     void HedersFontBlod(bool New_Value);
     bool HedersFontBlod() const { return m_estado.HedersFontBlod; }
 
-    /// Has the list and its header painted anew.
+    /// Repaints the list and its header.
     void RefreshColData();
     /// The first 32 characters of a column's title, up to a NUL; empty if the column can't be read.
     QString GetListviewColumn(platform::HWnd hwnd, int pColumn) const;

@@ -36,7 +36,7 @@ constexpr std::array kColumnas = {
     Columna{u"Atributo", 60, Qt::AlignRight},
 };
 
-// The kinds of file that have an icon of their own for each file.
+// The types in which each file has an icon of its own.
 struct TipoPropio {
     const char16_t* clave;
     const char16_t* tipo;
@@ -67,7 +67,7 @@ platform::ListItem Fila(const EntradaArchivo& entrada) {
 
 } // namespace
 
-/// What one reading of a folder knows so far.
+/// The state of reading one folder.
 struct clsListFile::Lectura {
     QString directorio;                 ///< with its separator
     QHash<QString, QString> cacheTipos; ///< by key
@@ -107,7 +107,7 @@ void clsListFile::Listar(const QString& path) {
     ListarHastaElFin(path);
 }
 
-// False if another listing, or the end of the object, came in between.
+// False if another listing began, or the object was destroyed, while events were handled.
 bool clsListFile::ListarHastaElFin(const QString& path) {
     const std::shared_ptr<unsigned> turno = m_turno;
     const unsigned este = ++*turno;

@@ -28,16 +28,16 @@ public:
     const QString& path() const { return mvarPath; }
     void path(const QString& vData) { mvarPath = vData; }
 
-    /// The controls stay the caller's and must outlive this object.
+    /// The caller owns the controls, which must outlive this object.
     void SetControls(platform::ListControl& ListView, platform::ImageList& ImageList1,
                      platform::ImageList& ImageList2);
 
-    /// Lists a folder; one that can't be read is an empty list. Other events are handled meanwhile.
-    /// If one of their handlers lists a folder too, or ends this object, this call just ends.
+    /// Lists a folder by program path, as empty if it can't be read. Handles events meanwhile; if
+    /// one of them lists a folder too, or destroys this object, this call just returns.
     void Listar(const QString& path);
     void subirNivel();
 
-    /// Hears that a folder was entered, or left for the one above.
+    /// Called after a folder was entered, or left for the one above.
     std::function<void(QString& Ruta)> changePath;
 
 private:
@@ -58,7 +58,7 @@ private:
     platform::ImageList* mvarImagenGrande = nullptr;
     std::vector<EntradaArchivo> mvarFiles;
     QString mvarPath;
-    /// Counts the listings. It outlives this object for a listing that is still running.
+    /// Counts the listings; shared, since a running listing reads it after the object is destroyed.
     std::shared_ptr<unsigned> m_turno = std::make_shared<unsigned>(0);
 };
 
