@@ -19,7 +19,7 @@ int Entero(double twips) {
     return static_cast<int>(core::RoundHalfEven(twips));
 }
 
-// The line width that can be told, whatever the margins are.
+// The line width within the range of SetTargetDevice's int.
 int EnRango(qint64 twips) {
     return static_cast<int>(std::clamp<qint64>(twips, std::numeric_limits<qint32>::min(),
                                                std::numeric_limits<qint32>::max()));
@@ -100,7 +100,7 @@ void Class2::ImprimirPaginas(platform::RichText& UnRichText, platform::Printer& 
     }
 }
 
-// The header stands in the middle of the band over the text, the footer in that below it.
+// The header stands in the middle of the band above the text, the footer in that of the one below.
 void Class2::ImprimirRotulos(const platform::FormatRange& peticion, int pagina,
                              platform::Printer& Printer) const {
     const double ancho = Printer.ScaleWidth();

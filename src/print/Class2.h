@@ -14,8 +14,8 @@ namespace print {
 /// number of the page. Margins are in twips (1/1440 inch), from the edge of the paper.
 class Class2 {
 public:
-    /// Prints all of it at once. Fails if there is no printer or it refuses something, and, once
-    /// the pages so far are printed, if the margins leave no room for a line.
+    /// Prints the whole text. Fails if there is no printer or it refuses something; also, after the
+    /// pages that it could print, if the margins leave no room for a line.
     void Imprimir(platform::RichText& UnRichText);
 
     int MarginTop() const { return m_marginTop; }

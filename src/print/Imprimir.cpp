@@ -13,8 +13,8 @@
 namespace print {
 namespace {
 
-// A margin as it is typed, with a decimal comma or point. Halves go to the even neighbour. Fails
-// with the name of the field if it is no number that 32 bits hold.
+// A typed margin, in twips, with a decimal comma or point, rounded half to even. Fails, naming the
+// field, if it is no number or one beyond 32 bits.
 int Margen(const QLineEdit& campo, const QLabel& nombre) {
     using Limites = std::numeric_limits<int>;
     bool numero = false;

@@ -20,8 +20,8 @@ public:
     QString AppCommand;  ///< program path
     QString DefaultIcon; ///< program path of an .ico file
 
-    /// Fails without a title, class or command, and writes nothing then; a write that fails goes
-    /// unnoticed.
+    /// Fails without a title, class or command, and writes nothing then; a write that fails goes to
+    /// the log.
     void Associate() const;
 };
 

@@ -83,7 +83,7 @@ void Class1::ActualizarMenu() {
     const int visibles = std::min<int>(static_cast<int>(lista_recientes.size()), kEntradas);
     for (int i = 1; i <= visibles; ++i) {
         QString nombre = platform::DisplayText(NombreArchivo(lista_recientes.at(i - 1)));
-        nombre.replace(u'&', QStringLiteral("&&")); // no access key
+        nombre.replace(u'&', QStringLiteral("&&")); // a single & would mark an access key
         (*MenuReciente)(i).setText(QStringLiteral("%1 %2").arg(i).arg(nombre));
         (*MenuReciente)(i).setVisible(true);
     }
@@ -105,7 +105,7 @@ QStringList Class1::ListaGuardada() const {
 void Class1::GuardarLista() const {
     QMap<QString, QString> claves;
     for (qsizetype i = 1; i <= std::max<qsizetype>(lista_recientes.size(), cantidad_maxima); ++i)
-        claves.insert(QString::number(i), lista_recientes.value(i - 1)); // null behind the last one
+        claves.insert(QString::number(i), lista_recientes.value(i - 1)); // null deletes the key
     platform::SaveSettings(kAplicacion, kSeccion, claves);
 }
 

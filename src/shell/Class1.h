@@ -18,18 +18,18 @@ public:
 
     /// Both menu references must outlive this object.
     void Init(platform::MenuArray& MenuReciente, QAction& MenuSeparador);
-    /// Puts the path at the front and stores the list, with what other copies stored in it since.
+    /// Puts the path at the front and stores the list, merged with what other copies have stored.
     void NuevoElemento(const QString& Ruta_Archivo);
     /// The path at the position, from 1; empty where there is none.
     QString ObtenerPath(int indice_Menu) const;
     /// Empties list and store and hides the entries.
     void EliminarLista();
-    /// The chosen path, or empty. `Filtro` holds pairs of name and pattern, with NULs between them.
+    /// The chosen path, empty if cancelled. `Filtro`: name, pattern, name..., separated by NULs.
     QString CommonDialog_Abrir(QWidget* Hwnd_form, const QString& Filtro = {},
                                const QString& path_Inicial = {},
                                const QString& Dialog_title = {}) const;
 
-    /// The part of a path behind its last "\".
+    /// The part of a path after its last "\".
     static QString NombreArchivo(const QString& ruta);
 
 private:

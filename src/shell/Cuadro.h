@@ -5,7 +5,7 @@
 
 namespace shell {
 
-/// A picture that is painted when it is seen, sharp at every scale.
+/// A picture that is painted at each paint event, so that it is sharp at every scale.
 class Cuadro : public QWidget {
 public:
     using Trazado = void (*)(QPainter& pintor, const QRectF& donde);

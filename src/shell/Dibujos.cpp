@@ -15,7 +15,7 @@ const QColor kPapel(0xF4, 0xEE, 0xDD);
 const QColor kTinta(0x2B, 0x2B, 0x3A);
 const QColor kOro(0xE0, 0xA8, 0x3C);
 
-// Widths of the lines of a drawn script, in hundredths of the room.
+// Widths of the lines of a drawn script, in percent of the room.
 constexpr std::array kRenglones = {46, 34, 62, 52, 70, 28, 40};
 
 void PintarScript(QPainter& pintor, const QRectF& donde) {

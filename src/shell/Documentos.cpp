@@ -89,7 +89,7 @@ void Documentos::Referir(frmDocumento& documento, Apertura::Referencia referenci
         m_compartido.documento_explorador = &documento;
     if (referencia != Apertura::Referencia::FrmDoc)
         return;
-    FrmDoc = &documento; // another can be made while the explorer still reads its folder
+    FrmDoc = &documento; // before the explorer handles events, in which another can be made
     QObject::connect(&documento, &platform::Form::Unloaded, &m_marco, [this, &documento] {
         if (FrmDoc == &documento)
             FrmDoc.clear();
@@ -104,7 +104,7 @@ QString Documentos::Rotulo(const Apertura& apertura) const {
     return QStringLiteral("Nuevo script %1").arg(m_compartido.numero_documentos);
 }
 
-// It has written the temp file while it loaded. A run of another document may use that one.
+// Also deletes the temp file that it wrote in Form_Load, unless other documents may be using it.
 void Documentos::Descartar(frmDocumento& documento) {
     documento.Discard();
     const std::vector<platform::Form*> ventanas = m_marco.Forms();
@@ -180,7 +180,7 @@ void Documentos::Insertar(const QString& texto) {
     RunSilently([&] { FrmDoc->txtFile().SelText(texto); });
     RunSilently([&] {
         if (FrmDoc->State() == platform::WindowState::Minimised)
-            FrmDoc->State(platform::WindowState::Normal); // one sees what one types
+            FrmDoc->State(platform::WindowState::Normal); // to show what is typed
         FrmDoc->txtFile().SetFocus();
     });
 }

@@ -20,20 +20,20 @@ namespace shell {
 /// The size of a document that comes from the command line or the explorer, in twips.
 inline constexpr QSize kTamanoAbierto(shared::kAnchoDocumento, 10350);
 
-/// How a document comes to be, and what sets the ways to it apart.
+/// How a document is made or opened.
 struct Apertura {
-    /// When it counts as open.
+    /// When numero_documentos counts it.
     enum class Cuenta { AntesDeHacerlo, AntesDeMostrarlo, AlFinal };
-    /// What names it as long as it is open.
+    /// The pointer that refers to it while it is open.
     enum class Referencia { Ninguna, FrmDoc, DocumentoExplorador };
 
-    std::optional<QString> ruta{};   ///< of its file; without one it has the skeleton of a script
-    std::optional<QString> rotulo{}; ///< else the file's name, or "Nuevo script " and the count
-    QSize tamano{};                  ///< twips, from the frame's corner; else as it has loaded
+    std::optional<QString> ruta{};   ///< of its file; nullopt: the skeleton of a script
+    std::optional<QString> rotulo{}; ///< nullopt: the file's name, or "Nuevo script " and the count
+    QSize tamano{};                  ///< twips, in the frame's corner; empty: as it was loaded
     Cuenta cuenta = Cuenta::AlFinal;
     Referencia referencia = Referencia::Ninguna;
     bool vacioSiFalla = false;  ///< a file that can't be opened gives an empty document
-    bool conExplorador = false; ///< which comes in front of it
+    bool conExplorador = false; ///< shows the explorer in front of it
 };
 
 /// The documents of the main window: how they are opened and saved, and which of them a command
@@ -42,33 +42,32 @@ class Documentos : public explorer::MarcoExplorador {
 public:
     using Operacion = std::function<void(documents::frmDocumento& documento)>;
 
-    /// `marco` holds the documents, which ask `principal`; `explorador` shows the explorer.
+    /// `marco` holds the documents, which get `principal`; `explorador` shows the explorer.
     Documentos(platform::MDIFrame& marco, documents::MarcoDocumentos& principal,
                shared::ValoresCompartidos& compartido, std::function<void()> explorador);
     Documentos(const Documentos&) = delete;
     Documentos& operator=(const Documentos&) = delete;
 
-    /// The document made last with that reference; none once it is closed.
+    /// The document made last with Referencia::FrmDoc; null once it is closed.
     QPointer<documents::frmDocumento> FrmDoc;
 
-    /// Makes a document and shows it; none if it was closed while the explorer came. One that can't
-    /// be made, or its file not opened, leaves nothing behind, and this fails as Load or OpenFile.
+    /// Makes a document and shows it; null if it was closed while the explorer was shown. Fails as
+    /// Load or OpenFile does; no document is left then.
     QPointer<documents::frmDocumento> Abrir(const Apertura& apertura);
     void AbrirProyecto(const QString& ruta, const QString& rotulo) override;
 
-    /// Saves the active one; one without a file gets the name that is picked in the dialog. A
-    /// failure is ignored.
+    /// Saves the active document; asks for a name if it has no file. A failure goes to the log.
     void Guardar(platform::CommonDialog& dialogo);
-    /// Saves the active one under the name that is picked. A failure is ignored.
+    /// Asks for a name and saves the active document. A failure goes to the log.
     void GuardarComo(platform::CommonDialog& dialogo);
 
-    /// For what is done to the active one: nothing happens without one; a failure is ignored.
+    /// Runs the operation on the active document, if there is one. A failure goes to the log.
     void ConActivo(const Operacion& operacion);
-    /// For what needs no document in front: the one that was active last. A notice says what to do
-    /// if none is open.
+    /// Runs the operation on the document that was active last, even if another window is now in
+    /// front. Without an open document a notice says what to do.
     void ConUltimo(const Operacion& operacion);
 
-    /// Puts a text into FrmDoc, if there is one, and goes on typing there.
+    /// Inserts a text into FrmDoc, if there is one, and gives it the focus.
     void Insertar(const QString& texto);
     /// Adds an example, a file of the folder Code, to FrmDoc. A notice says what is missing.
     void AnadirPlantilla(const QString& archivo);

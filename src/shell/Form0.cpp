@@ -56,7 +56,7 @@ void Form0::Fundido() {
 
 void Form0::Timer1_Timer() {
     if (!m_principal)
-        return; // showing a splash window handles events already
+        return; // the timer can run before EntregarA: Show handles events
     Fundido();
     Timer1.Enabled(false);
     Entregar();
@@ -75,7 +75,7 @@ void Form0::Entregar() {
     }
 }
 
-// Nothing but the hand-over ends the splash.
+// The splash can't be closed before the hand-over.
 void Form0::Form_QueryUnload(bool& cancelar) {
     cancelar = !m_principal || !m_principal->isVisible();
 }

@@ -28,11 +28,10 @@ public:
     Form0();
     ~Form0() override;
 
-    /// Names the main window, which can be made while the splash already stands: the fade waits for
-    /// it.
+    /// Sets the main window, which can be made while the splash is shown: the fade waits for this.
     void EntregarA(MDIForm1& principal) { m_principal = &principal; }
 
-    /// `alphaAmount`: 0 clear to 255 solid.
+    /// `alphaAmount`: 0 (transparent) to 255 (opaque).
     static void MakeWindowTransparent(QWidget* hwnd, quint8 alphaAmount);
 
 protected:

@@ -11,7 +11,7 @@ class Form3;
 
 namespace shell {
 
-/// The about window, shown as a modal one.
+/// The about window, which is modal.
 class Form3 : public platform::Form {
     Q_OBJECT
 

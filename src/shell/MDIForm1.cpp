@@ -273,7 +273,7 @@ void MDIForm1::mnuventanaorganizar_Click() {
 void MDIForm1::TodasAlEstado(platform::WindowState estado) {
     std::vector<platform::Form*> visibles = Forms();
     std::erase_if(visibles, [](platform::Form* ventana) { return ventana->Shell()->isHidden(); });
-    // The place of a maximised one that goes is taken by the next.
+    // First none stays maximised: minimising that one would maximise the next in its place.
     for (platform::Form* ventana : visibles) {
         if (ventana->State() == platform::WindowState::Maximised)
             ventana->State(platform::WindowState::Normal);
@@ -291,7 +291,7 @@ void MDIForm1::mnuventanarestaurar_Click() {
 
 void MDIForm1::mnuventanacerrar_Click() {
     for (platform::Form* ventana : Forms())
-        ventana->Unload(); // a cancel keeps that one
+        ventana->Unload(); // stays open if its question is cancelled
 }
 
 void MDIForm1::actualizacion_online_Click() {

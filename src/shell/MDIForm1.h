@@ -34,14 +34,14 @@ public:
     MDIForm1(shared::ValoresCompartidos& compartido, QString lineaDeComandos);
     ~MDIForm1() override;
 
-    /// The document made last by mnuarchivonuevo; none once that is closed.
+    /// The document made last by mnuarchivonuevo; null once it is closed.
     const QPointer<documents::frmDocumento>& FrmDoc;
     platform::Timer Timer1;
 
-    /// A blank document with the next number, on show. The explorer follows; none if the document
-    /// was closed meanwhile.
+    /// Shows a blank document with the next number, then the explorer; null if the document was
+    /// closed meanwhile.
     QPointer<documents::frmDocumento> NuevoScript();
-    /// The print window, with a file in it unless the path is empty.
+    /// Shows the print window, with the file loaded unless the path is empty.
     void MostrarImprimir(const QString& archivo) { m_ventanas.MostrarImprimir(archivo); }
     /// The menu entry of that name, null if there is none.
     QAction* Entrada(const QString& nombre) const { return m_entradas.value(nombre); }

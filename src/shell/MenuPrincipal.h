@@ -17,7 +17,7 @@ struct EntradaMenu {
     /// Enabled only while a document is open.
     bool conDocumento = false;
     bool visible = true;
-    /// Runs again and again while its key is held down.
+    /// Repeats while its key is held down.
     bool seRepite = false;
 };
 

@@ -31,12 +31,12 @@ public:
 
     /// Shows the window and brings it to the front.
     void Mostrar(Ventana cual) { Unica(cual).Show(); }
-    /// The print window, with a file in it unless the path is empty.
+    /// Shows the print window, with the file loaded unless the path is empty.
     void MostrarImprimir(const QString& archivo);
 
 private:
     platform::Form& Unica(Ventana cual);
-    /// The area in Form5, which is loaded if it isn't, but not shown.
+    /// The screen area of Form5, which is loaded if need be, but not shown.
     platform::PictureBox& Pantalla();
 
     platform::MDIFrame& m_marco;

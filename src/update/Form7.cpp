@@ -20,13 +20,13 @@ namespace {
 
 constexpr int kSegundo = 1000; // milliseconds
 constexpr qsizetype kElementoMasLargo = 255;
-constexpr qint64 kCabeza = 4096; // bytes of a version file that are looked at
+constexpr qint64 kCabeza = 4096; // bytes of a version file that are read
 
 QString Ruta(const char16_t* archivo) {
     return platform::InProgramFolder(u"Update\\") + QString::fromUtf16(archivo);
 }
 
-// Empty without a file that can be read.
+// Empty if the file can't be read.
 QString LeerVersion(const char16_t* archivo) {
     QString version;
     platform::RunSilently(
@@ -71,7 +71,7 @@ Form7::Form7(QWidget* dueno, shared::ValoresCompartidos& compartido)
     m_ui->StatusBar1->addWidget(m_panel1, 1);
     m_ui->StatusBar1->addWidget(m_panel2, 1);
     m_ui->Image1->setPixmap(QApplication::windowIcon().pixmap(m_ui->Image1->size()));
-    auto* escape = new QShortcut(Qt::Key_Escape, this); // there is no button
+    auto* escape = new QShortcut(Qt::Key_Escape, this); // instead of a cancel button
     connect(escape, &QShortcut::activated, this, [this] { Unload(); });
     Timer1.Interval(1);
     Timer1.Enabled(true);
@@ -113,7 +113,7 @@ void Form7::actualizacion() {
     m_ui->ProgressBar1->Value(15);
     const QString oferta = LeerVersion(u"version.txt");
     m_ui->ProgressBar1->Value(30);
-    // What can't be read back stays the program's own.
+    // If it can't be read back, the program's own version stays.
     if (const QString propia = LeerVersion(u"miversion.txt"); !propia.isEmpty())
         m_compartido.version = propia;
     m_ui->ProgressBar1->Value(60);
@@ -123,7 +123,7 @@ void Form7::actualizacion() {
     Timer2.Enabled(false);
 }
 
-// Versions are compared as texts, so that 3.0.10 comes before 3.0.9.
+// Versions are compared as texts, so 3.0.10 counts as older than 3.0.9.
 void Form7::DarRespuesta(const QString& oferta) {
     if (oferta > m_compartido.version) {
         m_ui->Label1->setText(QStringLiteral("Nueva actualizacion disponible: ") + oferta);

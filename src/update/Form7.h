@@ -16,7 +16,7 @@ class Form7;
 
 namespace update {
 
-/// The window that looks for a newer version. It stands ready: nothing starts the look yet.
+/// The window that looks for a newer version. Nothing starts the check yet.
 class Form7 : public platform::Form {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ public:
     Form7(QWidget* dueno, shared::ValoresCompartidos& compartido);
     ~Form7() override;
 
-    /// Compares the program's version with the one on offer in \Update\version.txt.
+    /// Compares the program's version with that in Update\version.txt of the program's folder.
     void actualizacion();
 
 protected:
@@ -43,13 +43,13 @@ private:
     platform::Timer Timer1;
     platform::Timer Timer2;
     platform::Timer Timer3;
-    QObject Inet1; // stands for the network control: it has no address, and nothing is asked of it
+    QObject Inet1; // in the place of the network control, which is never used
     QString ArchivoConfig;
     QString m_estado;
 };
 
-/// The first item of a text, as a formatted read takes it: a quoted string, or a word up to a comma
-/// or a line end; at most 255 characters. Empty if there is none.
+/// The first item of a text: a string in quotes, or the characters up to a comma or a line end; at
+/// most 255. Empty if there is none.
 QString PrimerElemento(const QByteArray& bytes);
 
 } // namespace update
