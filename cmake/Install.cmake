@@ -25,7 +25,7 @@ install(FILES docs/manual.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs/ejemplos docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES packaging/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
-# Installs a text with the version put into it, packed if a packer is named.
+# Installs a text with the version put into it, packed if a packer is given.
 function(install_text source folder name)
   set(text "${PROJECT_BINARY_DIR}/texts/${folder}/${name}")
   configure_file(${source} "${text}" @ONLY)

@@ -2,10 +2,10 @@
 
 # quillmark_library(<folder> [WINDOWS] [USES <folder>...] [LINKS <target>...])
 #
-# The static library of a folder below src, or of one of the player's, with every source that lies in
-# it but main.cpp, as the target quillmark_<folder> with _ for /. USES names the folders whose headers it may include; to all others
-# it has no way, since each library brings an include folder of its own that leads to its headers and
-# to nothing beside or above them. WINDOWS: some of it has signals, slots or a form of the designer.
+# Makes the target quillmark_<folder>, with _ for /: the static library of a folder below src, or of
+# one of the player's, from all its sources but main.cpp. USES names the folders whose headers it
+# may include. It can't include others: each library has an include folder that leads to its own
+# headers only. WINDOWS: for sources with signals or slots, or .ui files.
 function(quillmark_library folder)
   cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "USES;LINKS")
   string(REPLACE "/" "_" name "quillmark_${folder}")

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The Debian package that CPack makes of an installation.
 
-# Debian wants texts packed hard, and without a time or a name in them.
+# Debian wants texts packed with gzip -9n: without a time or a name in them.
 find_program(GZIP gzip REQUIRED)
 set(QUILLMARK_PACKER "${GZIP}" -9nc)
 

@@ -22,7 +22,7 @@ install_packages() {
         apt-get install -y -q --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# The screen ends with the shell. Takes the size, such as 1366x850.
+# The screen ends with the shell. Takes its size in pixels, such as 1366x850.
 start_display() {
     local number
     number=$(mktemp)
