@@ -17,7 +17,14 @@ using namespace platform;
 
 namespace {
 
-QStringList events; // in the order in which they came, from all sides
+QStringList events;           // in the order in which they came, from all sides
+constexpr int kMessage = 600; // of no other meaning
+
+const QHash<quint32, QString> kNames = {{WM_NCHITTEST, u"hit"_s},
+                                        {WM_LBUTTONDOWN, u"down"_s},
+                                        {WM_DESTROY, u"destroy"_s},
+                                        {WM_TIMER, u"timer"_s},
+                                        {kMessage, u"own"_s}};
 
 struct Pane : QWidget {
     using QWidget::QWidget;
@@ -31,7 +38,8 @@ struct Pane : QWidget {
 struct Owner {
     Owner() {
         layer.Propias().Poner(1, [this](Aviso& aviso) {
-            events += (aviso.bBefore ? u"<%1"_s : u">%1"_s).arg(aviso.uMsg);
+            events += (aviso.bBefore ? u"<%1"_s : u">%1"_s)
+                          .arg(kNames.value(aviso.uMsg, QString::number(aviso.uMsg)));
             ++aviso.lParamUser;
             if (during)
                 during(aviso);
@@ -88,12 +96,12 @@ TEST_F(MensajesVentanaTest, PhasesSurroundTheWindowsOwnHandling) {
     };
     QTest::mousePress(pane, Qt::LeftButton, Qt::ShiftModifier, QPoint(-3, 9));
     // What the widget ignores comes to its parent, and only once.
-    EXPECT_EQ(Seen(), u"<132 <513 press outer press >513"_s);
+    EXPECT_EQ(Seen(), u"<hit <down press outer press >down"_s);
     EXPECT_EQ(owner->layer.ssc_UserValue(window), 8);
     owner->layer.ssc_UserValue(window, 1);
     owner->during = [](Aviso& aviso) { aviso.bHandled = aviso.uMsg == WM_LBUTTONDOWN; };
     QTest::mouseClick(pane, Qt::LeftButton, {}, QPoint(-3, 9));
-    EXPECT_EQ(Seen(), u"<132 <513 <132"_s);
+    EXPECT_EQ(Seen(), u"<hit <down <hit"_s);
     EXPECT_EQ(owner->layer.ssc_UserValue(window), 4);
     Unwatch(WM_LBUTTONDOWN);
     Watch(WM_NCHITTEST, MSG_AFTER);
@@ -131,29 +139,29 @@ TEST_F(MensajesVentanaTest, ADestroyedWindowIsLeftWhateverTheOwnerSays) {
         EXPECT_EQ(HandleOf(pane), window);
     };
     delete pane;
-    EXPECT_EQ(Seen(), u"<2 <2"_s); // the one below too, and nothing after
+    EXPECT_EQ(Seen(), u"<destroy <destroy"_s); // the one below too, and nothing after
     owner->layer.ssc_UnhookAll();
 }
 
 TEST_F(MensajesVentanaTest, UnhookingInACallbackWaitsForTheOutermostCall) {
     Watch(ALL_MESSAGES);
     owner->during = [&](Aviso& aviso) {
-        if (aviso.uMsg == 600)
+        if (aviso.uMsg == kMessage)
             owner->layer.ssc_Unhook(window);
         else
-            SendMessage(window, 600);
+            SendMessage(window, kMessage);
         EXPECT_NE(GetWindowProc(window), procedure);
         aviso.bHandled = true;
     };
-    EXPECT_EQ(Sent(599), u"<599 <600"_s);
+    EXPECT_EQ(Sent(kMessage - 1), u"<599 <own"_s);
     EXPECT_EQ(GetWindowProc(window), procedure);
-    owner->Enter(window, 600);
+    owner->Enter(window, kMessage);
     Owner above;
-    above.Enter(window, 600, MSG_AFTER);
+    above.Enter(window, kMessage, MSG_AFTER);
     owner.reset();
-    EXPECT_EQ(Sent(600), u">600"_s);
+    EXPECT_EQ(Sent(kMessage), u">own"_s);
     above.layer.ssc_UnhookAll();
-    Sent(600); // the one below could only leave after the one above
+    Sent(kMessage); // the one below could only leave after the one above
     EXPECT_EQ(GetWindowProc(window), procedure);
 }
 
@@ -164,29 +172,29 @@ TEST_F(MensajesVentanaTest, WindowAndOwnerMayGoInACallback) {
             delete pane;
     };
     QTest::mousePress(pane, Qt::LeftButton);
-    EXPECT_EQ(Seen(), u"<132 >132 <513 <2 >2"_s);
+    EXPECT_EQ(Seen(), u"<hit >hit <down <destroy >destroy"_s);
     auto inner = std::make_unique<Pane>();
     window = HandleOf(inner.get());
     Owner above;
     for (Owner* each : {owner.get(), &above})
         each->Enter(window, ALL_MESSAGES, MSG_BEFORE);
     above.during = [&](Aviso& aviso) {
-        if (aviso.uMsg == 600)
+        if (aviso.uMsg == kMessage)
             inner.reset();
     };
-    EXPECT_EQ(Sent(600), u"<600 <2 <2"_s); // the one below has left by then
+    EXPECT_EQ(Sent(kMessage), u"<own <destroy <destroy"_s); // the one below has left by then
     window = HandleOf(&outer);
     owner->Enter(window, ALL_MESSAGES);
     owner->during = [&](Aviso&) { owner.reset(); };
-    EXPECT_EQ(Sent(600), u"<600"_s);
+    EXPECT_EQ(Sent(kMessage), u"<own"_s);
     EXPECT_EQ(GetWindowProc(window), procedure);
     auto another = std::make_unique<Retrollamadas>();
     another->Poner(9, [](Aviso&) { events += u"another"_s; });
     EXPECT_TRUE(above.layer.ssc_Subclass(window, 0, 9, another.get()));
-    above.layer.ssc_WatchMsg(window, 600, MSG_BEFORE);
-    EXPECT_EQ(Sent(600), u"another"_s);
+    above.layer.ssc_WatchMsg(window, kMessage, MSG_BEFORE);
+    EXPECT_EQ(Sent(kMessage), u"another"_s);
     another.reset();
-    EXPECT_EQ(Sent(600), QString());
+    EXPECT_EQ(Sent(kMessage), QString());
 }
 
 TEST_F(MensajesVentanaTest, TablesHoldThirtyTwoMessages) {
@@ -198,8 +206,7 @@ TEST_F(MensajesVentanaTest, TablesHoldThirtyTwoMessages) {
         Watch(1000 + i / 2, MSG_BEFORE); // each but the last twice
     Watch(1003, MSG_AFTER);
     dialogs.Expect(u"Message table overflow. Either increase the value of Const MSG_ENTRIES or use "
-                   "ALL_MESSAGES instead of specific message values."_s,
-                   Answer::Ok);
+                   "ALL_MESSAGES instead of specific message values."_s);
     Watch(2000, MSG_BEFORE);
     EXPECT_EQ(Sent(1003) + Sent(2000) + Sent(1031), u"<1003 >1003<1031"_s);
     Watch(ALL_MESSAGES, MSG_AFTER);
@@ -214,7 +221,7 @@ TEST_F(MensajesVentanaTest, FailuresAreShown) {
     MensajesVentana& layer = owner->layer;
     const HWnd other = HandleOf(&outer);
     for (int i = 0; i < 13; ++i)
-        dialogs.Expect({}, Answer::Ok);
+        dialogs.Expect({});
     EXPECT_FALSE(layer.ssc_Subclass(HandleOf(nullptr)));
     EXPECT_FALSE(layer.ssc_Subclass(HandleOfNative(0x400001)));
     EXPECT_FALSE(layer.ssc_Subclass(other, 0, 2));
@@ -246,7 +253,7 @@ TEST_F(MensajesVentanaTest, FailuresAreShown) {
         "not found..|zDelMsg: Message &H20A not found in table.|zMap_Vfunction: Invalid thunk "
         "type passed.|zMap_VFunction: Thunk hasn't been initialized.|zMap_VFunction: Thunk "
         "type for ID of %1 does not exist.|"_s.arg(other));
-    EXPECT_EQ(Sent(WM_NCHITTEST), u"<132 >132"_s); // the first entry is as it was
+    EXPECT_EQ(Sent(WM_NCHITTEST), u"<hit >hit"_s); // the first entry is as it was
 }
 
 TEST_F(MensajesVentanaTest, TimersRunPlainProceduresOfTheOwner) {
@@ -265,7 +272,7 @@ TEST_F(MensajesVentanaTest, TimersRunPlainProceduresOfTheOwner) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= 3; }));
     Watch(WM_TIMER, MSG_BEFORE);
     EXPECT_TRUE(SetTimer(window, 1, 1, nullptr));
-    EXPECT_TRUE(QTest::qWaitFor([] { return events.contains(u"<275"_s); }));
+    EXPECT_TRUE(QTest::qWaitFor([] { return events.contains(u"<timer"_s); }));
     const std::array values{static_cast<qint32>(window), 0, 0, 0};
     EXPECT_EQ((*address)(values), 4);
     EXPECT_EQ((*address)(std::span(values).first(3)), 0);

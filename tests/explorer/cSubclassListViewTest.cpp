@@ -14,12 +14,18 @@ using namespace explorer;
 
 namespace {
 
-// Nine cells of 4 pixels and one pixel more; cell n is of the red 20 * n.
+constexpr int kRojo = 20; // the red of a cell is so often its number
+constexpr int kAltoSkin = 30;
+// Formats of columns at the left, without and with an icon.
+constexpr int kTexto = platform::HDF_STRING;
+constexpr int kConIcono = platform::HDF_STRING | platform::HDF_IMAGE;
+
+// Nine cells of 4 pixels and one pixel more.
 QPixmap Skin() {
-    QImage image(4 * kCeldas + 1, 30, QImage::Format_RGB32);
+    QImage image(4 * kCeldas + 1, kAltoSkin, QImage::Format_RGB32);
     for (int x = 0; x < image.width(); ++x)
         for (int y = 0; y < image.height(); ++y)
-            image.setPixelColor(x, y, QColor(x / 4 * 20, 0, 0));
+            image.setPixelColor(x, y, QColor(x / 4 * kRojo, 0, 0));
     return QPixmap::fromImage(image);
 }
 
@@ -68,24 +74,31 @@ protected:
         green.fill(Qt::green);
         icons.AddImage(u"verde"_s, green);
         list.ColumnHeaderIcons(&icons);
-        list.AddColumnHeader({u"Nombre"_s, 1500, Qt::AlignLeft, u"verde"_s});
-        list.AddColumnHeader({QString(40, u'i'), 1500, Qt::AlignRight});
-        list.AddColumnHeader({u"dos\0tres"_s, 1500, Qt::AlignHCenter});
+        list.AddColumnHeader({u"Nombre"_s, kTwips, Qt::AlignLeft, u"verde"_s});
+        list.AddColumnHeader({QString(40, u'i'), kTwips, Qt::AlignRight});
+        list.AddColumnHeader({u"dos\0tres"_s, kTwips, Qt::AlignHCenter});
         list.View(platform::ListDisplay::Report);
         list.resize(400, 100);
         list.show();
         skin.SubClassListView(platform::HandleOf(&list));
     }
-    // The red at the left end of each column, which is 60 under the mouse and 120 pressed.
+    // The red at the left end of each column.
     QList<int> Ends() {
         const QImage header = Header();
-        const auto red = [&](int x) { return header.pixelColor(x, 2).red(); };
-        return {red(1), red(101), red(201)};
+        const auto red = [&](int column) {
+            return header.pixelColor(column * kColumn + 1, 2).red();
+        };
+        return {red(0), red(1), red(2)};
     }
     QImage Header() { return Viewport()->grab().toImage(); }
     QWidget* Viewport() { return list.Header()->viewport(); }
     void Move(int x, int y = 5) { QTest::mouseMove(Viewport(), {x, y}); }
 
+    static constexpr int kColumn = 100; // its width
+    static constexpr int kTwips = platform::ToTwips(kColumn);
+    static constexpr int kSecond = 3 * kColumn / 2; // the middle of that column
+    static constexpr int kHovered = 3 * kRojo;
+    static constexpr int kPressed = 6 * kRojo;
     platform::ImageList icons;
     platform::ListView list;
     cSubclassListView skin;
@@ -94,20 +107,26 @@ protected:
 } // namespace
 
 TEST(DisposicionCabeceraTest, TextAndIconStandAsTheFormatSays) {
-    // Of columns from 10 on, 20 high, with a title of 30 x 13 and icons of 16 x 16; -1: no icon.
+    constexpr int R = platform::HDF_RIGHT;
+    constexpr int C = platform::HDF_CENTER;
+    constexpr int S = kTexto;
+    constexpr int I = kConIcono;
+    // The format, the column's width, whether the icon is behind the text; where the title begins,
+    // which is 30 x 13 in a column from 10 on, and the icon of 16 x 16; -1: none.
     const std::tuple<int, int, bool, int, int> casos[] = {
-        {0, 101, false, 19, -1},     {16384, 101, true, 19, -1},  {16385, 101, false, 72, -1},
-        {16386, 101, false, 46, -1}, {18432, 101, false, 44, 19}, {18432, 101, true, 19, 49},
-        {18433, 101, false, 72, 47}, {18433, 101, true, 56, 86},  {18434, 101, false, 52, 27},
-        {18434, 101, true, 36, 66},  {18432, 21, false, 44, 19},  {18432, 20, false, 44, -1},
-        {18433, 40, false, 11, -1}};
+        {0, 101, false, 19, -1},     {S, 101, true, 19, -1},     {S | R, 101, false, 72, -1},
+        {S | C, 101, false, 46, -1}, {I, 101, false, 44, 19},    {I, 101, true, 19, 49},
+        {I | R, 101, false, 72, 47}, {I | R, 101, true, 56, 86}, {I | C, 101, false, 52, 27},
+        {I | C, 101, true, 36, 66},  {I, 21, false, 44, 19},     {I, 20, false, 44, -1},
+        {I | R, 40, false, 11, -1}};
     for (const auto& [fmt, ancho, derecha, texto, icono] : casos) {
         const Columna columna = {{10, 0, ancho, 20}, {30, 13}, {16, 16}};
         const Posiciones posiciones = Disponer(columna, CasoDe(fmt).value(), derecha);
         EXPECT_EQ(posiciones.texto, QPoint(texto, 4)) << fmt << derecha;
         EXPECT_EQ(posiciones.conIcono ? posiciones.icono.x() : -1, icono) << fmt << derecha;
         EXPECT_EQ(posiciones.icono.y(), 2);
-        EXPECT_EQ(AnchoTitulo(columna, CasoDe(fmt).value()), ancho - 18 - (fmt >= 18432 ? 16 : 0));
+        EXPECT_EQ(AnchoTitulo(columna, CasoDe(fmt).value()),
+                  ancho - 18 - (fmt & platform::HDF_IMAGE ? 16 : 0));
     }
     EXPECT_FALSE(CasoDe(1).has_value());
     EXPECT_EQ(AnchoCelda(112), 12); // 12.4
@@ -125,26 +144,27 @@ TEST(DisposicionCabeceraTest, TextAndIconStandAsTheFormatSays) {
 TEST(PinturaCabeceraTest, ColumnsShowTheCellsOfTheirLook) {
     QPixmap icono(8, 8);
     icono.fill(Qt::green);
-    const std::vector<ColumnaCabecera> columnas = {{{0, 0, 60, 20}, QString(), 16384, {}},
-                                                   {{60, 0, 60, 20}, QString(), 18432, icono},
+    const std::vector<ColumnaCabecera> columnas = {{{0, 0, 60, 20}, QString(), kTexto, {}},
+                                                   {{60, 0, 60, 20}, QString(), kConIcono, icono},
                                                    {{120, 0, 5, 20}, QString(), 7, icono}};
-    // The red of the cells, and the colour and the place of the icon.
-    const std::tuple<bool, bool, std::array<int, 4>, QColor, QPoint> aspectos[] = {
-        {true, true, {0, 0, 0, 40}, QColor(Qt::green), {69, 6}},
-        {false, false, {60, 80, 80, 100}, QColor(Qt::green), {69, 6}},
-        {false, true, {120, 140, 140, 160}, QColor(70, 127, 0), {70, 7}}};
-    for (const auto& [sinResalte, pulsado, rojos, color, donde] : aspectos) {
+    // The cells of the left end, the middle and the right end, the icon's colour and place.
+    const std::tuple<bool, bool, std::array<int, 3>, QColor, QPoint> aspectos[] = {
+        {true, true, {0, 0, 2}, QColor(Qt::green), {69, 6}},
+        {false, false, {3, 4, 5}, QColor(Qt::green), {69, 6}},
+        {false, true, {6, 7, 8}, QColor(70, 127, 0), {70, 7}}};
+    for (const auto& [sinResalte, pulsado, celdas, color, donde] : aspectos) {
         EstadoCabecera estado = Estado(1);
         estado.sinResalte = sinResalte;
         estado.pulsado = pulsado;
         const QImage imagen = Pintada(columnas, estado);
-        const auto rojo = [&](int x) { return imagen.pixelColor(x, 1).red(); };
-        EXPECT_EQ((std::array{rojo(61), rojo(64), rojo(100), rojo(118)}), rojos);
-        EXPECT_EQ(rojo(115), rojos[1] == 0 ? 20 : rojos[1]); // the background's end
-        EXPECT_EQ(rojo(58), 40);                             // the column before is always normal
-        EXPECT_EQ(rojo(40), 0);
-        EXPECT_EQ(rojo(123), 40); // narrower than its ends
-        EXPECT_EQ(rojo(126), 20); // the background begins at column 1 of the skin, ends in cell 1
+        const auto celda = [&](int x) { return imagen.pixelColor(x, 1).red() / kRojo; };
+        EXPECT_EQ((std::array{celda(61), celda(64), celda(118)}), celdas);
+        EXPECT_EQ(celda(100), celdas[1]);
+        EXPECT_EQ(celda(115), celdas[1] == 0 ? 1 : celdas[1]); // the background's end
+        EXPECT_EQ(celda(40), 0);                               // the column before is always normal
+        EXPECT_EQ(celda(58), 2);
+        EXPECT_EQ(celda(123), 2); // narrower than its ends
+        EXPECT_EQ(celda(126), 1); // the background begins at column 1 of the skin, ends in cell 1
         const QColor visto = imagen.pixelColor(donde + QPoint(1, 1));
         EXPECT_NEAR(visto.red(), color.red(), 2);
         EXPECT_NEAR(visto.green(), color.green(), 2);
@@ -153,7 +173,7 @@ TEST(PinturaCabeceraTest, ColumnsShowTheCellsOfTheirLook) {
 }
 
 TEST(PinturaCabeceraTest, TitlesHaveTheColourTheFontAndTheRoomOfTheirLook) {
-    const std::vector<ColumnaCabecera> columnas = {{{0, 0, 90, 20}, QString(20, u'H'), 16384, {}}};
+    const std::vector<ColumnaCabecera> columnas = {{{0, 0, 90, 20}, QString(20, u'H'), kTexto, {}}};
     const QRect normal = Tinta(Pintada(columnas, Estado(-1)), &QColor::blue);
     EXPECT_NEAR(normal.left(), 10, 1);
     EXPECT_TRUE(normal.right() > 60 && normal.right() < 81); // cut before the end of the column
@@ -166,29 +186,29 @@ TEST(PinturaCabeceraTest, TitlesHaveTheColourTheFontAndTheRoomOfTheirLook) {
 
 TEST_F(cSubclassListViewTest, TheLooksFollowTheMouse) {
     skin.SkinPicture(Skin());
-    Move(150);
-    EXPECT_EQ(Ends(), (QList{0, 60, 0}));
-    QTest::mousePress(Viewport(), Qt::LeftButton, {}, {150, 5});
-    EXPECT_EQ(Ends(), (QList{0, 120, 0}));
-    Move(152); // dragging
+    Move(kSecond);
+    EXPECT_EQ(Ends(), (QList{0, kHovered, 0}));
+    QTest::mousePress(Viewport(), Qt::LeftButton, {}, {kSecond, 5});
+    EXPECT_EQ(Ends(), (QList{0, kPressed, 0}));
+    Move(kSecond + 2); // dragging
     EXPECT_EQ(Ends(), (QList{0, 0, 0}));
-    QTest::mouseRelease(Viewport(), Qt::LeftButton, {}, {152, 5});
-    EXPECT_EQ(Ends(), (QList{0, 60, 0}));
-    Move(350); // right of the last column
+    QTest::mouseRelease(Viewport(), Qt::LeftButton, {}, {kSecond + 2, 5});
+    EXPECT_EQ(Ends(), (QList{0, kHovered, 0}));
+    Move(3 * kColumn + 50); // right of the last column
     EXPECT_EQ(Ends(), (QList{0, 0, 0}));
     QTest::qWait(1);
     Paints paints;
     Viewport()->installEventFilter(&paints);
-    for (const int x : {20, 40, 60, 120, 140}) {
+    for (const int x : {20, 40, 60, kColumn + 20, kColumn + 40}) {
         Move(x);
         QTest::qWait(1);
     }
     EXPECT_EQ(paints.count, 2);
-    Move(150, 60); // on the rows
+    Move(kSecond, 2 * kAltoSkin); // on the rows
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 3; }));
     EXPECT_EQ(Ends(), (QList{0, 0, 0}));
     Move(20);
-    EXPECT_EQ(Ends(), (QList{60, 0, 0}));
+    EXPECT_EQ(Ends(), (QList{kHovered, 0, 0}));
     platform::ListView other; // the timer goes with its header
     other.View(platform::ListDisplay::Report);
     other.move(500, 0);
@@ -208,7 +228,7 @@ TEST_F(cSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
     EXPECT_EQ(skin.GetListviewColumn(window, 3), QString());
     const QImage own = Header();
     skin.SkinPicture(Skin());
-    EXPECT_EQ(list.Header()->height(), 30);
+    EXPECT_EQ(list.Header()->height(), kAltoSkin);
     EXPECT_EQ(Ends(), (QList{0, 0, 0}));
     EXPECT_EQ(Header().pixelColor(15, 15), QColor(Qt::green));
     QTest::qWait(1);
@@ -231,7 +251,7 @@ TEST_F(cSubclassListViewTest, ATitleIsCutAndWhatChangesShowsAtOnce) {
     skin.SkinPicture(QPixmap());
     EXPECT_EQ(Header(), own); // without a skin its own painting and height
     support::ScriptedDialogs dialogs;
-    dialogs.Expect(u"Invalid window handle"_s, platform::Answer::Ok);
+    dialogs.Expect(u"Invalid window handle"_s);
     skin.SubClassListView(platform::HandleOf(Viewport())); // not a list
     EXPECT_EQ(skin.GetListviewColumn(platform::HandleOf(Viewport()), 0), QString());
 }

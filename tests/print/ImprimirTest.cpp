@@ -42,7 +42,7 @@ protected:
     QPushButton* Command(int number) { return Find<QPushButton>(u"Command"_s, number); }
     void Click(int command, const QString& message = {}) {
         if (!message.isEmpty())
-            dialogs.Expect(message, platform::Answer::Ok);
+            dialogs.Expect(message);
         QTest::mouseClick(Command(command), Qt::LeftButton);
     }
     void Open(const QString& name, const QString& message = {}) {

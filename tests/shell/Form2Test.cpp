@@ -10,7 +10,6 @@
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
-using platform::Answer;
 using platform::Failure;
 
 namespace {
@@ -86,11 +85,11 @@ TEST_F(Form2Test, EachTypeOfFileIsRegisteredAtItsButton) {
 
 TEST_F(Form2Test, EmptyArgumentsAreRefused) {
     const QString x = u"x"_s;
-    dialogs.Expect(u" No se especificó la descripción del programa"_s, Answer::Ok);
+    dialogs.Expect(u" No se especificó la descripción del programa"_s);
     Module1::Asociar({}, {}, {}, x);
-    dialogs.Expect(u"  No se ha especificado la ruta del programa"_s, Answer::Ok);
+    dialogs.Expect(u"  No se ha especificado la ruta del programa"_s);
     Module1::Asociar(x, {}, {}, x);
-    dialogs.Expect(u"  No se ha especificado la extension del programa"_s, Answer::Ok);
+    dialogs.Expect(u"  No se ha especificado la extension del programa"_s);
     Module1::Asociar(x, x, {}, x);
     EXPECT_EQ(dialogs.messages[0].icon, platform::Icon::Error);
     shell::CAssociate association;

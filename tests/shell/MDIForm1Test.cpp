@@ -71,9 +71,9 @@ TEST_F(MDIForm1Test, AFileThatCannotBeOpenedLeavesNothingBehind) {
     compartido.nombre_script = u"publicado"_s;
     const QString ruta = u"C:\\no está.lua"_s;
     dialogs.ExpectName(ruta);
-    dialogs.Expect(ruta, Answer::Ok);
+    dialogs.Expect(ruta);
     Press("mnuarchivoabrir");
-    dialogs.Expect(ruta, Answer::Ok);
+    dialogs.Expect(ruta);
     Reciente(1)->trigger();
     EXPECT_EQ(dialogs.messages[1].icon, platform::Icon::Error);
     EXPECT_EQ(compartido.numero_documentos, 0);
@@ -82,7 +82,7 @@ TEST_F(MDIForm1Test, AFileThatCannotBeOpenedLeavesNothingBehind) {
     EXPECT_EQ(Reciente(1)->text(), u"1 no está.lua"_s); // the list keeps it
     EXPECT_FALSE(std::filesystem::exists(home.Root() / "programa/temp.lua"));
     Press("mnuarchivonuevo");
-    dialogs.Expect(ruta, Answer::Ok);
+    dialogs.Expect(ruta);
     Reciente(1)->trigger();
     EXPECT_EQ(home.Get("programa/temp.lua"), "\r\n"); // the other document's
 }
@@ -98,7 +98,7 @@ TEST_F(MDIForm1Test, DroppedFilesOpenAndStayOutOfTheList) {
     QWidget* editor = Active()->findChild<QAbstractScrollArea*>()->viewport();
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(editor, &enter); // which leaves it to the main window
-    dialogs.Expect(u"es una carpeta"_s, Answer::Ok);
+    dialogs.Expect(u"es una carpeta"_s);
     QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(editor, &drop);
     EXPECT_EQ(Captions().mid(1), QStringList({u"uno.lua"_s, u"dos.lua"_s}));
@@ -126,7 +126,7 @@ TEST_F(MDIForm1Test, ToolWindowsInFrontLeaveRunAndPrintTheLastScript) {
     Press("mnuarchivoimprimir");
     EXPECT_EQ(dialogs.printers, QStringList({u"page"_s, u"print"_s}));
     dialogs.ExpectName(u"C:\\c.lua"_s);
-    dialogs.Expect(u"c.lua generado en C:\\c.lua"_s, Answer::Ok);
+    dialogs.Expect(u"c.lua generado en C:\\c.lua"_s);
     Press("mnugenerarlua");
     EXPECT_EQ(home.Get("c.lua"), "-dos");
     last->flagGuardar = false;
@@ -146,7 +146,7 @@ TEST_F(MDIForm1Test, ToolWindowsInFrontLeaveRunAndPrintTheLastScript) {
                                        {&shell::MDIForm1::mnuarchivoimprimir_Click, none},
                                        {&shell::MDIForm1::mnuarchivoguardar_Click, nothing},
                                        {&shell::MDIForm1::mnuarchivocomo_Click, nothing}}) {
-        dialogs.Expect(aviso, Answer::Ok);
+        dialogs.Expect(aviso);
         (principal.*orden)();
         EXPECT_EQ(dialogs.messages.back().icon, platform::Icon::Information);
     }
