@@ -7,8 +7,21 @@ set -uo pipefail
 
 content() { cmp -s <(printf "$2") "$1"; } # FILE, the bytes as printf writes them
 is_default() { [ "$(xdg-mime query default "$1")" = "$2" ]; } # MIME type, desktop entry
-ends() { tail -c "$(printf "$2" | wc -c)" "$1" | content - "$2"; }
 begins() { printf "$2" | cmp -s -n "$(printf "$2" | wc -c)" - "$1"; }
+back() { press "$@" && wait_for "main window again" main_window; } # KEY..., which close a dialog
+pick() { # TITLE FILE: in the file dialog of that title
+    wait_for "file dialog" on_top "$1"
+    type_text "$2"
+    press Return
+}
+# FILE, which holds a z: the program has opened it, and so what is typed before that is saved there.
+is_edited() {
+    close_explorer
+    type_text 'hola '
+    press ctrl+s
+    wait_for "edited file $1" content "$1" 'hola z'
+    leave
+}
 
 # The terminal is answered without a display, as far as these stand alone.
 [[ $(env -u DISPLAY "$program" --version) =~ ^Quillmark\ [0-9.]+$ ]] || fail "--version"
@@ -36,9 +49,7 @@ start
 close_explorer
 type_text 'print(1)'
 press Return ctrl+s
-wait_for "save dialog" on_top '^Guardar como'
-type_text "$home/juegos/nuevo.qmk"
-press Return
+pick '^Guardar como' "$home/juegos/nuevo.qmk"
 wait_for "saved script" begins "$home/juegos/nuevo.qmk" 'print(1)\r\nwhile true do\rscreen:clear()\r\n'
 
 # What is in the editor runs, saved or not.
@@ -49,25 +60,19 @@ content "$home/visto" "$QUILLMARK_HOME $QUILLMARK_HOME/temp.lua\n" || fail "fold
 
 # The .lua file is written, and replaced after a question.
 press F6
-wait_for "save dialog" on_top '^Guardar como'
-type_text "$home/juegos/juego.lua"
-press Return
+pick '^Guardar como' "$home/juegos/juego.lua"
 wait_for "message" on_top '^Quillmark$'
 begins "$home/juegos/juego.lua" 'print(1)\r\n2while true' || fail "generated file"
-press Return
-wait_for "main window again" main_window
+back Return
 type_text '3'
 press F6
-wait_for "save dialog" on_top '^Guardar como'
-type_text "$home/juegos/juego.lua"
-press Return
+pick '^Guardar como' "$home/juegos/juego.lua"
 wait_for "question" on_top '^Quillmark$'
 sleep 0.3
 press Return
 wait_for "generated file" begins "$home/juegos/juego.lua" 'print(1)\r\n23while true'
 sleep 0.5
-press Return
-wait_for "main window again" main_window
+back Return
 press ctrl+s
 
 # Calls of three tabs go to the caret of the script made with Nuevo, and typing goes on there.
@@ -84,9 +89,7 @@ wait_for "snippets" begins "$home/copia.lua" \
 # A file of another encoding and mixed line ends is opened, changed at its head and saved.
 printf 'a\xf1o\n\rfin' >"$home/juegos/viejo.lua"
 press ctrl+a
-wait_for "open dialog" on_top 'Abrir archivo'
-type_text "$home/juegos/viejo.lua"
-press Return
+pick 'Abrir archivo' "$home/juegos/viejo.lua"
 wait_for "main window again" main_window
 sleep 1
 type_text 'x'
@@ -97,8 +100,7 @@ wait_for "changed file" content "$home/juegos/viejo.lua" 'xa\xf1o\n\rfin'
 type_text 'basura'
 press ctrl+F4
 wait_for "question about changes" on_top '^viejo.lua$'
-press Right Return
-wait_for "main window again" main_window
+back Right Return
 content "$home/juegos/viejo.lua" 'xa\xf1o\n\rfin' || fail "the file changed although it wasn't saved"
 
 # The script goes to the memory stick with its loader and drivers.
@@ -139,37 +141,24 @@ printf 'z' >"$home/juegos/dos palabras.lua"
 sed -i 's/nuevo=si/nuevo=no/' "$QUILLMARK_HOME/config.ini"
 cd "$home/juegos"
 start dos palabras.lua
-close_explorer
-type_text 'hola '
-press ctrl+s
-wait_for "file of the command line" content "dos palabras.lua" 'hola z'
-leave
+is_edited "dos palabras.lua"
 
 # The desktop opens a registered file with the program.
 printf 'z' >"$home/juegos/mi juego.qmk"
 start_by xdg-open "$home/juegos/mi juego.qmk"
-close_explorer
-type_text 'hola '
-press ctrl+s
-wait_for "file from the desktop" content "$home/juegos/mi juego.qmk" 'hola z'
-leave
+is_edited "$home/juegos/mi juego.qmk"
 
 # So does one that is named as an option is, by its path.
 printf 'z' >./--help
 start ./--help
-close_explorer
-type_text 'hola '
-press ctrl+s
-wait_for "file with the name of an option" content ./--help 'hola z'
-leave
+is_edited ./--help
 
 # The print window comes with its file and has the focus at its first button.
 printf '{\\rtf1 hola}' >carta.rtf
 start --imprimir carta.rtf
 press space
 wait_for "dialog of the print window" on_top '^Abrir$'
-press Escape
-wait_for "main window again" main_window
+back Escape
 leave
 
 # One that isn't there is told, and the program stands.
