@@ -7,7 +7,6 @@
 #include "support/TestHome.h"
 
 #include <QStringEncoder>
-#include <array>
 #include <gtest/gtest.h>
 #include <numeric>
 
@@ -45,25 +44,6 @@ TEST(ProfileFileTest, WritingLeavesAllOtherLinesAlone) {
     EXPECT_EQ(WithProfileValue("", "a", "b", ""), "[a]\r\nb=\r\n");
     EXPECT_EQ(WithProfileValue("[a]\nb=1\n", "a", "c", "2"), "[a]\nb=1\nc=2\n");
     EXPECT_EQ(WithProfileValue("[a]", "a", "c", "2"), "[a]\r\nc=2");
-}
-
-TEST(ProfileFileTest, TheCallsWorkOnRealFiles) {
-    const support::TestHome home;
-    const QString path = u"C:\\config.ini"_s;
-    std::array<char, 8> buffer;
-    const auto read = [&] {
-        const int count = GetPrivateProfileStringA(u"s"_s, u"a"_s, u"defecto"_s, buffer, path);
-        return QByteArray(buffer.data(), count);
-    };
-    EXPECT_EQ(read(), "defecto");
-    WritePrivateProfileStringA(u"s"_s, u"a"_s, u"ñúmero\n[s]"_s, path);
-    EXPECT_EQ(home.Get("config.ini"), "[s]\r\na=\xF1\xFAmero\r\n");
-    EXPECT_EQ(read(), "\xF1\xFAmero");
-    EXPECT_EQ(buffer[6], '\0');
-    home.Put("config.ini", "[s]\na=12345678901");
-    EXPECT_EQ(read(), "1234567");
-    EXPECT_THROW(WritePrivateProfileStringA(u"s"_s, u"a"_s, QString(), u"C:\\nada\\config.ini"_s),
-                 Failure);
 }
 
 TEST(ProfileFileTest, CopiesOfTheProgramLoseNoKeyOfEachOther) {

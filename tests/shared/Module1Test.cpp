@@ -40,6 +40,8 @@ TEST(Module1Test, WritesOneKeyAndIsSilentAboutFailures) {
     const support::TestHome home;
     Escribir(u"no"_s);
     EXPECT_EQ(home.Get("programa/config.ini"), "[general]\r\nnuevo=no\r\n");
+    Escribir(u"ñúmero\n[s]"_s); // of one line alone
+    EXPECT_EQ(home.Get("programa/config.ini"), "[general]\r\nnuevo=\xF1\xFAmero\r\n");
     Escribir(QString());
     EXPECT_EQ(Leer(), u"def"_s);
     std::filesystem::remove_all(home.Root() / "programa");
