@@ -85,10 +85,8 @@ protected:
     // The red at the left end of each column.
     QList<int> Ends() {
         const QImage header = Header();
-        const auto red = [&](int column) {
-            return header.pixelColor(column * kColumn + 1, 2).red();
-        };
-        return {red(0), red(1), red(2)};
+        const auto red = [&](int x) { return header.pixelColor(x, 2).red(); };
+        return {red(1), red(kColumn + 1), red(2 * kColumn + 1)};
     }
     QImage Header() { return Viewport()->grab().toImage(); }
     QWidget* Viewport() { return list.Header()->viewport(); }

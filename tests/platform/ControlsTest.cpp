@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/base/Failure.h"
+#include "platform/base/Twips.h"
 #include "platform/controls/DirListBox.h"
 #include "platform/controls/DriveListBox.h"
 #include "platform/controls/FileListBox.h"
@@ -32,8 +33,8 @@ protected:
         QPalette palette;
         palette.setColor(QPalette::Window, QColor::fromRgb(kBack));
         box.setPalette(palette);
-        box.Width(4 * 15);
-        box.Height(3 * 15);
+        box.Width(ToTwips(4));
+        box.Height(ToTwips(3));
     }
     // Pixels of 1, 2, 3 and so on, `width` to a row, as many rows as there is room for.
     static png::Bitmap Numbered(int width, int height) {
@@ -210,10 +211,10 @@ TEST_F(PictureBoxTest, WhatIsDrawnLiesOverThePictureUntilItBecomesIt) {
 
 TEST_F(PictureBoxTest, SizesAreInTheUnitAsked) {
     box.BorderStyle(platform::BorderStyle::Single);
-    EXPECT_EQ(box.ScaleWidth(), 30);
+    EXPECT_EQ(box.ScaleWidth(), ToTwips(4 - 2)); // within the border
     box.ScaleMode(png::ScaleMode::Pixels);
-    EXPECT_EQ(box.ScaleWidth(), 2);
-    EXPECT_EQ(box.Width(), 60);
+    EXPECT_EQ(box.ScaleWidth(), 4 - 2);
+    EXPECT_EQ(box.Width(), ToTwips(4));
     box.Parent()->ScaleMode(png::ScaleMode::Pixels);
     EXPECT_EQ(box.Height(), 3);
     box.Width(1e12);
@@ -227,8 +228,8 @@ TEST_F(PictureBoxTest, SizesAreInTheUnitAsked) {
 }
 
 TEST_F(PictureBoxTest, MouseAndKeysMoveAndClick) {
-    box.Width(40 * 15);
-    box.Height(30 * 15);
+    box.Width(ToTwips(40));
+    box.Height(ToTwips(30));
     QImage picture(4, 4, QImage::Format_RGB32);
     picture.fill(Qt::green);
     box.Picture(picture);
@@ -239,7 +240,7 @@ TEST_F(PictureBoxTest, MouseAndKeysMoveAndClick) {
     EXPECT_EQ(seen.pixelColor(4, 4), Qt::green);
     EXPECT_EQ(seen.pixelColor(5, 4).rgb() & RGB_MASK, kBack);
     Line line(&box);
-    line.X2(40 * 15);
+    line.X2(ToTwips(40));
     line.show();
     EXPECT_EQ(box.childAt(7, 1), nullptr); // the mouse goes through it
     QString told;

@@ -17,14 +17,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// In points: the paper, and what of it can't be printed on at its left and its top.
+constexpr QSize kA4(595, 842);
+constexpr QSize kEdge(9, 12);
+
 // Where words stand, in points; each page is taken to be 1000 high and the first begins at 1000.
 using Words = QMultiHash<QString, QRectF>;
 
-// As if 9 points at the left and 12 at the top couldn't be printed on.
 struct EdgedPrinter : platform::SystemPrinter {
     using SystemPrinter::SystemPrinter;
-    int PhysicalOffsetX() const override { return 150; }
-    int PhysicalOffsetY() const override { return 200; }
+    int PhysicalOffsetX() const override { return kEdge.width() * 1200 / 72; }
+    int PhysicalOffsetY() const override { return kEdge.height() * 1200 / 72; }
 };
 
 class ImprimirTest : public support::MainWindow {
@@ -167,30 +170,30 @@ TEST_F(ImprimirTest, EveryLineIsPrintedOnceWithinTheMargins) {
     for (const QString& line : lines) {
         ASSERT_EQ(words.count(line), 1) << line.toStdString();
         const QRectF box = words.value(line);
-        EXPECT_NEAR(box.left(), 144 - 9, 1);
-        EXPECT_GT(InPage(box.top()), 72 - 12 - 2);
+        EXPECT_NEAR(box.left(), 144 - kEdge.width(), 1);
+        EXPECT_GT(InPage(box.top()), 72 - kEdge.height() - 2);
         EXPECT_GT(box.top(), last);
         last = box.top();
         lowest = std::max(lowest, InPage(box.bottom()));
     }
-    EXPECT_NEAR(lowest, 842 - 50 + 12 - 8, 9); // the last line that fits
+    EXPECT_NEAR(lowest, kA4.height() - 50 + kEdge.height() - 8, 9); // the last line that fits
     double right = 0;
     for (const QRectF& box : words.values(u"ancho"_s))
         right = std::max(right, box.right());
-    EXPECT_NEAR(right, 595 - 108 + 9 - 16, 17);
+    EXPECT_NEAR(right, kA4.width() - 108 + kEdge.width() - 16, 17);
     // In the body's own font, and the rest in one of equal letters.
     EXPECT_GT(words.value(u"MMMMMMMMMM"_s).width(), 2 * words.value(u"iiiiiiiiii"_s).width());
     const QRectF lower = words.value(u"ppp"_s);
     const QRectF upper = words.value(u"PPP"_s);
     EXPECT_NEAR(lower.width(), 3 * 0.6 * 11, 0.5);
-    EXPECT_NEAR((lower.left() + upper.right()) / 2, 595 / 2.0, 1);
+    EXPECT_NEAR((lower.left() + upper.right()) / 2, kA4.width() / 2.0, 1);
     const auto page = static_cast<int>(last / 1000);
     EXPECT_GT(page, 2);
     EXPECT_EQ(words.count(u"Cabecera"_s), page);
     EXPECT_NEAR(InPage(words.value(u"Cabecera"_s).center().y()), 30, 3);
     const QRectF number = words.value(QString::number(page));
-    EXPECT_NEAR(number.right(), 595, 1);
-    EXPECT_NEAR(InPage(number.center().y()), 842 - 19, 3);
+    EXPECT_NEAR(number.right(), kA4.width(), 1);
+    EXPECT_NEAR(InPage(number.center().y()), kA4.height() - 19, 3);
 }
 
 TEST_F(ImprimirTest, RichTextIsPrintedInItsOwnShape) {
@@ -201,9 +204,9 @@ TEST_F(ImprimirTest, RichTextIsPrintedInItsOwnShape) {
     Set(2, QString());
     Click(2);
     const Words words = Printed();
-    EXPECT_NEAR(words.value(u"uno"_s).left(), 25 - 9, 1);
+    EXPECT_NEAR(words.value(u"uno"_s).left(), 25 - kEdge.width(), 1);
     const QRectF second = words.value(u"dos"_s);
-    EXPECT_NEAR(second.left(), 25 - 9 + 72, 2);
+    EXPECT_NEAR(second.left(), 25 - kEdge.width() + 72, 2);
     EXPECT_GT(words.value(u"tres"_s).top(), 3000);
     home.Put("rota.rtf", "{\\rtf1 a\\b b");
     Open(u"C:\\rota.rtf"_s, u"incompleto"_s);
@@ -258,6 +261,6 @@ TEST_F(ImprimirTest, TheFileOfThePrintDialogIsWritten) {
     window->Show();
     Click(2);
     EXPECT_EQ(Printed().count(u"carta"_s), 1);
-    EXPECT_NEAR(Printed().value(u"1"_s).right(), 420, 1);
+    EXPECT_NEAR(Printed().value(u"1"_s).right(), 420, 1); // the width of A5
     platform::KeepPrinterFile({});
 }
