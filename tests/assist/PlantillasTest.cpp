@@ -12,9 +12,9 @@ constexpr std::array kEntries = {std::pair{"mnucodigoshola", "codehm"},
                                  std::pair{"mnucodigosmenu", "codems"},
                                  std::pair{"mnucodigosanimacion", "codea"}};
 
-class PlantillasTest : public support::MainWindow {};
-
 } // namespace
+
+using PlantillasTest = support::MainWindow;
 
 TEST_F(PlantillasTest, EachLineEndsInCrLf) {
     const auto read = [&](const QByteArray& bytes) {
