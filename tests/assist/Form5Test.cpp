@@ -18,7 +18,6 @@ namespace {
 constexpr QRect kScreen(8, 16, 481, 273);
 constexpr QPoint kFar(470, 260);
 constexpr QSize kLarge(600, 400);
-constexpr QSize kSmall(100, 50);
 
 QByteArray Encoded(QSize size, QColor color, const char* format,
                    QImage::Format pixels = QImage::Format_ARGB32) {
@@ -37,7 +36,7 @@ protected:
         home.Put("imagenes/arbol.png", // too full
                  QByteArray(large).replace(large.indexOf("IDAT") + 6, 4, "\x05\x00\x92\x04", 4));
         const QColor clear(255, 0, 0, 0);
-        home.Put("imagenes/chica.png", Encoded(kSmall, clear, "png"));
+        home.Put("imagenes/chica.png", Encoded({100, 50}, clear, "png"));
         home.Put("imagenes/clave.png", // transparent by its list of colours
                  Encoded({9, 9}, clear, "png", QImage::Format_Indexed8));
         home.Put("imagenes/rota.png", "x");
@@ -118,7 +117,7 @@ TEST_F(Form5Test, APngGivesTheAreaItsSizeUntilItIsRestored) {
     const QRect inSight(QPoint(), kScreen.size() + QSize(8, 8)); // up to the frame's edges
     EXPECT_TRUE(Box()->visibleRegion().subtracted(inSight).isEmpty());
     Choose(u"chica.png"_s);
-    EXPECT_EQ(Box()->size(), kSmall);
+    EXPECT_EQ(Box()->size(), QSize(100, 50));
     EXPECT_EQ(Seen({5, 5}), Box()->palette().color(QPalette::Window).rgb());
     Choose(u"clave.png"_s);
     EXPECT_EQ(Seen({5, 5}), Box()->palette().color(QPalette::Window).rgb());

@@ -71,8 +71,6 @@ TEST_F(PlantillasTest, WithoutATargetOrAFileThereIsANotice) {
     refused(u"Borra lo que hay con ese nombre. "_s);
     EXPECT_EQ(Text(), before);
     EXPECT_FALSE(Active()->flagGuardar);
-    Active()->Unload();
-    refused(u"Elige Archivo, Nuevo"_s);
 }
 
 TEST_F(PlantillasTest, TheExamplesThatComeWithTheProgramAreWholeScripts) {

@@ -74,9 +74,10 @@ protected:
         green.fill(Qt::green);
         icons.AddImage(u"verde"_s, green);
         list.ColumnHeaderIcons(&icons);
-        list.AddColumnHeader({u"Nombre"_s, kTwips, Qt::AlignLeft, u"verde"_s});
-        list.AddColumnHeader({QString(40, u'i'), kTwips, Qt::AlignRight});
-        list.AddColumnHeader({u"dos\0tres"_s, kTwips, Qt::AlignHCenter});
+        const int width = platform::ToTwips(kColumn);
+        list.AddColumnHeader({u"Nombre"_s, width, Qt::AlignLeft, u"verde"_s});
+        list.AddColumnHeader({QString(40, u'i'), width, Qt::AlignRight});
+        list.AddColumnHeader({u"dos\0tres"_s, width, Qt::AlignHCenter});
         list.View(platform::ListDisplay::Report);
         list.resize(400, 100);
         list.show();
@@ -92,8 +93,7 @@ protected:
     QWidget* Viewport() { return list.Header()->viewport(); }
     void Move(int x, int y = 5) { QTest::mouseMove(Viewport(), {x, y}); }
 
-    static constexpr int kColumn = 100; // its width
-    static constexpr int kTwips = platform::ToTwips(kColumn);
+    static constexpr int kColumn = 100;             // its width
     static constexpr int kSecond = 3 * kColumn / 2; // the middle of that column
     static constexpr int kHovered = 3 * kRojo;
     static constexpr int kPressed = 6 * kRojo;
@@ -109,8 +109,8 @@ TEST(DisposicionCabeceraTest, TextAndIconStandAsTheFormatSays) {
     constexpr int C = platform::HDF_CENTER;
     constexpr int S = kTexto;
     constexpr int I = kConIcono;
-    // The format, the column's width, whether the icon is behind the text; where the title begins,
-    // which is 30 x 13 in a column from 10 on, and the icon of 16 x 16; -1: none.
+    // Format and width of columns from 10 on, whether the icon of 16 x 16 is behind the title of
+    // 30 x 13, and where title and icon begin; -1: no icon.
     const std::tuple<int, int, bool, int, int> casos[] = {
         {0, 101, false, 19, -1},     {S, 101, true, 19, -1},     {S | R, 101, false, 72, -1},
         {S | C, 101, false, 46, -1}, {I, 101, false, 44, 19},    {I, 101, true, 19, 49},

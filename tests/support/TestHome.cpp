@@ -49,9 +49,4 @@ QString TestHome::Put(const std::string& name, const QByteArray& bytes) const {
     return platform::FromNative(path);
 }
 
-void TestHome::PutProgram(const std::string& name, const QByteArray& bytes) const {
-    Put(name, bytes);
-    fs::permissions(Root() / name, fs::perms::owner_all);
-}
-
 } // namespace support

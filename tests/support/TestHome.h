@@ -30,7 +30,10 @@ public:
     /// Writes a file below the home folder, with the folders above it; answers its program path.
     QString Put(const std::string& name, const QByteArray& bytes) const;
     /// Writes a program in the same way.
-    void PutProgram(const std::string& name, const QByteArray& bytes) const;
+    void PutProgram(const std::string& name, const QByteArray& bytes) const {
+        Put(name, bytes);
+        std::filesystem::permissions(Root() / name, std::filesystem::perms::owner_all);
+    }
     /// The bytes of a file below the home folder.
     QByteArray Get(const std::string& name) const { return Bytes(Root() / name); }
 
