@@ -259,7 +259,7 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
     const QStringList pages =
         QString::fromUtf8(home.Get("salida.txt")).split(u'\f', Qt::SkipEmptyParts);
     for (qsizetype i = 0; i < pages.size(); ++i) {
-        EXPECT_TRUE(pages[i].contains(u"Página %1\n"_s.arg(i + 1)));
+        EXPECT_TRUE(pages[i].contains(u"Página %1\n"_s.arg(i + 1))) << i;
         EXPECT_TRUE(pages[i].contains(u"un título [*]"_s) && pages[i].count(u"[*]"_s) == 1);
     }
     for (int i = 0; i < 300; ++i)

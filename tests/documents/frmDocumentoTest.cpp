@@ -86,7 +86,7 @@ TEST_F(frmDocumentoTest, PublishesItsTextOnEachChangeAndItsNameUnderTheMouse) {
     for (const auto& [caption, name] : names) {
         documento->Caption(caption);
         QTest::mouseMove(documento, QPoint(x++, 5));
-        EXPECT_EQ(compartido.nombre_script, name);
+        EXPECT_EQ(compartido.nombre_script, name) << caption.toStdString();
     }
     Cambiar(u"x"_s);
     documento->Abrir(home.Put("a.lua", "abierto"));

@@ -114,10 +114,10 @@ TEST_F(FilesTest, WhatIsDoneIsOnTheDisk) {
         {[] { FileSystemObject().CreateFolder(u"C:\\e"_s); }, " carpeta"},
         {[] { FileSystemObject().DeleteFolder(u"C:\\e"_s); }, " carpeta"},
     };
-    for (const auto& [work, expected] : works) {
+    for (int step = 0; const auto& [work, expected] : works) {
         asked.clear();
         work();
-        EXPECT_EQ(asked.toStdString(), expected);
+        EXPECT_EQ(asked.toStdString(), expected) << "step " << step++;
     }
     fs::create_symlink("nada", home.Root() / "z");
     const auto everything = FindFiles(u"C:\\"_s, 99);
@@ -227,7 +227,7 @@ TEST_F(FilesTest, LinksStayLinksAndAFailedWriteLeavesTheOldFile) {
     WriteFile(u"C:\\colgado.lua"_s, "x");
     EXPECT_EQ(home.Get("futuro.lua"), "x");
     for (const char* link : {"enlace.lua", "colgado.lua"})
-        EXPECT_TRUE(fs::is_symlink(home.Root() / link));
+        EXPECT_TRUE(fs::is_symlink(home.Root() / link)) << link;
     const int entries = Entries();
     const QString futuro = u"C:\\futuro.lua"_s;
     WithLittleRoom([&] {

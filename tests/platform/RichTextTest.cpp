@@ -146,7 +146,7 @@ TEST(RtfReaderTest, SaysWhatIsWrongWithTheFile) {
     QTextDocument document(u"antes"_s);
     for (const char* other : {"", "{", "hola", "{\\rtx1 a}", "{\\rtfx a}", "\\rtf1 a"}) {
         EXPECT_EQ(ReadRtf(other, document), RtfResult::NotRtf) << other;
-        EXPECT_EQ(document.toPlainText(), u"antes"_s);
+        EXPECT_EQ(document.toPlainText(), u"antes"_s) << other;
     }
     for (const char* cut : {"{\\rtf1 ab", "{\\rtf1{\\b ab}", "{\\rtf1 ab\\", "{\\rtf1 ab\\u225",
                             "{\\rtf1 ab\\'e", "{\\rtf1 ab\\bin9 }", "{\\rtf1 ab{\\pict 00"}) {
