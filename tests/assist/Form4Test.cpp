@@ -18,8 +18,6 @@ namespace {
 class Form4Test : public support::MainWindow {
 protected:
     Form4Test() {
-        principal.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&principal));
         Press("mnuarchivonuevo");
         script = Active();
         script->txtFile().Text(QString());

@@ -42,8 +42,6 @@ protected:
         script->txtFile().Text(u"aÃ±"_s); // whose bytes in the code page are those of another text
         script->flagGuardar = false;
         compartido.nombre_script = u"juego"_s;
-        principal.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&principal));
         Open("transfer");
     }
     void Choose(const QString& drive, int firmware, int loader) {

@@ -31,6 +31,8 @@ protected:
     MainWindow() {
         principal.resize(1280, 800); // larger than the screen of the tests
         principal.Show();
+        principal.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&principal));
     }
     ~MainWindow() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
