@@ -108,7 +108,7 @@ void WriteIcons(const Association& association) {
     fs::last_write_time(theme, fs::file_time_type::clock::now()); // makes icon caches reload
 }
 
-// True if an Exec line must quote the path (Desktop Entry Specification; "%" is doubled there).
+// True if an Exec line must quote the path (freedesktop.org, Desktop Entry; "%" is doubled there).
 bool NeedsQuotes(const QString& path) {
     const QString reserved = QStringLiteral(" \t\n\"'\\><~|&;$*?#()`%");
     return std::any_of(path.begin(), path.end(), [&](QChar c) { return reserved.contains(c); });
