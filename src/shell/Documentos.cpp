@@ -37,7 +37,7 @@ Documentos::Documentos(platform::MDIFrame& marco, documents::MarcoDocumentos& pr
       m_compartido(compartido),
       m_explorador(std::move(explorador)) {}
 
-QPointer<frmDocumento> Documentos::Abrir(const Apertura& apertura) {
+frmDocumento* Documentos::Abrir(const Apertura& apertura) {
     const qint16 cuenta = m_compartido.numero_documentos;
     const QString nombre = m_compartido.nombre_script;
     Contar(apertura, Apertura::Cuenta::AntesDeHacerlo);

@@ -53,7 +53,7 @@ public:
 
     /// Makes a document and shows it; null if it was closed while the explorer was shown. Fails as
     /// Load or OpenFile does; no document is left then.
-    QPointer<documents::frmDocumento> Abrir(const Apertura& apertura);
+    documents::frmDocumento* Abrir(const Apertura& apertura);
     void AbrirProyecto(const QString& ruta, const QString& rotulo) override;
 
     /// Saves the active document; asks for a name if it has no file. A failure goes to the log.
