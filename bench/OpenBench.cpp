@@ -2,7 +2,7 @@
 // How long a script of 10 MB takes to open and to be seen, against QScintilla's own reading.
 #include "Ratio.h"
 #include "documents/editor/CodeMax.h"
-#include "documents/editor/CodeMaxConstants.h"
+#include "documents/editor/engine/CodeMaxConstants.h"
 #include "platform/files/Paths.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/frmDocumento.h"
 
-#include "documents/editor/CodeMaxConstants.h"
+#include "documents/editor/engine/CodeMaxConstants.h"
 #include "platform/base/Failure.h"
 #include "platform/base/Log.h"
 #include "platform/base/Silently.h"

@@ -4,7 +4,7 @@
 #include "deploy/GenerarLua.h"
 #include "deploy/PruebaLua.h"
 #include "deploy/ScriptLua.h"
-#include "documents/editor/CodeMaxConstants.h"
+#include "documents/editor/engine/CodeMaxConstants.h"
 #include "platform/base/Process.h"
 #include "platform/base/Silently.h"
 #include "platform/files/FileSystemObject.h"

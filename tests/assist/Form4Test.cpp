@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "documents/editor/CodeMaxConstants.h"
+#include "documents/editor/engine/CodeMaxConstants.h"
 #include "platform/controls/SSTab.h"
 #include "support/MainWindow.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/CodeMax.h"
-#include "documents/editor/CodeMaxConstants.h"
+#include "documents/editor/engine/CodeMaxConstants.h"
 #include "platform/base/Failure.h"
 #include "platform/forms/Form.h"
 #include "support/Colors.h"

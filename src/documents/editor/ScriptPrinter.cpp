@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/ScriptPrinter.h"
 
-#include "documents/editor/ScriptEditor.h"
+#include "documents/editor/engine/ScriptEditor.h"
 #include "platform/base/Failure.h"
 #include "platform/forms/Dialogs.h"
 #include "platform/print/PrinterSetup.h"

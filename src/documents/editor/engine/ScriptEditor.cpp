@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "documents/editor/ScriptEditor.h"
+#include "documents/editor/engine/ScriptEditor.h"
 
 #include "core/LineEnds.h"
-#include "documents/editor/CodeMaxConstants.h"
+#include "documents/editor/engine/CodeMaxConstants.h"
 #include "platform/forms/Dialogs.h"
 
 #include <QApplication>
