@@ -179,14 +179,15 @@ TEST_F(CodeMaxTest, TakesNoNulAndNothingThatItDoesNotKnow) {
 TEST_F(CodeMaxTest, LeavesTheMenuItsKeys) {
     EXPECT_EQ(window.focusWidget(), Engine());
     control.Text(u"uno\r\ndos"_s);
-    for (int key = Qt::Key_A; key <= Qt::Key_Z; ++key) {
-        const bool editing = QByteArrayView("CVXYZ").contains(static_cast<char>(key));
-        QKeyEvent event(QEvent::ShortcutOverride, key, Qt::ControlModifier);
+    for (const char* key :
+         {"Ctrl+N", "Ctrl+A", "Ctrl+S", "Ctrl+Q", "Ctrl+E", "Ctrl+W", "Ctrl+F4", "Ctrl+F6",
+          "Ctrl+Tab", "F1", "F2", "F3", "F4", "F5", "F6", "F7", "F10", "F12"}) {
+        const QKeyCombination combined = QKeySequence(QLatin1StringView(key))[0];
+        QKeyEvent event(QEvent::ShortcutOverride, combined.key(), combined.keyboardModifiers());
         event.ignore();
         QApplication::sendEvent(Engine(), &event);
-        EXPECT_EQ(event.isAccepted(), editing) << static_cast<char>(key);
-        if (!editing)
-            QTest::keyClick(Engine(), static_cast<Qt::Key>(key), Qt::ControlModifier);
+        EXPECT_FALSE(event.isAccepted()) << key;
+        QTest::keyClick(Engine(), combined.key(), combined.keyboardModifiers());
     }
     EXPECT_EQ(control.Text(), u"uno\r\ndos"_s);
 }

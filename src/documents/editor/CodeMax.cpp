@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/CodeMax.h"
 
-#include "documents/editor/engine/CodeMaxConstants.h"
-#include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/ScriptPrinter.h"
+#include "documents/editor/engine/CodeMaxConstants.h"
+#include "documents/editor/engine/CommandSet.h"
+#include "documents/editor/engine/ScriptEditor.h"
 #include "platform/base/Failure.h"
 #include "platform/base/Twips.h"
 #include "platform/files/FileErrors.h"
 #include "platform/files/Files.h"
 #include "platform/files/TextFile.h"
 
-#include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <limits>
 
@@ -34,17 +34,42 @@ QByteArray WithoutNul(const QString& text) {
 
 } // namespace
 
-CodeMax::CodeMax(QWidget* parent) : QWidget(parent), m_editor(new ScriptEditor(this)) {
+CodeMax::CodeMax(QWidget* parent)
+    : QWidget(parent),
+      m_editor(new ScriptEditor(this)),
+      m_commands(new CommandSet(*m_editor, *this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
     layout->addWidget(m_editor);
     setFocusProxy(m_editor);
     m_editor->setAccessibleName(QStringLiteral("Texto del script"));
-    connect(m_editor, &QsciScintilla::textChanged, this, [this] {
+    connect(m_editor, &ScriptEditor::Edited, this, [this] {
         m_begun = true;
-        if (!m_quiet)
-            Q_EMIT Change(this);
+        Q_EMIT Change(this);
     });
+    AddEditCommands();
+}
+
+// Their keys are the menu's or the engine's own.
+void CodeMax::AddEditCommands() {
+    struct Row {
+        const char16_t* text;
+        Qt::Key letter;
+        std::function<void()> run;
+    };
+    const std::array rows = {
+        Row{u"Deshacer", Qt::Key_Z, [this] { Undo(); }},
+        Row{u"Rehacer", Qt::Key_Y, [this] { Redo(); }},
+        Row{u"Cortar", Qt::Key_X, [this] { Cut(); }},
+        Row{u"Copiar", Qt::Key_C, [this] { Copy(); }},
+        Row{u"Pegar", Qt::Key_V, [this] { Paste(); }},
+        Row{u"Seleccionar todo", Qt::Key_E, [this] { ExecuteCmd(kSelectAllCommand); }},
+    };
+    for (const Row& row : rows)
+        m_commands->Add(
+            Menu::Edit,
+            {QStringLiteral("%1\tCtrl+%2").arg(row.text).arg(QChar(row.letter)), {}, row.run});
 }
 
 QString CodeMax::Text() const {
@@ -74,11 +99,7 @@ void CodeMax::Text(const QString& text) {
         Begin(utf8);
         return;
     }
-    {
-        const QScopedValueRollback quiet(m_quiet, true); // removal and insertion raise one Change
-        m_editor->ReplaceAll(utf8);
-    }
-    Q_EMIT Change(this);
+    m_editor->ReplaceAll(utf8);
 }
 
 void CodeMax::SelText(const QString& text) {

@@ -7,6 +7,7 @@
 
 namespace documents {
 
+class CommandSet;
 class ScriptEditor;
 
 /// The code editor of a document window, with a ScriptEditor (QsciScintilla) in it. It keeps mixed
@@ -71,10 +72,12 @@ private:
     /// Why QsciScintilla can't work with the text, as the end of a sentence; empty if it can.
     QString WhyNotHeld(const QByteArray& utf8);
 
+    void AddEditCommands();
+
     ScriptEditor* m_editor;
+    CommandSet* m_commands;
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
     bool m_begun = false;
-    bool m_quiet = false;
 };
 
 } // namespace documents

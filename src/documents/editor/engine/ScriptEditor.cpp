@@ -3,10 +3,13 @@
 
 #include "core/LineEnds.h"
 #include "documents/editor/engine/CodeMaxConstants.h"
+#include "documents/editor/engine/EditStep.h"
+#include "documents/editor/engine/Layers.h"
 #include "platform/forms/Dialogs.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -18,11 +21,7 @@
 namespace documents {
 namespace {
 
-constexpr int kLineNumberMargin = 0;
-constexpr int kLeftMargin = 1;
 constexpr int kLeftMarginPixels = 6;
-constexpr int kBookmarkMarker = 0;
-constexpr int kHighlightMarker = 1;
 constexpr int kTabColumns = 4;
 // Above these sizes, in bytes, colours and bracket matching are too slow.
 constexpr qsizetype kLargeText = 8 << 20;
@@ -113,17 +112,12 @@ qsizetype CommonHead(QByteArrayView a, QByteArrayView b) {
     return same;
 }
 
-// The Ctrl+letter keys that the editor handles itself.
-bool IsEditingKey(int key) {
-    constexpr std::array kLetters = {Qt::Key_C, Qt::Key_V, Qt::Key_X, Qt::Key_Y, Qt::Key_Z};
-    const auto isKey = [&](Qt::Key letter) { return key == (Qt::CTRL | letter).toCombined(); };
-    return std::any_of(kLetters.begin(), kLetters.end(), isKey);
-}
-
+// Ctrl+C, Ctrl+X and Ctrl+V do the same in the menu and here.
 bool BelongsToTheMenu(int key) {
-    const int letter = key & ~static_cast<int>(Qt::KeyboardModifierMask);
-    const bool control = (key & Qt::CTRL) != 0 && (key & Qt::ALT) == 0;
-    return control && letter >= Qt::Key_A && letter <= Qt::Key_Z && !IsEditingKey(key);
+    constexpr std::array kLetters = {Qt::Key_A, Qt::Key_E, Qt::Key_N,
+                                     Qt::Key_Q, Qt::Key_S, Qt::Key_W};
+    return std::any_of(kLetters.begin(), kLetters.end(),
+                       [&](Qt::Key letter) { return key == (Qt::CTRL | letter).toCombined(); });
 }
 
 } // namespace
@@ -142,6 +136,7 @@ ScriptEditor::ScriptEditor(QWidget* parent) : QsciScintilla(parent) {
     SendScintilla(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
     SendScintilla(SCI_MARKERDEFINE, kHighlightMarker, SC_MARK_BACKGROUND);
     connect(this, &QsciScintilla::linesChanged, this, &ScriptEditor::FitLineNumbers);
+    connect(this, &QsciScintilla::textChanged, this, &ScriptEditor::TellEdited);
     WatchInsertions();
     ReleaseMenuKeys();
     ApplyColors();
@@ -177,8 +172,63 @@ QByteArrayView ScriptEditor::View() const {
     return {text, static_cast<qsizetype>(SendScintilla(SCI_GETLENGTH))};
 }
 
+QByteArray ScriptEditor::Range(qsizetype from, qsizetype to) const {
+    QByteArray piece(to - from, Qt::Uninitialized); // has room for the NUL behind it
+    SendScintilla(SCI_GETTEXTRANGE, static_cast<long>(from), static_cast<long>(to), piece.data());
+    return piece;
+}
+
 QByteArray ScriptEditor::Bytes() const {
     return View().toByteArray();
+}
+
+qsizetype ScriptEditor::LineOf(qsizetype position) const {
+    return SendScintilla(SCI_LINEFROMPOSITION, static_cast<unsigned long>(position));
+}
+
+qsizetype ScriptEditor::LineStart(qsizetype line) const {
+    return SendScintilla(SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
+}
+
+qsizetype ScriptEditor::LineEnd(qsizetype line) const {
+    return SendScintilla(SCI_GETLINEENDPOSITION, static_cast<unsigned long>(line));
+}
+
+void ScriptEditor::Replace(qsizetype from, qsizetype to, QByteArrayView utf8) {
+    const EditStep step(*this);
+    SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(from), static_cast<long>(to));
+    SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(utf8.size()),
+                  utf8.isEmpty() ? "" : utf8.data());
+}
+
+void ScriptEditor::Select(qsizetype anchor, qsizetype caret) {
+    const auto line = static_cast<unsigned long>(LineOf(caret));
+    SendScintilla(SCI_ENSUREVISIBLE, line);
+    const long first = SendScintilla(SCI_GETFIRSTVISIBLELINE);
+    const long shown = SendScintilla(SCI_VISIBLEFROMDOCLINE, line) - first;
+    SendScintilla(SCI_SETSEL, static_cast<unsigned long>(anchor), static_cast<long>(caret));
+    if (shown < 0 || shown >= SendScintilla(SCI_LINESONSCREEN))
+        SendScintilla(SCI_VERTICALCENTRECARET);
+}
+
+void ScriptEditor::BeginStep() {
+    if (m_steps++ == 0)
+        SendScintilla(SCI_BEGINUNDOACTION);
+}
+
+void ScriptEditor::EndStep() {
+    if (--m_steps > 0)
+        return;
+    SendScintilla(SCI_ENDUNDOACTION);
+    if (std::exchange(m_edited, false))
+        Q_EMIT Edited();
+}
+
+void ScriptEditor::TellEdited() {
+    if (m_steps > 0)
+        m_edited = true;
+    else
+        Q_EMIT Edited();
 }
 
 // A pasted text may bring lines that are too long for the colours and brackets.
@@ -211,12 +261,9 @@ void ScriptEditor::Load(const QByteArray& utf8) {
 
 void ScriptEditor::ReplaceAll(const QByteArray& utf8) {
     ChooseHelpers(utf8);
-    const QByteArray old = Bytes();
-    const qsizetype same = CommonHead(old, utf8);
-    SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(same),
-                  static_cast<long>(old.size()));
-    SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(utf8.size() - same),
-                  utf8.constData() + same);
+    const EditStep step(*this);
+    const qsizetype same = CommonHead(View(), utf8);
+    Replace(same, Length(), QByteArrayView(utf8).sliced(same));
     SendScintilla(SCI_GOTOPOS, static_cast<unsigned long>(utf8.size()));
 }
 
@@ -355,6 +402,17 @@ void ScriptEditor::keyPressEvent(QKeyEvent* event) {
         paste();
     else
         QsciScintilla::keyPressEvent(event);
+}
+
+// By key: at the caret.
+void ScriptEditor::contextMenuEvent(QContextMenuEvent* event) {
+    const auto caret = static_cast<long>(Caret());
+    const QPoint below(static_cast<int>(SendScintilla(SCI_POINTXFROMPOSITION, 0UL, caret)),
+                       static_cast<int>(SendScintilla(SCI_POINTYFROMPOSITION, 0UL, caret)) +
+                           textHeight(static_cast<int>(LineOf(caret))));
+    Q_EMIT MenuWanted(event->reason() == QContextMenuEvent::Keyboard
+                          ? viewport()->mapToGlobal(below)
+                          : event->globalPos());
 }
 
 bool ScriptEditor::canInsertFromMimeData(const QMimeData* source) const {

@@ -7,7 +7,7 @@
 namespace documents {
 
 /// The engine under CodeMax: QScintilla set up for Lua, with the keys of the menu left to the menu
-/// and dropped files left to the main window.
+/// and dropped files left to the main window. Positions are in bytes of UTF-8, lines from 0.
 class ScriptEditor : public QsciScintilla {
     Q_OBJECT
 
@@ -19,6 +19,26 @@ public:
     explicit ScriptEditor(QWidget* parent);
 
     QByteArray Bytes() const;
+    /// The whole text until the next change. Takes a copy of the text's length if the last change
+    /// was elsewhere than the one before.
+    QByteArrayView View() const;
+    QByteArray Range(qsizetype from, qsizetype to) const;
+    qsizetype Length() const { return SendScintilla(SCI_GETLENGTH); }
+    qsizetype Caret() const { return SendScintilla(SCI_GETCURRENTPOS); }
+    qsizetype SelectionStart() const { return SendScintilla(SCI_GETSELECTIONSTART); }
+    qsizetype SelectionEnd() const { return SendScintilla(SCI_GETSELECTIONEND); }
+    qsizetype LineOf(qsizetype position) const;
+    qsizetype LineStart(qsizetype line) const;
+    /// Where the line's text ends, before its line end.
+    qsizetype LineEnd(qsizetype line) const;
+
+    /// Replaces a piece of the text; the caret stays where it was in the rest.
+    void Replace(qsizetype from, qsizetype to, QByteArrayView utf8);
+    /// Selects from `anchor` to `caret`, unfolds the caret's line and brings it into view, in the
+    /// middle if it wasn't there.
+    void Select(qsizetype anchor, qsizetype caret);
+    void GoTo(qsizetype position) { Select(position, position); }
+
     /// False if there isn't the memory for replacing the text by one of that many bytes.
     bool Reserve(qsizetype bytes);
     /// Replaces everything and empties the history; emits no signal. New lines get the line end
@@ -40,7 +60,14 @@ public:
 
     void paste() override;
 
+Q_SIGNALS:
+    /// After each change of the text, or after all changes of an EditStep; not after Load.
+    void Edited();
+    /// The context menu is wanted at this place of the screen.
+    void MenuWanted(const QPoint& place);
+
 protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -48,7 +75,10 @@ protected:
     QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
 
 private:
-    QByteArrayView View() const;
+    friend class EditStep;
+    void BeginStep();
+    void EndStep();
+    void TellEdited();
     void ReleaseMenuKeys();
     void ChooseHelpers(QByteArrayView text);
     void ColorLua(bool on);
@@ -59,6 +89,8 @@ private:
     void FitLineNumbers();
 
     std::array<int, 31> m_colors{};
+    int m_steps = 0;       // that are open
+    bool m_edited = false; // in the open steps
     bool m_lineNumbers = false;
     bool m_luaColors = false;
     bool m_longLines = false;
