@@ -2,9 +2,9 @@
 #include "documents/editor/engine/ScriptEditor.h"
 
 #include "core/LineEnds.h"
-#include "documents/editor/engine/CodeMaxConstants.h"
 #include "documents/editor/engine/EditStep.h"
 #include "documents/editor/engine/Layers.h"
+#include "documents/editor/engine/LuaStyles.h"
 #include "platform/forms/Dialogs.h"
 
 #include <QApplication>
@@ -28,58 +28,8 @@ constexpr qsizetype kLargeText = 8 << 20;
 constexpr qsizetype kLongLine = 1 << 16;
 constexpr unsigned long kKeptWidths = 1 << 14;
 
-// Styles of the Lua lexer, SCLEX_LUA.
-enum LuaStyle {
-    kCommentBlock = 1,
-    kCommentLine = 2,
-    kNumber = 4,
-    kKeyword = 5,
-    kString = 6,
-    kCharacter = 7,
-    kLiteralString = 8,
-    kOperator = 10,
-    kUnclosedString = 12,
-    kScopeKeyword = 13,
-    kTwin = 14, // unused by the lexer; looks like style 0
-};
-
 constexpr const char* kKeywords = "and break elseif false in local nil not or return true";
 constexpr const char* kScopeKeywords = "do else end for function if repeat then until while";
-
-enum class Part { Paper, Ink, LeftMargin, NumberInk, NumberPaper, Marker };
-
-// What each item colours, and its default as 0x00BBGGRR. `index` is a style or a marker number.
-struct ColorRow {
-    ColorItem item;
-    Part part;
-    int index;
-    int standard;
-};
-
-constexpr std::ptrdiff_t kResettingRows = 2; // they reset all other styles, so they come first
-constexpr std::array kColorRows = {
-    ColorRow{kWindowItem, Part::Paper, 0, 0xFFFFFF},
-    ColorRow{kTextItem, Part::Ink, QsciScintilla::STYLE_DEFAULT, 0x000000},
-    ColorRow{kNumberItem, Part::Ink, kNumber, 0x000000},
-    ColorRow{kKeywordItem, Part::Ink, kKeyword, 0xFF0000},
-    ColorRow{kScopeKeywordItem, Part::Ink, kScopeKeyword, 0xFF0000},
-    ColorRow{kOperatorItem, Part::Ink, kOperator, 0x0000FF},
-    ColorRow{kCommentItem, Part::Ink, kCommentBlock, 0x008000},
-    ColorRow{kCommentItem, Part::Ink, kCommentLine, 0x008000},
-    ColorRow{kStringItem, Part::Ink, kString, 0x000000},
-    ColorRow{kStringItem, Part::Ink, kCharacter, 0x000000},
-    ColorRow{kStringItem, Part::Ink, kLiteralString, 0x000000},
-    ColorRow{kStringItem, Part::Ink, kUnclosedString, 0x000000},
-    ColorRow{kLeftMarginItem, Part::LeftMargin, 0, 0xE0E0E0},
-    ColorRow{kLineNumberTextItem, Part::NumberInk, 0, 0x000000},
-    ColorRow{kLineNumberBackgroundItem, Part::NumberPaper, 0, 0xE0E0E0},
-    ColorRow{kBookmarkItem, Part::Marker, kBookmarkMarker, 0xFFFF00},
-    ColorRow{kHighlightedLineItem, Part::Marker, kHighlightMarker, 0x00FFFF},
-};
-
-int RedFirst(int bgr) {
-    return (bgr & 0xFF) << 16 | (bgr & 0xFF00) | (bgr >> 16 & 0xFF);
-}
 
 QsciScintilla::EolMode EolModeOf(const QByteArray& text) {
     switch (core::MainLineEnd({text.data(), static_cast<size_t>(text.size())})) {
@@ -123,7 +73,6 @@ bool BelongsToTheMenu(int key) {
 } // namespace
 
 ScriptEditor::ScriptEditor(QWidget* parent) : QsciScintilla(parent) {
-    m_colors.fill(-1);
     setUtf8(true);
     setEolMode(EolWindows);
     setTabWidth(kTabColumns);
@@ -136,10 +85,11 @@ ScriptEditor::ScriptEditor(QWidget* parent) : QsciScintilla(parent) {
     SendScintilla(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
     SendScintilla(SCI_MARKERDEFINE, kHighlightMarker, SC_MARK_BACKGROUND);
     connect(this, &QsciScintilla::linesChanged, this, &ScriptEditor::FitLineNumbers);
+    connect(this, &QsciScintilla::SCN_ZOOM, this, &ScriptEditor::FitLineNumbers);
     connect(this, &QsciScintilla::textChanged, this, &ScriptEditor::TellEdited);
     WatchInsertions();
     ReleaseMenuKeys();
-    ApplyColors();
+    m_colors.Apply(*this);
 }
 
 qsizetype ScriptEditor::LongestLine(QByteArrayView text) {
@@ -267,62 +217,47 @@ void ScriptEditor::ReplaceAll(const QByteArray& utf8) {
     SendScintilla(SCI_GOTOPOS, static_cast<unsigned long>(utf8.size()));
 }
 
-void ScriptEditor::SetStyle(unsigned int message, int style, long value) {
-    SendScintilla(message, static_cast<unsigned long>(style), value);
-}
-
 void ScriptEditor::SetItemColor(int item, int color) {
-    m_colors.at(static_cast<size_t>(item)) = color;
-    ApplyColors();
+    m_colors.Set(item, color);
+    m_colors.Apply(*this);
 }
 
-void ScriptEditor::ApplyColors() {
-    const auto paint = [this](const ColorRow& row) {
-        const int chosen = m_colors[row.item];
-        const int bgr = chosen < 0 ? row.standard : chosen;
-        const QColor color(static_cast<QRgb>(RedFirst(bgr)));
-        switch (row.part) {
-        case Part::Paper:
-            SetStyle(SCI_STYLESETBACK, STYLE_DEFAULT, bgr);
-            break;
-        case Part::Ink:
-            SetStyle(SCI_STYLESETFORE, row.index, bgr);
-            break;
-        case Part::LeftMargin:
-            SetStyle(SCI_SETMARGINBACKN, kLeftMargin, bgr);
-            break;
-        case Part::NumberInk:
-            setMarginsForegroundColor(color);
-            break;
-        case Part::NumberPaper:
-            setMarginsBackgroundColor(color);
-            break;
-        case Part::Marker:
-            SetStyle(SCI_MARKERSETBACK, row.index, bgr);
-            break;
-        }
-    };
-    const auto others = kColorRows.begin() + kResettingRows;
-    std::for_each(kColorRows.begin(), others, paint);
-    SendScintilla(SCI_STYLECLEARALL);
-    std::for_each(others, kColorRows.end(), paint);
+void ScriptEditor::Dark(bool dark) {
+    m_colors.Dark(dark);
+    m_colors.Apply(*this);
 }
 
 void ScriptEditor::SetFontName(const QString& name) {
-    QFont font(name);
+    m_font = name;
+    UseFont();
+}
+
+void ScriptEditor::SetOwnFont(const QString& name) {
+    m_ownFont = name;
+    UseFont();
+}
+
+void ScriptEditor::UseFont() {
+    QFont font(m_ownFont.isEmpty() ? m_font : m_ownFont);
     font.setStyleHint(QFont::Monospace);
     if (!QFontInfo(font).fixedPitch())
         font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     SendScintilla(SCI_STYLESETFONT, static_cast<unsigned long>(STYLE_DEFAULT),
                   font.family().toUtf8().constData());
-    ApplyColors();
+    m_colors.Apply(*this);
     FitLineNumbers();
 }
 
 void ScriptEditor::SetFontPoints(int points) {
-    SetStyle(SCI_STYLESETSIZE, STYLE_DEFAULT, points);
-    ApplyColors();
+    SendScintilla(SCI_STYLESETSIZE, static_cast<unsigned long>(STYLE_DEFAULT),
+                  static_cast<long>(points));
+    m_colors.Apply(*this);
     FitLineNumbers();
+}
+
+int ScriptEditor::ZoomPercent() const {
+    const long points = SendScintilla(SCI_STYLEGETSIZE, static_cast<unsigned long>(STYLE_DEFAULT));
+    return static_cast<int>((points + SendScintilla(SCI_GETZOOM)) * 100 / points);
 }
 
 void ScriptEditor::SetLuaColors(bool on) {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "documents/editor/engine/EditorColors.h"
+
 #include <Qsci/qsciscintilla.h>
-#include <array>
 
 namespace documents {
 
@@ -50,8 +51,16 @@ public:
 
     /// `color` is 0x00BBGGRR, or -1 for the default of the item.
     void SetItemColor(int item, int color);
+    /// Whether the dark set of colours counts; the items' colours wait meanwhile.
+    void Dark(bool dark);
+    bool Dark() const { return m_colors.Dark(); }
+    /// The system's font of fixed pitch if that one isn't there or isn't fixed.
     void SetFontName(const QString& name);
+    /// The user's choice, which goes before SetFontName's; empty for none.
+    void SetOwnFont(const QString& name);
     void SetFontPoints(int points);
+    /// The size of the letters, zoom included, in hundredths of the one that was set.
+    int ZoomPercent() const;
     /// This and the next are put off while the text is too large or has too long lines.
     void SetLuaColors(bool on);
     void SetBraceMatch(bool on);
@@ -84,11 +93,12 @@ private:
     void ColorLua(bool on);
     void SplitRuns();
     void WatchInsertions();
-    void SetStyle(unsigned int message, int style, long value);
-    void ApplyColors();
     void FitLineNumbers();
+    void UseFont();
 
-    std::array<int, 31> m_colors{};
+    EditorColors m_colors;
+    QString m_font;
+    QString m_ownFont;
     int m_steps = 0;       // that are open
     bool m_edited = false; // in the open steps
     bool m_lineNumbers = false;

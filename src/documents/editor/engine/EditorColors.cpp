@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/editor/engine/EditorColors.h"
+
+#include "documents/editor/engine/CodeMaxConstants.h"
+#include "documents/editor/engine/Layers.h"
+#include "documents/editor/engine/LuaStyles.h"
+#include "documents/editor/engine/ScriptEditor.h"
+
+#include <algorithm>
+
+namespace documents {
+namespace {
+
+using Engine = QsciScintilla;
+
+enum class Part { Paper, Ink, LeftMargin, NumberInk, NumberPaper, Marker };
+
+// What each item colours, and its defaults as 0x00BBGGRR. `index` is a style or a marker number.
+struct ColorRow {
+    ColorItem item;
+    Part part;
+    int index;
+    int light;
+    int dark;
+};
+
+constexpr std::ptrdiff_t kResettingRows = 2; // they reset all other styles, so they come first
+constexpr std::array kColorRows = {
+    ColorRow{kWindowItem, Part::Paper, 0, 0xFFFFFF, 0x261F1E},
+    ColorRow{kTextItem, Part::Ink, Engine::STYLE_DEFAULT, 0x000000, 0xDEDCDC},
+    ColorRow{kNumberItem, Part::Ink, kNumber, 0x000000, 0x7EC8E8},
+    ColorRow{kKeywordItem, Part::Ink, kKeyword, 0xFF0000, 0xFFB27A},
+    ColorRow{kScopeKeywordItem, Part::Ink, kScopeKeyword, 0xFF0000, 0xFFB27A},
+    ColorRow{kOperatorItem, Part::Ink, kOperator, 0x0000FF, 0x8C8CFF},
+    ColorRow{kCommentItem, Part::Ink, kCommentBlock, 0x008000, 0x84C67E},
+    ColorRow{kCommentItem, Part::Ink, kCommentLine, 0x008000, 0x84C67E},
+    ColorRow{kStringItem, Part::Ink, kString, 0x000000, 0xF0A0E0},
+    ColorRow{kStringItem, Part::Ink, kCharacter, 0x000000, 0xF0A0E0},
+    ColorRow{kStringItem, Part::Ink, kLiteralString, 0x000000, 0xF0A0E0},
+    ColorRow{kStringItem, Part::Ink, kUnclosedString, 0x000000, 0xF0A0E0},
+    ColorRow{kLeftMarginItem, Part::LeftMargin, 0, 0xE0E0E0, 0x000000},
+    ColorRow{kLineNumberTextItem, Part::NumberInk, 0, 0x000000, 0xB0B0B0},
+    ColorRow{kLineNumberBackgroundItem, Part::NumberPaper, 0, 0xE0E0E0, 0x000000},
+    ColorRow{kBookmarkItem, Part::Marker, kBookmarkMarker, 0xFFFF00, 0xC8A030},
+    ColorRow{kHighlightedLineItem, Part::Marker, kHighlightMarker, 0x00FFFF, 0x0000C0},
+};
+
+int RedFirst(int bgr) {
+    return (bgr & 0xFF) << 16 | (bgr & 0xFF00) | (bgr >> 16 & 0xFF);
+}
+
+void Send(ScriptEditor& editor, unsigned int message, int index, long value) {
+    editor.SendScintilla(message, static_cast<unsigned long>(index), value);
+}
+
+void Paint(ScriptEditor& editor, const ColorRow& row, int bgr) {
+    const QColor color(static_cast<QRgb>(RedFirst(bgr)));
+    switch (row.part) {
+    case Part::Paper:
+        return Send(editor, Engine::SCI_STYLESETBACK, Engine::STYLE_DEFAULT, bgr);
+    case Part::Ink:
+        return Send(editor, Engine::SCI_STYLESETFORE, row.index, bgr);
+    case Part::LeftMargin:
+        return Send(editor, Engine::SCI_SETMARGINBACKN, kLeftMargin, bgr);
+    case Part::NumberInk:
+        return editor.setMarginsForegroundColor(color);
+    case Part::NumberPaper:
+        return editor.setMarginsBackgroundColor(color);
+    case Part::Marker:
+        return Send(editor, Engine::SCI_MARKERSETBACK, row.index, bgr);
+    }
+}
+
+} // namespace
+
+void EditorColors::Apply(ScriptEditor& editor) const {
+    const auto paint = [&](const ColorRow& row) {
+        const int chosen = m_dark ? -1 : m_chosen.at(row.item);
+        Paint(editor, row, chosen >= 0 ? chosen : m_dark ? row.dark : row.light);
+    };
+    const auto others = kColorRows.begin() + kResettingRows;
+    std::for_each(kColorRows.begin(), others, paint);
+    editor.SendScintilla(Engine::SCI_STYLECLEARALL);
+    std::for_each(others, kColorRows.end(), paint);
+    editor.setCaretForegroundColor(m_dark ? Qt::white : Qt::black);
+}
+
+} // namespace documents
