@@ -22,4 +22,22 @@ LineEnd MainLineEnd(std::string_view text) {
     return lf >= cr ? LineEnd::Lf : LineEnd::Cr;
 }
 
+std::string WithLineEnds(std::string_view text, LineEnd end) {
+    const std::string_view written = end == LineEnd::CrLf ? "\r\n"
+                                     : end == LineEnd::Lf ? "\n"
+                                                          : "\r";
+    std::string converted;
+    converted.reserve(text.size());
+    while (!text.empty()) {
+        const size_t line = std::min(text.find_first_of("\r\n"), text.size());
+        converted += text.substr(0, line);
+        text.remove_prefix(line);
+        if (text.empty())
+            break;
+        converted += written;
+        text.remove_prefix(text.substr(0, 2) == "\r\n" ? 2 : 1);
+    }
+    return converted;
+}
+
 } // namespace core

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/CodeMax.h"
 
+#include "documents/editor/EditorTools.h"
 #include "documents/editor/ScriptPrinter.h"
 #include "documents/editor/engine/CodeMaxConstants.h"
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/ScriptEditor.h"
+#include "documents/editor/view/StatusLine.h"
 #include "platform/base/Failure.h"
 #include "platform/base/Twips.h"
 #include "platform/files/FileErrors.h"
 #include "platform/files/Files.h"
 #include "platform/files/TextFile.h"
+#include "platform/text/CodePage.h"
 
 #include <QVBoxLayout>
 #include <limits>
@@ -49,6 +52,8 @@ CodeMax::CodeMax(QWidget* parent)
         Q_EMIT Change(this);
     });
     AddEditCommands();
+    m_tools = new EditorTools(*m_editor, *m_commands, *layout, *this);
+    connect(m_tools, &EditorTools::EncodingChosen, this, &CodeMax::ChooseEncoding);
 }
 
 // Their keys are the menu's or the engine's own.
@@ -113,7 +118,33 @@ void CodeMax::OpenFile(const QString& path) {
         throw Failure(FailureCode::InvalidText, QStringLiteral("CodeMax"),
                       platform::FileFailureText(u"abrir", path, why));
     Begin(decoded.utf8);
-    m_encoding = decoded.encoding;
+    UseEncoding(decoded.encoding);
+}
+
+void CodeMax::UseEncoding(platform::TextEncoding encoding) {
+    m_encoding = encoding;
+    m_tools->Encoding(encoding);
+}
+
+// What won't fit is said now, while it can still be changed.
+void CodeMax::ChooseEncoding(platform::TextEncoding encoding) {
+    UseEncoding(encoding);
+    if (Encoded().encoding == encoding)
+        return;
+    const QString text = Text();
+    const qsizetype outside = platform::FirstOutsideCodePage(text);
+    const QString name = EncodingName(encoding);
+    if (outside < 0)
+        m_tools->Say(QStringLiteral("Este texto, guardado en %1, se leería como UTF-8. Al guardar "
+                                    "quedará en UTF-8.")
+                         .arg(name));
+    else
+        m_tools->Say(
+            QStringLiteral("«%1», en la línea %2, no existe en %3. Si sigue ahí al guardar, el "
+                           "archivo quedará en UTF-8.")
+                .arg(text.mid(outside, text.at(outside).isSurrogate() ? 2 : 1))
+                .arg(m_editor->LineOf(text.left(outside).toUtf8().size()) + 1)
+                .arg(name));
 }
 
 platform::EncodedText CodeMax::Encoded() const {
@@ -123,7 +154,8 @@ platform::EncodedText CodeMax::Encoded() const {
 void CodeMax::SaveFile(const QString& path, bool) {
     const platform::EncodedText encoded = Encoded();
     platform::WriteFile(path, encoded.bytes);
-    m_encoding = encoded.encoding;
+    UseEncoding(encoded.encoding);
+    m_editor->setModified(false);
 }
 
 void CodeMax::SaveCopy(const QString& path) const {

@@ -8,6 +8,7 @@
 namespace documents {
 
 class CommandSet;
+class EditorTools;
 class ScriptEditor;
 
 /// The code editor of a document window, with a ScriptEditor (QsciScintilla) in it. It keeps mixed
@@ -73,9 +74,12 @@ private:
     QString WhyNotHeld(const QByteArray& utf8);
 
     void AddEditCommands();
+    void UseEncoding(platform::TextEncoding encoding);
+    void ChooseEncoding(platform::TextEncoding encoding);
 
     ScriptEditor* m_editor;
     CommandSet* m_commands;
+    EditorTools* m_tools;
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
     bool m_begun = false;
 };

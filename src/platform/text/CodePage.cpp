@@ -66,6 +66,12 @@ std::optional<QByteArray> ToCodePage(QStringView text) {
     return bytes;
 }
 
+qsizetype FirstOutsideCodePage(QStringView text) {
+    const auto found = std::find_if(text.begin(), text.end(),
+                                    [](QChar c) { return core::ToWindows1252(c.unicode()) < 0; });
+    return found == text.end() ? -1 : found - text.begin();
+}
+
 QByteArray ToCodePageLossy(QStringView text) {
     QByteArray bytes;
     bytes.reserve(text.size());

@@ -17,6 +17,9 @@ QByteArray CodePageToUtf8(QByteArrayView bytes);
 /// The bytes of a text; nullopt if a character is not in the code page.
 std::optional<QByteArray> ToCodePage(QStringView text);
 
+/// The index of the first character that is not in the code page, or -1.
+qsizetype FirstOutsideCodePage(QStringView text);
+
 /// As ToCodePage, with "?" for each character not in it. It loses text: never for a user's file.
 QByteArray ToCodePageLossy(QStringView text);
 

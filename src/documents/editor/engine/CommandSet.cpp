@@ -23,7 +23,6 @@ CommandSet::CommandSet(ScriptEditor& editor, QWidget& control)
     m_menus.push_back(m_menu);
     for (const char16_t* text : kSubmenus)
         m_menus.push_back(new QMenu(QString::fromUtf16(text), m_menu));
-    connect(m_menu, &QMenu::aboutToShow, this, &CommandSet::ShowState);
     connect(&editor, &ScriptEditor::MenuWanted, this, &CommandSet::Open);
 }
 
@@ -41,25 +40,25 @@ void CommandSet::FreeKey(const QKeySequence& key) {
     }
 }
 
-QAction* CommandSet::MakeAction(const Command& command) {
-    auto* action = new QAction(command.text, &m_control);
-    for (const QKeySequence& key : command.keys)
-        FreeKey(key);
+QAction* CommandSet::AddTo(QMenu& menu, const Command& command) {
+    QAction* action = menu.addAction(command.text);
     action->setShortcuts(command.keys);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this,
             [run = command.run] { platform::RunHandler([&] { run(); }); });
-    m_control.addAction(action);
     if (command.isOn) {
         action->setCheckable(true);
-        m_switches.push_back({action, command.isOn});
+        connect(&menu, &QMenu::aboutToShow, action,
+                [action, isOn = command.isOn] { action->setChecked(isOn()); });
     }
     return action;
 }
 
-QAction* CommandSet::Add(Menu menu, Command command) {
-    QAction* action = MakeAction(command);
-    MenuOf(menu).addAction(action);
+QAction* CommandSet::Add(Menu menu, const Command& command) {
+    for (const QKeySequence& key : command.keys)
+        FreeKey(key);
+    QAction* action = AddTo(MenuOf(menu), command);
+    m_control.addAction(action);
     return action;
 }
 
@@ -67,26 +66,28 @@ void CommandSet::AddSeparator(Menu menu) {
     MenuOf(menu).addSeparator();
 }
 
-void CommandSet::AddSubmenu(Menu menu, const QString& text, std::vector<Command> commands) {
+void CommandSet::AddSubmenu(Menu menu, const QString& text,
+                            const std::function<std::vector<Command>()>& commands) {
     QMenu* submenu = MenuOf(menu).addMenu(text);
-    for (const Command& command : commands)
-        submenu->addAction(MakeAction(command));
+    connect(submenu, &QMenu::aboutToShow, this, [this, submenu, commands] {
+        submenu->clear();
+        for (const Command& command : commands())
+            AddTo(*submenu, command)->setChecked(command.isOn && command.isOn());
+    });
 }
 
-void CommandSet::ShowState() {
-    for (const Switch& one : m_switches)
-        one.action->setChecked(one.isOn());
+void CommandSet::AddSubmenus() {
+    m_menu->addSeparator();
+    for (auto submenu = m_menus.begin() + 1; submenu != m_menus.end(); ++submenu) {
+        if (!(*submenu)->isEmpty())
+            m_menu->addMenu(*submenu);
+    }
+    m_menusAdded = true;
 }
 
 void CommandSet::Open(const QPoint& place) {
-    if (m_menu->actions().isEmpty() ||
-        m_menu->actions().constLast() != m_menus.back()->menuAction()) {
-        m_menu->addSeparator();
-        for (auto submenu = m_menus.begin() + 1; submenu != m_menus.end(); ++submenu) {
-            if (!(*submenu)->isEmpty())
-                m_menu->addMenu(*submenu);
-        }
-    }
+    if (!m_menusAdded)
+        AddSubmenus();
     m_menu->popup(place);
 }
 

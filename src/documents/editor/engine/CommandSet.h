@@ -37,28 +37,25 @@ public:
     CommandSet(ScriptEditor& editor, QWidget& control);
 
     /// Takes the command's keys from the engine.
-    QAction* Add(Menu menu, Command command);
+    QAction* Add(Menu menu, const Command& command);
     void AddSeparator(Menu menu);
-    void AddSubmenu(Menu menu, const QString& text, std::vector<Command> commands);
+    /// The commands have no keys; they are asked for each time the submenu opens.
+    void AddSubmenu(Menu menu, const QString& text,
+                    const std::function<std::vector<Command>()>& commands);
     /// Opens the context menu at a place of the screen.
     void Open(const QPoint& place);
 
 private:
-    QAction* MakeAction(const Command& command);
+    QAction* AddTo(QMenu& menu, const Command& command);
     void FreeKey(const QKeySequence& key);
     QMenu& MenuOf(Menu menu);
-    void ShowState();
-
-    struct Switch {
-        QAction* action;
-        std::function<bool()> isOn;
-    };
+    void AddSubmenus();
 
     ScriptEditor& m_editor;
     QWidget& m_control;
     QMenu* m_menu;
     std::vector<QMenu*> m_menus;
-    std::vector<Switch> m_switches;
+    bool m_menusAdded = false;
 };
 
 } // namespace documents

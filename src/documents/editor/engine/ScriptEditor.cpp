@@ -16,6 +16,8 @@
 #include <QMimeData>
 #include <Qsci/qscicommandset.h>
 #include <algorithm>
+#include <array>
+#include <string>
 #include <utility>
 
 namespace documents {
@@ -31,15 +33,19 @@ constexpr unsigned long kKeptWidths = 1 << 14;
 constexpr const char* kKeywords = "and break elseif false in local nil not or return true";
 constexpr const char* kScopeKeywords = "do else end for function if repeat then until while";
 
-QsciScintilla::EolMode EolModeOf(const QByteArray& text) {
-    switch (core::MainLineEnd({text.data(), static_cast<size_t>(text.size())})) {
-    case core::LineEnd::Lf:
-        return QsciScintilla::EolUnix;
-    case core::LineEnd::Cr:
-        return QsciScintilla::EolMac;
-    default:
-        return QsciScintilla::EolWindows;
-    }
+struct EndRow {
+    core::LineEnd end;
+    QsciScintilla::EolMode mode;
+};
+
+constexpr std::array kEnds = {
+    EndRow{core::LineEnd::CrLf, QsciScintilla::EolWindows},
+    EndRow{core::LineEnd::Lf, QsciScintilla::EolUnix},
+    EndRow{core::LineEnd::Cr, QsciScintilla::EolMac},
+};
+
+std::string_view Chars(QByteArrayView text) {
+    return {text.data(), static_cast<size_t>(text.size())};
 }
 
 bool IsLineEnd(char byte) {
@@ -144,6 +150,29 @@ qsizetype ScriptEditor::LineEnd(qsizetype line) const {
     return SendScintilla(SCI_GETLINEENDPOSITION, static_cast<unsigned long>(line));
 }
 
+core::LineEnd ScriptEditor::NewLineEnd() const {
+    return std::find_if(kEnds.begin(), kEnds.end(),
+                        [this](const EndRow& row) { return row.mode == eolMode(); })
+        ->end;
+}
+
+void ScriptEditor::NewLineEnd(core::LineEnd end) {
+    setEolMode(std::find_if(kEnds.begin(), kEnds.end(), [&](const EndRow& row) {
+                   return row.end == end;
+               })->mode);
+}
+
+void ScriptEditor::ConvertLineEnds(core::LineEnd end) {
+    NewLineEnd(end);
+    const std::string converted = core::WithLineEnds(Chars(View()), end);
+    if (Chars(View()) == converted)
+        return;
+    const qsizetype line = LineOf(Caret());
+    const qsizetype column = Caret() - LineStart(line);
+    ReplaceAll(QByteArray::fromStdString(converted));
+    GoTo(LineStart(line) + column);
+}
+
 void ScriptEditor::Replace(qsizetype from, qsizetype to, QByteArrayView utf8) {
     const EditStep step(*this);
     SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(from), static_cast<long>(to));
@@ -206,7 +235,7 @@ void ScriptEditor::Load(const QByteArray& utf8) {
     SendScintilla(SCI_SETUNDOCOLLECTION, 1);
     SendScintilla(SCI_SETMODEVENTMASK, static_cast<unsigned long>(events));
     FitLineNumbers();
-    setEolMode(EolModeOf(utf8));
+    NewLineEnd(core::MainLineEnd(Chars(utf8)));
 }
 
 void ScriptEditor::ReplaceAll(const QByteArray& utf8) {
@@ -233,8 +262,8 @@ void ScriptEditor::SetFontName(const QString& name) {
 }
 
 void ScriptEditor::SetOwnFont(const QString& name) {
-    m_ownFont = name;
-    UseFont();
+    if (std::exchange(m_ownFont, name) != name)
+        UseFont();
 }
 
 void ScriptEditor::UseFont() {

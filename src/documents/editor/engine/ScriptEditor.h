@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/LineEnds.h"
 #include "documents/editor/engine/EditorColors.h"
 
 #include <Qsci/qsciscintilla.h>
@@ -32,6 +33,12 @@ public:
     qsizetype LineStart(qsizetype line) const;
     /// Where the line's text ends, before its line end.
     qsizetype LineEnd(qsizetype line) const;
+
+    /// The line end that a new line gets.
+    core::LineEnd NewLineEnd() const;
+    void NewLineEnd(core::LineEnd end);
+    /// Gives all lines that line end, and new ones, in one undo step.
+    void ConvertLineEnds(core::LineEnd end);
 
     /// Replaces a piece of the text; the caret stays where it was in the rest.
     void Replace(qsizetype from, qsizetype to, QByteArrayView utf8);

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/editor/EditorTools.h"
+
+#include "documents/editor/engine/CommandSet.h"
+#include "documents/editor/engine/ScriptEditor.h"
+#include "documents/editor/view/Looks.h"
+#include "documents/editor/view/MessageBar.h"
+#include "documents/editor/view/StatusLine.h"
+#include "documents/editor/view/Zoom.h"
+
+#include <QVBoxLayout>
+#include <vector>
+
+namespace documents {
+
+using platform::TextEncoding;
+
+EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout& layout,
+                         QWidget& control)
+    : QObject(&control),
+      m_editor(editor),
+      m_commands(commands),
+      m_message(new MessageBar(&control)),
+      m_status(new StatusLine(editor, &control)),
+      m_zoom(new Zoom(editor, commands, this)) {
+    for (QWidget* part : {static_cast<QWidget*>(m_message), static_cast<QWidget*>(m_status)})
+        layout.addWidget(part);
+    new Looks(editor, commands, this);
+    connect(m_message, &MessageBar::Closed, &editor, qOverload<>(&QWidget::setFocus));
+    JoinStatusLine();
+    AddFileCommands();
+}
+
+void EditorTools::JoinStatusLine() {
+    connect(m_status, &StatusLine::ZoomClicked, m_zoom, &Zoom::Reset);
+    connect(m_status, &StatusLine::InsertClicked, this,
+            [this] { m_editor.setOverwriteMode(!m_editor.overwriteMode()); });
+    connect(m_status, &StatusLine::EncodingChosen, this, &EditorTools::EncodingChosen);
+    connect(m_status, &StatusLine::LineEndsChosen, &m_editor, &ScriptEditor::ConvertLineEnds);
+}
+
+// The menus of the status line, by keyboard.
+void EditorTools::AddFileCommands() {
+    m_commands.AddSeparator(Menu::Edit);
+    m_commands.AddSubmenu(Menu::Edit, QStringLiteral("Codificación al guardar"), [this] {
+        std::vector<Command> encodings;
+        for (const TextEncoding encoding : kEncodings)
+            encodings.push_back({EncodingName(encoding),
+                                 {},
+                                 [this, encoding] { Q_EMIT EncodingChosen(encoding); },
+                                 [this, encoding] { return m_encoding == encoding; }});
+        return encodings;
+    });
+    m_commands.AddSubmenu(Menu::Edit, QStringLiteral("Fines de línea"), [this] {
+        std::vector<Command> ends;
+        for (const core::LineEnd end : kLineEnds)
+            ends.push_back({LineEndName(end),
+                            {},
+                            [this, end] { m_editor.ConvertLineEnds(end); },
+                            [this, end] { return m_editor.NewLineEnd() == end; }});
+        return ends;
+    });
+}
+
+void EditorTools::Encoding(TextEncoding encoding) {
+    m_encoding = encoding;
+    m_status->Encoding(encoding);
+}
+
+void EditorTools::Say(const QString& text) {
+    m_message->Say(text);
+}
+
+} // namespace documents

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/LineEnds.h"
+#include "platform/text/TextEncoding.h"
+
+#include <QObject>
+
+class QVBoxLayout;
+class QWidget;
+
+namespace documents {
+
+class CommandSet;
+class MessageBar;
+class ScriptEditor;
+class StatusLine;
+class Zoom;
+
+/// All that an editor has around its text: makes the parts, puts those that are seen below the text
+/// and joins what one tells with what another does.
+class EditorTools : public QObject {
+    Q_OBJECT
+
+public:
+    /// The parts that are seen go to the end of the layout of `control`.
+    EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout& layout, QWidget& control);
+
+    /// How the text will be saved.
+    void Encoding(platform::TextEncoding encoding);
+    /// Says it below the text.
+    void Say(const QString& text);
+
+Q_SIGNALS:
+    /// The user wants the text saved so.
+    void EncodingChosen(platform::TextEncoding encoding);
+
+private:
+    void JoinStatusLine();
+    void AddFileCommands();
+
+    ScriptEditor& m_editor;
+    CommandSet& m_commands;
+    MessageBar* m_message;
+    StatusLine* m_status;
+    Zoom* m_zoom;
+    platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
+};
+
+} // namespace documents
