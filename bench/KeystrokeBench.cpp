@@ -18,6 +18,7 @@ namespace {
 struct Frame : documents::MarcoDocumentos {
     void crear_temporal_click() override {}
     void Rotulo(const QString&) override {}
+    void AbrirEn(const QString&, int) override {}
     int Alto() const override { return 11000; }
 };
 

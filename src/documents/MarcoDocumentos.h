@@ -14,6 +14,9 @@ public:
     virtual void crear_temporal_click() = 0;
     /// Sets the caption of the main window.
     virtual void Rotulo(const QString& texto) = 0;
+    /// Brings the document of that program path to the front, opens it if it isn't open, and shows
+    /// the line, from 1. Fails as opening does.
+    virtual void AbrirEn(const QString& ruta, int linea) = 0;
     /// The height of the main window, in twips.
     virtual int Alto() const = 0;
 };

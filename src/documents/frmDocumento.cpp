@@ -6,6 +6,7 @@
 #include "platform/base/Log.h"
 #include "platform/base/Silently.h"
 #include "platform/forms/Dialogs.h"
+#include "platform/forms/Handler.h"
 #include "shared/Medidas.h"
 #include "shared/Temporal.h"
 #include "ui_frmDocumento.h"
@@ -59,6 +60,9 @@ frmDocumento::frmDocumento(MarcoDocumentos& marco, shared::ValoresCompartidos& c
     m_txtFile = m_ui->txtFile;
     setFocusProxy(m_txtFile);
     connect(m_txtFile, &CodeMax::Change, this, &frmDocumento::txtFile_Change);
+    connect(m_txtFile, &CodeMax::LineWanted, this, [this](const QString& ruta, int linea) {
+        platform::RunHandler([&] { m_marco.AbrirEn(ruta, linea); });
+    });
 }
 
 frmDocumento::~frmDocumento() {

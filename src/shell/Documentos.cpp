@@ -28,6 +28,11 @@ bool EsDocumento(const platform::Form* ventana) {
     return dynamic_cast<const frmDocumento*>(ventana) != nullptr;
 }
 
+void ALaVista(frmDocumento& documento) {
+    if (documento.State() == platform::WindowState::Minimised)
+        documento.State(platform::WindowState::Normal);
+}
+
 } // namespace
 
 Documentos::Documentos(platform::MDIFrame& marco, documents::MarcoDocumentos& principal,
@@ -120,6 +125,24 @@ void Documentos::AbrirProyecto(const QString& ruta, const QString& rotulo) {
            .vacioSiFalla = true});
 }
 
+frmDocumento* Documentos::Abierto(const QString& ruta) const {
+    for (platform::Form* ventana : m_marco.FormsByActivity()) {
+        auto* documento = dynamic_cast<frmDocumento*>(ventana);
+        if (documento && documento->Ruta().compare(ruta, Qt::CaseInsensitive) == 0)
+            return documento;
+    }
+    return nullptr;
+}
+
+void Documentos::AbrirEn(const QString& ruta, int linea) {
+    frmDocumento* documento = Abierto(ruta);
+    if (!documento)
+        documento = Abrir({.ruta = ruta});
+    ALaVista(*documento);
+    documento->Show();
+    documento->txtFile().ShowLine(linea);
+}
+
 frmDocumento* Documentos::Activo() const {
     return dynamic_cast<frmDocumento*>(m_marco.ActiveForm());
 }
@@ -179,8 +202,7 @@ void Documentos::Insertar(const QString& texto) {
         return;
     RunSilently([&] { FrmDoc->txtFile().SelText(texto); });
     RunSilently([&] {
-        if (FrmDoc->State() == platform::WindowState::Minimised)
-            FrmDoc->State(platform::WindowState::Normal); // to show what is typed
+        ALaVista(*FrmDoc); // to show what is typed
         FrmDoc->txtFile().SetFocus();
     });
 }

@@ -54,6 +54,8 @@ public:
     /// Makes a document and shows it; null if it was closed while the explorer was shown. Fails as
     /// Load or OpenFile does; no document is left then.
     documents::frmDocumento* Abrir(const Apertura& apertura);
+    /// Shows the line, from 1, of the document with that path, which is opened if it isn't yet.
+    void AbrirEn(const QString& ruta, int linea);
     void AbrirProyecto(const QString& ruta, const QString& rotulo) override;
 
     /// Saves the active document; asks for a name if it has no file. A failure goes to the log.
@@ -80,6 +82,7 @@ private:
     QString Rotulo(const Apertura& apertura) const;
     void Descartar(documents::frmDocumento& documento);
     documents::frmDocumento* Activo() const;
+    documents::frmDocumento* Abierto(const QString& ruta) const;
     bool HayVentanas() const;
     void GuardarConNombre(platform::CommonDialog& dialogo);
 

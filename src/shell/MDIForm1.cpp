@@ -144,6 +144,10 @@ void MDIForm1::mnuarchivonuevo_Click() {
                         .conExplorador = true});
 }
 
+void MDIForm1::AbrirEn(const QString& ruta, int linea) {
+    m_documentos.AbrirEn(ruta, linea);
+}
+
 void MDIForm1::mnuarchivoabrir_Click() {
     const QString ruta = m_recientes->CommonDialog_Abrir(this);
     if (ruta.isEmpty())

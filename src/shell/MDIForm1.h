@@ -48,6 +48,7 @@ public:
 
     void crear_temporal_click() override;
     void Rotulo(const QString& texto) override { Caption(texto); }
+    void AbrirEn(const QString& ruta, int linea) override;
     int Alto() const override { return Height(); }
 
     void mnuarchivonuevo_Click();

@@ -106,6 +106,26 @@ TEST_F(MDIForm1Test, DroppedFilesOpenAndStayOutOfTheList) {
     EXPECT_EQ(Reciente(1)->text(), u"Recientes"_s);
 }
 
+TEST_F(MDIForm1Test, ALineWantedIsShownInTheDocumentThatHasItOrInANewOne) {
+    const QString uno = home.Put("uno.lua", "a\nb\nc\n");
+    const QString dos = home.Put("dos.lua", QByteArray("x\n").repeated(500));
+    documents::frmDocumento* first = Abrir(uno);
+    Q_EMIT first->txtFile().LineWanted(dos, 400);
+    ASSERT_EQ(Captions(), (QStringList{u"uno.lua"_s, u"dos.lua"_s}));
+    EXPECT_EQ(compartido.numero_documentos, 2);
+    Type(u"y"_s);
+    EXPECT_EQ(Text().indexOf(u'y'), 2 * 399);
+    first->State(platform::WindowState::Minimised);
+    Q_EMIT Active()->txtFile().LineWanted(u"c:\\UNO.lua"_s, 99); // behind the last line
+    EXPECT_EQ(Active(), first);
+    EXPECT_EQ(first->State(), platform::WindowState::Normal);
+    Type(u"z"_s);
+    EXPECT_EQ(Text(), u"a\nb\nc\nz"_s);
+    dialogs.Expect(u"No se puede abrir el archivo \"C:\\no.lua\": no existe."_s);
+    Q_EMIT first->txtFile().LineWanted(u"C:\\no.lua"_s, 1);
+    EXPECT_EQ(Windows().size(), 2U);
+}
+
 TEST_F(MDIForm1Test, ToolWindowsInFrontLeaveRunAndPrintTheLastScript) {
     Abrir(home.Put("a.lua", "uno"));
     frmDocumento* last = Abrir(home.Put("b.lua", "dos"));

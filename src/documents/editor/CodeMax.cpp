@@ -15,6 +15,7 @@
 #include "platform/text/CodePage.h"
 
 #include <QVBoxLayout>
+#include <algorithm>
 #include <limits>
 
 namespace documents {
@@ -119,6 +120,7 @@ void CodeMax::OpenFile(const QString& path) {
                       platform::FileFailureText(u"abrir", path, why));
     Begin(decoded.utf8);
     UseEncoding(decoded.encoding);
+    m_path = path;
 }
 
 void CodeMax::UseEncoding(platform::TextEncoding encoding) {
@@ -156,6 +158,7 @@ void CodeMax::SaveFile(const QString& path, bool) {
     platform::WriteFile(path, encoded.bytes);
     UseEncoding(encoded.encoding);
     m_editor->setModified(false);
+    m_path = path;
 }
 
 void CodeMax::SaveCopy(const QString& path) const {
@@ -235,6 +238,10 @@ void CodeMax::Move(int left, int top, int width, int height) {
 
 void CodeMax::SetFocus() {
     setFocus();
+}
+
+void CodeMax::ShowLine(int line) {
+    m_editor->GoTo(m_editor->LineStart(std::clamp(line, 1, m_editor->lines()) - 1));
 }
 
 } // namespace documents

@@ -64,8 +64,15 @@ public:
     void Move(int left, int top, int width, int height);
     void SetFocus();
 
+    /// The program path of the last OpenFile or SaveFile; empty before.
+    const QString& Path() const { return m_path; }
+    /// Puts the caret at the start of the line, from 1, and brings it into view.
+    void ShowLine(int line);
+
 Q_SIGNALS:
     void Change(documents::CodeMax* control);
+    /// The user wants to see that line, from 1, of the file with that program path.
+    void LineWanted(const QString& path, int line);
 
 private:
     void Begin(const QByteArray& utf8);
@@ -80,6 +87,7 @@ private:
     ScriptEditor* m_editor;
     CommandSet* m_commands;
     EditorTools* m_tools;
+    QString m_path;
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
     bool m_begun = false;
 };

@@ -103,10 +103,15 @@ void StatusLine::MakeMenus() {
     auto* ends = new QMenu(this);
     for (const core::LineEnd end : kLineEnds)
         ends->addAction(LineEndName(end), this, [this, end] { Q_EMIT LineEndsChosen(end); });
-    for (const auto& [field, menu] : {std::pair(kEncoding, encodings), std::pair(kEnds, ends)}) {
-        m_fields.at(field)->setMenu(menu);
-        m_fields.at(field)->setPopupMode(QToolButton::InstantPopup);
-    }
+    OpenAbove(kEncoding, encodings);
+    OpenAbove(kEnds, ends);
+}
+
+void StatusLine::OpenAbove(Field field, QMenu* menu) {
+    QToolButton* button = m_fields.at(field);
+    connect(button, &QToolButton::clicked, menu, [button, menu] {
+        menu->popup(button->mapToGlobal(QPoint(0, -menu->sizeHint().height())));
+    });
 }
 
 QSize StatusLine::minimumSizeHint() const {

@@ -9,6 +9,7 @@
 #include <array>
 
 class QLabel;
+class QMenu;
 class QToolButton;
 
 namespace documents {
@@ -50,6 +51,7 @@ private:
 
     void AddField(size_t field);
     void MakeMenus();
+    void OpenAbove(Field field, QMenu* menu);
     void Later();
     void Show(Field field, const QString& text);
     void Refresh();
