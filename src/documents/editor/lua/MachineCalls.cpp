@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/editor/lua/CallTables.h"
+
+namespace documents {
+namespace {
+
+using enum ValueKind;
+using enum CallForm;
+
+constexpr Parameter kPath{"ruta", Text};
+constexpr Parameter kPathToo{"ruta", Text, true};
+constexpr Parameter kText{"texto", Text};
+
+// clang-format off
+constexpr Call kRows[] = {
+    {"Controls", Plain, "read", {}, Controls,
+     "Lee los botones: cuáles están pulsados en este momento.",
+     "local mando = Controls.read()"},
+    {"Controls", Method, "up", {}, Boolean,
+     "Dice si está pulsada la cruceta hacia arriba.",
+     "if mando:up() then y = y - 2 end"},
+    {"Controls", Method, "down", {}, Boolean,
+     "Dice si está pulsada la cruceta hacia abajo.",
+     "if mando:down() then y = y + 2 end"},
+    {"Controls", Method, "left", {}, Boolean,
+     "Dice si está pulsada la cruceta hacia la izquierda.",
+     "if mando:left() then x = x - 2 end"},
+    {"Controls", Method, "right", {}, Boolean,
+     "Dice si está pulsada la cruceta hacia la derecha.",
+     "if mando:right() then x = x + 2 end"},
+    {"Controls", Method, "cross", {}, Boolean,
+     "Dice si está pulsado el botón de la equis.",
+     "if mando:cross() then salto:play() end"},
+    {"Controls", Method, "circle", {}, Boolean,
+     "Dice si está pulsado el botón del círculo.",
+     "if mando:circle() then disparar() end"},
+    {"Controls", Method, "square", {}, Boolean,
+     "Dice si está pulsado el botón del cuadrado.",
+     "if mando:square() then correr() end"},
+    {"Controls", Method, "triangle", {}, Boolean,
+     "Dice si está pulsado el botón del triángulo.",
+     "if mando:triangle() then abrirMenu() end"},
+    {"Controls", Method, "l", {}, Boolean,
+     "Dice si está pulsado el gatillo izquierdo.",
+     "if mando:l() then giro = giro - 1 end"},
+    {"Controls", Method, "r", {}, Boolean,
+     "Dice si está pulsado el gatillo derecho.",
+     "if mando:r() then giro = giro + 1 end"},
+    {"Controls", Method, "start", {}, Boolean,
+     "Dice si está pulsado el botón start.",
+     "if mando:start() then pausa = true end"},
+    {"Controls", Method, "select", {}, Boolean,
+     "Dice si está pulsado el botón select.",
+     "if mando:select() then nivel = nivel + 1 end"},
+    {"Controls", Method, "home", {}, Boolean,
+     "Dice si está pulsado el botón home.",
+     "if mando:home() then salir = true end"},
+    {"Controls", Method, "hold", {}, Boolean,
+     "Dice si está puesto el cierre hold.",
+     "if mando:hold() then quieto = true end"},
+    {"Controls", Method, "note", {}, Boolean,
+     "Dice si está pulsado el botón de la nota.",
+     "if mando:note() then Music.pause() end"},
+
+    {"System", Plain, "currentDirectory", {kPathToo}, Text,
+     "Da la carpeta en la que se está; con una ruta, pasa antes a ella.",
+     "System.currentDirectory(\"niveles\")"},
+    {"System", Plain, "listDirectory", {kPathToo}, Table,
+     "Da lo que hay en una carpeta: una tabla por cada cosa, con name, size y directory.",
+     "for _, cosa in ipairs(System.listDirectory()) do print(cosa.name) end"},
+    {"System", Plain, "createDirectory", {kPath}, Boolean,
+     "Hace una carpeta; da true, o nil y el motivo.",
+     "System.createDirectory(\"partidas\")"},
+    {"System", Plain, "removeDirectory", {kPath}, Boolean,
+     "Borra una carpeta vacía; da true, o nil y el motivo.",
+     "System.removeDirectory(\"partidas\")"},
+    {"System", Plain, "removeFile", {kPath}, Boolean,
+     "Borra un archivo; da true, o nil y el motivo.",
+     "System.removeFile(\"partida1.txt\")"},
+    {"System", Plain, "getFreeMemory", {}, Number,
+     "Da la memoria que le queda al script, en bytes.",
+     "print(System.getFreeMemory())"},
+    {"System", Plain, "powerIsPowerOnline", {}, Boolean,
+     "Dice si la consola está enchufada a la corriente.",
+     "local enchufada = System.powerIsPowerOnline()"},
+    {"System", Plain, "powerIsBatteryExist", {}, Boolean,
+     "Dice si hay batería.",
+     "local hayBateria = System.powerIsBatteryExist()"},
+    {"System", Plain, "powerIsBatteryCharging", {}, Boolean,
+     "Dice si la batería se está cargando.",
+     "local cargando = System.powerIsBatteryCharging()"},
+    {"System", Plain, "powerGetBatteryChargingStatus", {}, Number,
+     "Da el estado de la carga: 0 no se carga, 1 se carga, 2 está llena.",
+     "local carga = System.powerGetBatteryChargingStatus()"},
+    {"System", Plain, "powerGetBatteryLifePercent", {}, Number,
+     "Da la carga de la batería, de 0 a 100.",
+     "local queda = System.powerGetBatteryLifePercent()"},
+    {"System", Plain, "powerGetBatteryLifeTime", {}, Number,
+     "Da los minutos que le quedan a la batería; 0 si no se sabe.",
+     "local minutos = System.powerGetBatteryLifeTime()"},
+    {"System", Plain, "powerGetBatteryTemp", {}, Number,
+     "Da la temperatura de la batería en grados.",
+     "local grados = System.powerGetBatteryTemp()"},
+    {"System", Plain, "powerGetBatteryVolt", {}, Number,
+     "Da la tensión de la batería en voltios.",
+     "local voltios = System.powerGetBatteryVolt()"},
+    {"System", Plain, "powerIsLowBattery", {}, Boolean,
+     "Dice si queda poca batería.",
+     "if System.powerIsLowBattery() then guardarPartida() end"},
+    {"System", Plain, "powerTick", {}, Nothing,
+     "Evita que la consola se apague sola.",
+     "System.powerTick()"},
+    {"System", Plain, "irdaInit", {}, Nothing,
+     "Prepara el puerto de infrarrojos.",
+     "System.irdaInit()"},
+    {"System", Plain, "irdaWrite", {kText}, Nothing,
+     "Envía un texto por infrarrojos.",
+     "System.irdaWrite(\"hola\")"},
+    {"System", Plain, "irdaRead", {}, Text,
+     "Da lo que ha llegado por infrarrojos; un texto vacío si no hay nada.",
+     "local llegado = System.irdaRead()"},
+    {"System", Plain, "usbDiskModeActivate", {}, Nothing,
+     "Deja ver la tarjeta de memoria como un disco USB.",
+     "System.usbDiskModeActivate()"},
+    {"System", Plain, "usbDiskModeDeactivate", {}, Nothing,
+     "Termina el modo de disco USB.",
+     "System.usbDiskModeDeactivate()"},
+};
+// clang-format on
+
+} // namespace
+
+std::span<const Call> MachineCalls() {
+    return kRows;
+}
+
+} // namespace documents
