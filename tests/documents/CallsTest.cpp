@@ -2,7 +2,9 @@
 #include "documents/editor/lua/Calls.h"
 
 #include "assist/Catalogo.h"
+#include "documents/editor/lua/Reference.h"
 
+#include <QFile>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
@@ -64,6 +66,17 @@ TEST(CallsTest, TellHowTheyAreWrittenAndWhatTheyGive) {
     EXPECT_EQ(FindMethod(ValueKind::Image, "play"), nullptr);
     EXPECT_EQ(CallsOf("Sound").size(), 1U);
     EXPECT_GT(MethodsOf(ValueKind::Any).size(), MethodsOf(ValueKind::Image).size());
+}
+
+TEST(CallsTest, FillTheirChapterOfTheManual) {
+    QFile file(QStringLiteral(MANUAL));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray manual = file.readAll();
+    const auto marked = QByteArrayLiteral("\n<!-- llamadas -->\n");
+    const qsizetype from = manual.indexOf(marked) + marked.size();
+    const qsizetype to = manual.indexOf("<!-- fin de las llamadas -->");
+    EXPECT_EQ(manual.mid(from, to - from).toStdString(), ReferenceChapter())
+        << "scripts/reference writes it";
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 #include "documents/editor/lua/CallTables.h"
 
 #include <algorithm>
-#include <utility>
+#include <iterator>
 
 namespace documents {
 namespace {
@@ -43,9 +43,14 @@ bool GivesFirst(const Call& call, bool asMethod) {
     return asMethod && call.form == CallForm::OnText;
 }
 
+const Library& LibraryOf(const Call& call) {
+    const Library* found = FindLibrary(call.library);
+    return found ? *found : kLibraries.back(); // each row's is there
+}
+
 std::string Start(const Call& call, bool asMethod) {
     const bool method = call.form == CallForm::Method || GivesFirst(call, asMethod);
-    const std::string_view owner = method ? FindLibrary(call.library)->object : call.library;
+    const std::string_view owner = method ? LibraryOf(call).object : call.library;
     const std::string_view link = owner.empty() ? "" : method ? ":" : ".";
     return std::string(owner).append(link).append(call.name);
 }
@@ -65,7 +70,7 @@ const Call* First(Wanted wanted) {
 
 // Whether a value of the kind has the call as a method.
 bool Has(ValueKind kind, const Call& call) {
-    return IsMethod(call) && (kind == ValueKind::Any || FindLibrary(call.library)->kind == kind);
+    return IsMethod(call) && (kind == ValueKind::Any || LibraryOf(call).kind == kind);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,7 +11,7 @@
 namespace documents {
 
 /// What a value of a script is. Any: not known.
-enum class ValueKind : uint8_t {
+enum class ValueKind {
     Any,
     Nothing,
     Number,
@@ -32,7 +32,7 @@ enum class ValueKind : uint8_t {
 
 /// How a call is written. Either: with a point or a colon. OnText: with a point, or as a method of
 /// its first argument. Value: it isn't called.
-enum class CallForm : uint8_t { Plain, Method, Either, OnText, Value };
+enum class CallForm { Plain, Method, Either, OnText, Value };
 
 struct Parameter {
     std::string_view name;
@@ -45,10 +45,10 @@ struct Call {
     static constexpr size_t kMostParameters = 8;
 
     std::string_view library; ///< the table it stands in; empty for a global function
-    CallForm form = CallForm::Plain;
     std::string_view name;
-    std::array<Parameter, kMostParameters> given; ///< for Parameters()
+    CallForm form = CallForm::Plain;
     ValueKind result = ValueKind::Nothing;
+    std::array<Parameter, kMostParameters> given; ///< for Parameters()
     std::string_view sentence;
     std::string_view example;
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/lua/CallTables.h"
 
+#include <span>
+
 namespace documents {
 namespace {
 
@@ -20,31 +22,31 @@ constexpr Parameter kSize{"tamaño", Number};
 
 // clang-format off
 constexpr Call kRows[] = {
-    {"table", Plain, "insert", {kList, kPlaceToo, kValue}, Nothing,
+    {"table", "insert", Plain, Nothing, {kList, kPlaceToo, kValue},
      "Añade un valor al final de la lista, o lo mete en una posición.",
      "table.insert(enemigos, {x = 480, y = 100})"},
-    {"table", Plain, "remove", {kList, kPlaceToo}, Any,
+    {"table", "remove", Plain, Any, {kList, kPlaceToo},
      "Quita el último valor de la lista, o el de una posición, y lo da.",
      "local primero = table.remove(cola, 1)"},
-    {"table", Plain, "concat", {kList, kBetween, kFrom, kTo}, Text,
+    {"table", "concat", Plain, Text, {kList, kBetween, kFrom, kTo},
      "Junta los elementos de la lista en un texto.",
      "print(table.concat({1, 2, 3}, \", \"))"},
-    {"table", Plain, "sort", {kList, kBefore}, Nothing,
+    {"table", "sort", Plain, Nothing, {kList, kBefore},
      "Ordena la lista; la función dice si su primer argumento va antes que el segundo.",
      "table.sort(puntos, function(a, b) return a > b end)"},
-    {"table", Plain, "maxn", {kTable}, Number,
+    {"table", "maxn", Plain, Number, {kTable},
      "Da la mayor clave que es un número.",
      "local ultima = table.maxn(casillas)"},
-    {"table", Plain, "getn", {kList}, Number,
+    {"table", "getn", Plain, Number, {kList},
      "Da cuántos elementos tiene la lista; es mejor #lista.",
      "local cuantos = table.getn(enemigos)"},
-    {"table", Plain, "setn", {kList, kSize}, Nothing,
+    {"table", "setn", Plain, Nothing, {kList, kSize},
      "Ya no está en Lua 5.1: llamarla es un error.",
      "local bien = pcall(table.setn, {}, 3)"},
-    {"table", Plain, "foreach", {kTable, kFunction}, Any,
+    {"table", "foreach", Plain, Any, {kTable, kFunction},
      "Llama a la función con cada clave y valor; es mejor for con pairs.",
      "table.foreach(datos, print)"},
-    {"table", Plain, "foreachi", {kList, kFunction}, Any,
+    {"table", "foreachi", Plain, Any, {kList, kFunction},
      "Llama a la función con cada posición y valor; es mejor for con ipairs.",
      "table.foreachi(puntos, print)"},
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/lua/CallTables.h"
 
+#include <span>
+
 namespace documents {
 namespace {
 
@@ -24,49 +26,49 @@ constexpr Parameter kCodes{"...", Number, true};
 
 // clang-format off
 constexpr Call kRows[] = {
-    {"string", OnText, "len", {kText}, Number,
+    {"string", "len", OnText, Number, {kText},
      "Da cuántos bytes tiene un texto.",
      "local largo = nombre:len()"},
-    {"string", OnText, "sub", {kText, kFrom, kTo}, Text,
+    {"string", "sub", OnText, Text, {kText, kFrom, kTo},
      "Da un trozo del texto; los números negativos cuentan desde el final.",
      "local inicial = nombre:sub(1, 1)"},
-    {"string", OnText, "upper", {kText}, Text,
+    {"string", "upper", OnText, Text, {kText},
      "Pone el texto en mayúsculas.",
      "screen:print(0, 0, nombre:upper(), blanco)"},
-    {"string", OnText, "lower", {kText}, Text,
+    {"string", "lower", OnText, Text, {kText},
      "Pone el texto en minúsculas.",
      "if orden:lower() == \"salir\" then os.exit() end"},
-    {"string", OnText, "rep", {kText, kTimes}, Text,
+    {"string", "rep", OnText, Text, {kText, kTimes},
      "Repite el texto.",
      "local barra = (\"#\"):rep(vidas)"},
-    {"string", OnText, "reverse", {kText}, Text,
+    {"string", "reverse", OnText, Text, {kText},
      "Da el texto al revés.",
      "print((\"ola\"):reverse())"},
-    {"string", OnText, "byte", {kText, kFromToo, kTo}, Number,
+    {"string", "byte", OnText, Number, {kText, kFromToo, kTo},
      "Da los códigos de los caracteres.",
      "local codigo = (\"A\"):byte()"},
-    {"string", Plain, "char", {kCode, kCodes}, Text,
+    {"string", "char", Plain, Text, {kCode, kCodes},
      "Hace un texto con los caracteres de esos códigos.",
      "local letra = string.char(65)"},
-    {"string", OnText, "format", {kFormat, kRest}, Text,
+    {"string", "format", OnText, Text, {kFormat, kRest},
      "Pone valores en un texto: %d un entero, %.2f con decimales, %s un texto.",
      "screen:print(0, 0, string.format(\"%05d\", puntos), blanco)"},
-    {"string", OnText, "find", {kText, kPattern, kFromToo, kPlain}, Number,
+    {"string", "find", OnText, Number, {kText, kPattern, kFromToo, kPlain},
      "Da dónde empieza y acaba un patrón en el texto, o nil; con true no es un patrón.",
      "local desde, hasta = linea:find(\"=\", 1, true)"},
-    {"string", OnText, "match", {kText, kPattern, kFromToo}, Text,
+    {"string", "match", OnText, Text, {kText, kPattern, kFromToo},
      "Da lo que el texto tiene como el patrón, o nil.",
      "local clave, valor = linea:match(\"(%w+)=(%w+)\")"},
-    {"string", OnText, "gmatch", {kText, kPattern}, Function,
+    {"string", "gmatch", OnText, Function, {kText, kPattern},
      "Recorre en un for todo lo que el texto tiene como el patrón.",
      "for palabra in frase:gmatch(\"%a+\") do print(palabra) end"},
-    {"string", OnText, "gfind", {kText, kPattern}, Function,
+    {"string", "gfind", OnText, Function, {kText, kPattern},
      "Nombre antiguo de gmatch.",
      "for palabra in frase:gfind(\"%a+\") do print(palabra) end"},
-    {"string", OnText, "gsub", {kText, kPattern, kNew, kMost}, Text,
+    {"string", "gsub", OnText, Text, {kText, kPattern, kNew, kMost},
      "Cambia lo que es como el patrón; da el texto y cuántas veces lo cambió.",
      "local limpio = linea:gsub(\"%s+\", \" \")"},
-    {"string", Plain, "dump", {kFunction}, Text,
+    {"string", "dump", Plain, Text, {kFunction},
      "Da una función compilada; el reproductor no la puede volver a cargar.",
      "print(#string.dump(jugar))"},
 };
