@@ -53,11 +53,11 @@ TEST_F(CallTableTest, HoldsWhatAScriptCanCallAndNothingElse) {
     LuaHost(player, &Look).Run("", "prueba.lua");
     Names known;
     for (const documents::Call* call : documents::AllCalls()) {
-        const std::string library(call->library);
+        const std::string library = std::string(call->library) + (call->library.empty() ? "" : ".");
         const std::string name(call->name);
         if (call->form != CallForm::Value)
-            known.insert(library.empty() ? name : library + "." + name);
-        if (library == "Image") // the screen is an image
+            known.insert(library + name);
+        if (library == "Image.") // the screen is an image
             known.insert("screen." + name);
     }
     EXPECT_EQ(known, offered);
