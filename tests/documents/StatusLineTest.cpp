@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/view/StatusLine.h"
 #include "documents/editor/CodeMax.h"
+#include "documents/editor/engine/CodeMaxConstants.h"
 #include "documents/editor/engine/EditorSettings.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/view/MessageBar.h"
@@ -103,11 +104,13 @@ TEST_F(StatusLineTest, LineEndsAreConvertedInOneStepWithTheCaretKept) {
 
 TEST_F(StatusLineTest, SizeAndColorsAreTheSameInAllDocumentsAndInTheNextRun) {
     const auto dark = [](CodeMax& one) { return support::Colors(one).contains(0xFF1E1F26); };
+    control.SetOption(kLineNumberOption, true);
     const int numbers = Engine().marginWidth(0);
-    control.SetOption(87, true);
     CodeMax other;
     other.FontSize(10);
     other.show();
+    control.activateWindow(); // keys of commands go to the active window
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&control));
     for (int turn = 0; turn < 3; ++turn)
         QTest::keyClick(&Engine(), Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_GT(Engine().marginWidth(0), numbers);
@@ -122,7 +125,7 @@ TEST_F(StatusLineTest, SizeAndColorsAreTheSameInAllDocumentsAndInTheNextRun) {
         next.SetColor(0, 0xFFFFFF); // the document's own colours wait
         EXPECT_EQ(next.findChild<ScriptEditor*>()->ZoomPercent(), 120);
         EXPECT_TRUE(dark(next));
-        QTest::keyClick(next.findChild<ScriptEditor*>(), Qt::Key_0, Qt::ControlModifier);
+        next.findChild<ScriptEditor*>()->zoomTo(0);
     } // closed at once: kept all the same
     EXPECT_EQ(Engine().ZoomPercent(), 100);
     SharedSettings().Keep(u"colores"_s, u"claro"_s);

@@ -53,9 +53,11 @@ CodeMax::CodeMax(QWidget* parent)
         Q_EMIT Change(this);
     });
     AddEditCommands();
-    m_tools = new EditorTools(*m_editor, *m_commands, *layout, *this);
-    connect(m_tools, &EditorTools::EncodingChosen, this, &CodeMax::ChooseEncoding);
+    m_tools = std::make_unique<EditorTools>(*m_editor, *m_commands, *layout, *this);
+    connect(m_tools.get(), &EditorTools::EncodingChosen, this, &CodeMax::ChooseEncoding);
 }
+
+CodeMax::~CodeMax() = default;
 
 // Their keys are the menu's or the engine's own.
 void CodeMax::AddEditCommands() {

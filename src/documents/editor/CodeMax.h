@@ -4,6 +4,7 @@
 #include "platform/text/TextEncoding.h"
 
 #include <QWidget>
+#include <memory>
 
 namespace documents {
 
@@ -21,6 +22,7 @@ class CodeMax : public QWidget {
 
 public:
     explicit CodeMax(QWidget* parent = nullptr);
+    ~CodeMax() override;
 
     QString Text() const;
     /// Replaces the whole text in one undo step; the caret goes to its end, in view. NUL characters
@@ -86,7 +88,7 @@ private:
 
     ScriptEditor* m_editor;
     CommandSet* m_commands;
-    EditorTools* m_tools;
+    std::unique_ptr<EditorTools> m_tools; // gone before the editor, which it uses to its end
     QString m_path;
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
     bool m_begun = false;

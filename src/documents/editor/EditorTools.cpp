@@ -17,8 +17,7 @@ using platform::TextEncoding;
 
 EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout& layout,
                          QWidget& control)
-    : QObject(&control),
-      m_editor(editor),
+    : m_editor(editor),
       m_commands(commands),
       m_message(new MessageBar(&control)),
       m_status(new StatusLine(editor, &control)),
