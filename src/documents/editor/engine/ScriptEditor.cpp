@@ -129,6 +129,8 @@ QByteArrayView ScriptEditor::View() const {
 }
 
 QByteArray ScriptEditor::Range(qsizetype from, qsizetype to) const {
+    if (from >= to)
+        return {};
     QByteArray piece(to - from, Qt::Uninitialized); // has room for the NUL behind it
     SendScintilla(SCI_GETTEXTRANGE, static_cast<long>(from), static_cast<long>(to), piece.data());
     return piece;

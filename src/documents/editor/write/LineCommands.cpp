@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/editor/write/LineCommands.h"
+
+#include "core/LineEnds.h"
+#include "documents/editor/engine/CommandSet.h"
+#include "documents/editor/engine/EditStep.h"
+#include "documents/editor/engine/ScriptEditor.h"
+#include "documents/editor/write/LineEdits.h"
+#include "documents/editor/write/Surroundings.h"
+
+#include <QKeyEvent>
+#include <array>
+
+namespace documents {
+namespace {
+
+QByteArray LineEndOf(const ScriptEditor& editor) {
+    return QByteArray::fromStdString(core::WithLineEnds("\n", editor.NewLineEnd()));
+}
+
+} // namespace
+
+LineCommands::LineCommands(ScriptEditor& editor, CommandSet& commands)
+    : QObject(&editor), m_editor(editor) {
+    struct Row {
+        const char16_t* text;
+        const char* key;
+        LineEdit (*edit)(const SelectedLines&);
+    };
+    constexpr std::array kRows = {
+        Row{u"Poner o quitar &comentario", "Ctrl+K", ToggleComment},
+        Row{u"Mover hacia &arriba", "Alt+Up", MoveUp},
+        Row{u"Mover hacia a&bajo", "Alt+Down", MoveDown},
+        Row{u"Borrar la &línea", "Ctrl+Shift+K", DeleteLines},
+    };
+    for (const Row& row : kRows)
+        commands.Add(Menu::Lines, {QString::fromUtf16(row.text),
+                                   {QKeySequence(QLatin1StringView(row.key))},
+                                   [this, edit = row.edit] { Apply(edit(Selected())); }});
+    commands.Add(Menu::Lines, {QStringLiteral("&Duplicar la línea o lo seleccionado"),
+                               {QKeySequence(Qt::CTRL | Qt::Key_D)},
+                               [this] { Apply(Duplicate(Selected(), LineEndOf(m_editor))); }});
+    m_editor.installEventFilter(this);
+}
+
+SelectedLines LineCommands::Selected() const {
+    const qsizetype from = m_editor.SelectionStart();
+    const qsizetype to = m_editor.SelectionEnd();
+    const qsizetype first = m_editor.LineOf(from);
+    qsizetype behind = m_editor.LineOf(to);
+    if (from == to || to > m_editor.LineStart(behind))
+        ++behind;
+    const auto lines = [this](qsizetype begin, qsizetype end) {
+        const qsizetype count = m_editor.lines();
+        const auto start = [&](qsizetype line) {
+            return line < count ? m_editor.LineStart(line) : m_editor.Length();
+        };
+        return m_editor.Range(start(begin), start(end));
+    };
+    const qsizetype caret = m_editor.Caret();
+    return {m_editor.LineStart(first), first > 0 ? lines(first - 1, first) : QByteArray(),
+            lines(first, behind),      lines(behind, behind + 1),
+            from + to - caret,         caret};
+}
+
+void LineCommands::Apply(const LineEdit& edit) {
+    if (edit.patches.empty())
+        return;
+    const EditStep step(m_editor);
+    for (auto patch = edit.patches.rbegin(); patch != edit.patches.rend(); ++patch)
+        m_editor.Replace(patch->at, patch->at + patch->removed, patch->added);
+    m_editor.SendScintilla(QsciScintilla::SCI_SETSEL, static_cast<unsigned long>(edit.anchor),
+                           static_cast<long>(edit.caret));
+}
+
+// All of one line's text, or of several lines some.
+bool LineCommands::WholeLinesAreSelected() const {
+    const qsizetype from = m_editor.SelectionStart();
+    const qsizetype to = m_editor.SelectionEnd();
+    const qsizetype line = m_editor.LineOf(from);
+    return line != m_editor.LineOf(to) ||
+           (from < to && to == m_editor.LineEnd(line) &&
+            m_editor.Range(m_editor.LineStart(line), from).trimmed().isEmpty());
+}
+
+bool LineCommands::TakesTab(const QKeyEvent& key) {
+    const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;
+    const bool out = key.key() == Qt::Key_Backtab && held == Qt::ShiftModifier;
+    const bool in = key.key() == Qt::Key_Tab && held == Qt::NoModifier && WholeLinesAreSelected();
+    if (!in && !out)
+        return false;
+    const QByteArray unit = IndentUnitAt(m_editor, m_editor.LineOf(m_editor.Caret()));
+    Apply(in ? IndentLines(Selected(), unit) : UnindentLines(Selected(), Columns(m_editor, unit)));
+    return true;
+}
+
+bool LineCommands::eventFilter(QObject*, QEvent* event) {
+    return event->type() == QEvent::KeyPress && TakesTab(*static_cast<QKeyEvent*>(event));
+}
+
+} // namespace documents
