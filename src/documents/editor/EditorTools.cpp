@@ -7,6 +7,7 @@
 #include "documents/editor/view/MessageBar.h"
 #include "documents/editor/view/StatusLine.h"
 #include "documents/editor/view/Zoom.h"
+#include "documents/editor/write/LineCommands.h"
 
 #include <QVBoxLayout>
 #include <vector>
@@ -24,6 +25,7 @@ EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout
       m_zoom(new Zoom(editor, commands, this)) {
     for (QWidget* part : {static_cast<QWidget*>(m_message), static_cast<QWidget*>(m_status)})
         layout.addWidget(part);
+    new LineCommands(editor, commands);
     new Looks(editor, commands, this);
     connect(m_message, &MessageBar::Closed, &editor, qOverload<>(&QWidget::setFocus));
     JoinStatusLine();
