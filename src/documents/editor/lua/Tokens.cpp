@@ -38,6 +38,10 @@ bool IsInside(char byte) { // a UTF-8 character: not its first byte
 
 } // namespace
 
+std::span<const std::string_view> Keywords() {
+    return kKeywords;
+}
+
 bool IsKeyword(std::string_view word) {
     constexpr std::size_t kLongest = 8;
     return word.size() > 1 && word.size() <= kLongest &&

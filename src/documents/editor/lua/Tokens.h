@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -63,6 +64,7 @@ private:
 
 std::vector<Token> Tokenize(std::string_view text);
 
+std::span<const std::string_view> Keywords();
 bool IsKeyword(std::string_view word);
 
 } // namespace documents
