@@ -30,17 +30,19 @@ protected:
         text.remove(caret, 1);
         const qsizetype anchor = first < 0 ? caret : first > caret ? first - 1 : first;
         editor.Load(text);
+        if (!text.contains('\r'))
+            editor.NewLineEnd(core::LineEnd::Lf);
         editor.Select(anchor, caret);
         edits = 0;
     }
-    QByteArray Shown() const {
+    std::string Shown() const {
         QByteArray text = editor.Bytes();
         const qsizetype caret = editor.Caret();
         const qsizetype anchor = editor.SelectionStart() + editor.SelectionEnd() - caret;
         text.insert(std::max(caret, anchor), caret >= anchor ? '|' : '^');
         if (caret != anchor)
             text.insert(std::min(caret, anchor), caret > anchor ? '^' : '|');
-        return text;
+        return text.toStdString();
     }
     void Press(const char* keys) {
         for (const QString& key : QString::fromLatin1(keys).split(u' ')) {

@@ -7,7 +7,7 @@ namespace {
 class LineEditsTest : public EditorFixture {
 protected:
     // What a key makes of a text, in one step that can be taken back.
-    void Expect(const char* keys, const QByteArray& before, const QByteArray& after) {
+    void Expect(const char* keys, const QByteArray& before, const std::string& after) {
         Put(before);
         const QByteArray text = editor.Bytes();
         Press(keys);

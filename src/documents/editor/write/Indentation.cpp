@@ -74,6 +74,12 @@ string_view LineAt(string_view text, size_t position) {
     return text.substr(start, text.find_first_of("\r\n", position) - start);
 }
 
+// The last line of a text that ends in a line end.
+string_view LastLine(string_view text) {
+    text.remove_suffix(text.size() > 1 && text.substr(text.size() - 2) == "\r\n" ? 2 : 1);
+    return LineAt(text, text.size());
+}
+
 string_view LastFilledLine(string_view text) {
     const size_t last = text.find_last_not_of("\r\n");
     return last == string_view::npos ? string_view() : LineAt(text, last);
@@ -186,7 +192,7 @@ bool EndsInQuote(QByteArrayView text) {
 NewLine BeginLine(QByteArrayView lines, QByteArrayView line, const QByteArray& unit) {
     const string_view above = Chars(lines);
     const string_view rest = Chars(line);
-    const string_view cut = LineAt(above, above.size() - 1);
+    const string_view cut = LastLine(above);
     if (IsBlank(cut) && !IsBlank(rest)) // within the indent
         return {ToBytes(cut) + ToBytes(IndentOf(rest))};
     const string_view last = LastFilledLine(above);

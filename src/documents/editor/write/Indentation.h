@@ -6,8 +6,8 @@
 
 namespace documents {
 
-/// The step by which the lines are indented most often, a tab or some blanks; `fallback` if none
-/// is indented further than the one before it.
+/// The step by which the lines go further in most often, a tab or some blanks; `fallback` if none
+/// does.
 QByteArray IndentUnit(QByteArrayView lines, const QByteArray& fallback);
 
 /// How a line begins that was just cut from the one above it.
