@@ -209,7 +209,7 @@ void CodeMax::SetOption(int option, int value) {
     case kLineNumberOption:
         return m_editor->ShowLineNumbers(on);
     case kAutoIndentOption:
-        return m_editor->setAutoIndent(on);
+        return m_tools->AutoIndent(on);
     default:
         Refuse(QStringLiteral("la opción"), option);
     }

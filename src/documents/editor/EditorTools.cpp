@@ -7,6 +7,8 @@
 #include "documents/editor/view/MessageBar.h"
 #include "documents/editor/view/StatusLine.h"
 #include "documents/editor/view/Zoom.h"
+#include "documents/editor/write/BracketCloser.h"
+#include "documents/editor/write/Indenter.h"
 #include "documents/editor/write/LineCommands.h"
 
 #include <QVBoxLayout>
@@ -22,10 +24,12 @@ EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout
       m_commands(commands),
       m_message(new MessageBar(&control)),
       m_status(new StatusLine(editor, &control)),
-      m_zoom(new Zoom(editor, commands, this)) {
+      m_zoom(new Zoom(editor, commands, this)),
+      m_indenter(new Indenter(editor)) {
     for (QWidget* part : {static_cast<QWidget*>(m_message), static_cast<QWidget*>(m_status)})
         layout.addWidget(part);
     new LineCommands(editor, commands);
+    new BracketCloser(editor, commands);
     new Looks(editor, commands, this);
     connect(m_message, &MessageBar::Closed, &editor, qOverload<>(&QWidget::setFocus));
     JoinStatusLine();
@@ -66,6 +70,10 @@ void EditorTools::AddFileCommands() {
 void EditorTools::Encoding(TextEncoding encoding) {
     m_encoding = encoding;
     m_status->Encoding(encoding);
+}
+
+void EditorTools::AutoIndent(bool on) {
+    m_indenter->SetOn(on);
 }
 
 void EditorTools::Say(const QString& text) {

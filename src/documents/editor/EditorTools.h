@@ -12,6 +12,7 @@ class QWidget;
 namespace documents {
 
 class CommandSet;
+class Indenter;
 class MessageBar;
 class ScriptEditor;
 class StatusLine;
@@ -28,6 +29,8 @@ public:
 
     /// How the text will be saved.
     void Encoding(platform::TextEncoding encoding);
+    /// Whether lines are indented as they are typed.
+    void AutoIndent(bool on);
     /// Says it below the text.
     void Say(const QString& text);
 
@@ -44,6 +47,7 @@ private:
     MessageBar* m_message;
     StatusLine* m_status;
     Zoom* m_zoom;
+    Indenter* m_indenter;
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
 };
 
