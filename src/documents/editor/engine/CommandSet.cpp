@@ -44,6 +44,7 @@ QAction* CommandSet::AddTo(QMenu& menu, const Command& command) {
     QAction* action = menu.addAction(command.text);
     action->setShortcuts(command.keys);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setShortcutVisibleInContextMenu(true);
     connect(action, &QAction::triggered, this,
             [run = command.run] { platform::RunHandler([&] { run(); }); });
     if (command.isOn) {
