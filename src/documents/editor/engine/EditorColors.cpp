@@ -24,6 +24,8 @@ struct ColorRow {
     int dark;
 };
 
+constexpr int kCaretLinePercent = 4; // of the ink; a selection shows through it
+constexpr int kFoldPercent = 40;
 constexpr std::ptrdiff_t kResettingRows = 2; // they reset all other styles, so they come first
 constexpr std::array kColorRows = {
     ColorRow{kWindowItem, Part::Paper, 0, 0xFFFFFF, 0x261F1E},
@@ -71,18 +73,42 @@ void Paint(ScriptEditor& editor, const ColorRow& row, int bgr) {
     }
 }
 
+// A colour on the way from one to another, in hundredths.
+int Between(int from, int to, int percent) {
+    int color = 0;
+    for (const int shift : {0, 8, 16}) {
+        const int first = from >> shift & 0xFF;
+        color |= (first + ((to >> shift & 0xFF) - first) * percent / 100) << shift;
+    }
+    return color;
+}
+
+// What isn't an item: it takes after the paper and the ink.
+void PaintAround(ScriptEditor& editor, int paper, int ink) {
+    Send(editor, Engine::SCI_SETCARETLINEBACK, Between(paper, ink, kCaretLinePercent), 0);
+    Send(editor, Engine::SCI_SETCARETFORE, ink, 0);
+    Send(editor, Engine::SCI_SETFOLDMARGINCOLOUR, 1, paper);
+    Send(editor, Engine::SCI_SETFOLDMARGINHICOLOUR, 1, paper);
+    constexpr int kLast = Engine::SC_MARKNUM_FOLDEROPEN;
+    for (int marker = Engine::SC_MARKNUM_FOLDEREND; marker <= kLast; ++marker) {
+        Send(editor, Engine::SCI_MARKERSETFORE, marker, paper);
+        Send(editor, Engine::SCI_MARKERSETBACK, marker, Between(paper, ink, kFoldPercent));
+    }
+}
+
 } // namespace
 
 void EditorColors::Apply(ScriptEditor& editor) const {
-    const auto paint = [&](const ColorRow& row) {
+    const auto colorOf = [&](const ColorRow& row) {
         const int chosen = m_dark ? -1 : m_chosen.at(row.item);
-        Paint(editor, row, chosen >= 0 ? chosen : m_dark ? row.dark : row.light);
+        return chosen >= 0 ? chosen : m_dark ? row.dark : row.light;
     };
+    const auto paint = [&](const ColorRow& row) { Paint(editor, row, colorOf(row)); };
     const auto others = kColorRows.begin() + kResettingRows;
     std::for_each(kColorRows.begin(), others, paint);
     editor.SendScintilla(Engine::SCI_STYLECLEARALL);
     std::for_each(others, kColorRows.end(), paint);
-    editor.setCaretForegroundColor(m_dark ? Qt::white : Qt::black);
+    PaintAround(editor, colorOf(kColorRows[0]), colorOf(kColorRows[1]));
 }
 
 } // namespace documents

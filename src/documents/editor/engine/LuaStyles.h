@@ -8,13 +8,13 @@ enum LuaStyle {
     kCommentBlock = 1,
     kCommentLine = 2,
     kNumber = 4,
-    kKeyword = 5,
+    kScopeKeyword = 5, ///< the only words that fold
     kString = 6,
     kCharacter = 7,
     kLiteralString = 8,
     kOperator = 10,
     kUnclosedString = 12,
-    kScopeKeyword = 13,
+    kKeyword = 13,
     kTwin = 14, ///< unused by the lexer; looks like style 0
 };
 

@@ -24,6 +24,8 @@ namespace documents {
 namespace {
 
 constexpr int kLeftMarginPixels = 6;
+constexpr int kFoldMarginPixels = 14;
+constexpr int kAirPixels = 4; // between the margins and the text
 constexpr int kTabColumns = 4;
 // Above these sizes, in bytes, colours and bracket matching are too slow.
 constexpr qsizetype kLargeText = 8 << 20;
@@ -86,6 +88,10 @@ ScriptEditor::ScriptEditor(QWidget* parent) : QsciScintilla(parent) {
     setIndentationsUseTabs(false);
     setMarginWidth(kLeftMargin, 0);
     SendScintilla(SCI_SETMARGINTYPEN, kLeftMargin, SC_MARGIN_COLOUR);
+    setFolding(BoxedTreeFoldStyle, kFoldMargin);
+    setMarginWidth(kFoldMargin, 0);
+    SendScintilla(SCI_SETMARGINLEFT, 0UL, long{kAirPixels});
+    SendScintilla(SCI_SETCARETLINEVISIBLE, 1UL);
     SendScintilla(SCI_SETSCROLLWIDTH, 1);
     SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1);
     SendScintilla(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
@@ -332,9 +338,12 @@ void ScriptEditor::ColorLua(bool on) {
         return;
     // SCLEX_CONTAINER because SCLEX_NULL would overwrite the styles of SplitRuns.
     SendScintilla(SCI_SETLEXER, static_cast<unsigned long>(on ? SCLEX_LUA : SCLEX_CONTAINER));
-    SendScintilla(SCI_SETKEYWORDS, 0UL, kKeywords);
-    SendScintilla(SCI_SETKEYWORDS, 1UL, kScopeKeywords);
-    SendScintilla(SCI_CLEARDOCUMENTSTYLE);
+    SendScintilla(SCI_SETKEYWORDS, 0UL, kScopeKeywords);
+    SendScintilla(SCI_SETKEYWORDS, 1UL, kKeywords);
+    SendScintilla(SCI_SETPROPERTY, "fold", "1");
+    SendScintilla(SCI_SETPROPERTY, "fold.compact", "0"); // blank lines behind a block stay
+    setMarginWidth(kFoldMargin, on ? kFoldMarginPixels : 0);
+    SendScintilla(SCI_CLEARDOCUMENTSTYLE);    // unfolds too
     SendScintilla(SCI_STARTSTYLING, 0UL, 0L); // styles are set again as lines are shown
 }
 
