@@ -3,6 +3,7 @@
 
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/ScriptEditor.h"
+#include "documents/editor/view/Folding.h"
 #include "documents/editor/view/Looks.h"
 #include "documents/editor/view/MessageBar.h"
 #include "documents/editor/view/StatusLine.h"
@@ -30,6 +31,7 @@ EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout
         layout.addWidget(part);
     new LineCommands(editor, commands);
     new BracketCloser(editor, commands);
+    new Folding(editor, commands, this);
     new Looks(editor, commands, this);
     connect(m_message, &MessageBar::Closed, &editor, qOverload<>(&QWidget::setFocus));
     JoinStatusLine();
