@@ -40,7 +40,9 @@ std::string Taken(const Parameter& parameter) {
 std::string ReferenceChapter() {
     std::string text;
     for (const Library& library : Libraries()) {
-        text += (text.empty() ? "" : "\n") + Heading(library);
+        if (!text.empty())
+            text += "\n";
+        text += Heading(library);
         text += "| Llamada | Qué hace y un ejemplo |\n|---|---|\n";
         for (const Call* call : AllCalls())
             if (call->library == library.name)
