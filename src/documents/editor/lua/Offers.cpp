@@ -12,6 +12,8 @@ namespace {
 
 using Words = std::set<std::string_view>;
 
+constexpr std::size_t kMostOffers = 200;
+
 char Lower(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
@@ -43,11 +45,13 @@ Words CallsAt(const CallContext& context) {
     return words;
 }
 
-Words NamesOf(std::string_view script, std::size_t own) {
+// Those that begin so.
+Words NamesOf(std::string_view script, std::size_t own, std::string_view start) {
     Words words;
     Tokens tokens(script);
     while (const auto token = tokens.Next())
-        if (token->kind == TokenKind::Name && token->begin != own)
+        if (token->kind == TokenKind::Name && token->begin != own &&
+            Begins(token->In(script), start))
             words.insert(token->In(script));
     return words;
 }
@@ -60,14 +64,15 @@ std::vector<std::string> OffersAt(const CallContext& context, std::string_view s
     Words seen;
     const auto add = [&](const Words& words) {
         for (const std::string_view word : words)
-            if (Begins(word, context.word) && seen.insert(word).second)
+            if (Begins(word, context.word) && offers.size() < kMostOffers &&
+                seen.insert(word).second)
                 offers.emplace_back(word);
     };
     add(CallsAt(context));
     if (context.link == '\0')
         add({Keywords().begin(), Keywords().end()});
     if (context.kind == ValueKind::Any || context.kind == ValueKind::Table)
-        add(NamesOf(script, place - context.word.size()));
+        add(NamesOf(script, place - context.word.size(), context.word));
     return offers;
 }
 
