@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <string_view>
 #include <utility>
 #include <vector>
 

@@ -2,7 +2,7 @@
 #include "documents/editor/write/LineEdits.h"
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 namespace documents {
 namespace {

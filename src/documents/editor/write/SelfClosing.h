@@ -11,7 +11,7 @@ namespace documents {
 class SelfClosing {
 public:
     struct Place {
-        qsizetype line;
+        qsizetype line = 0;
         QByteArrayView before; ///< what the line has before the caret
         QByteArrayView after;
     };
