@@ -3,16 +3,22 @@
 
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/ScriptEditor.h"
+#include "documents/editor/find/FindBar.h"
+#include "documents/editor/find/GoToBar.h"
 #include "documents/editor/view/Folding.h"
 #include "documents/editor/view/Looks.h"
 #include "documents/editor/view/MessageBar.h"
 #include "documents/editor/view/StatusLine.h"
 #include "documents/editor/view/Zoom.h"
 #include "documents/editor/write/BracketCloser.h"
+#include "documents/editor/write/CallHover.h"
+#include "documents/editor/write/CallTips.h"
+#include "documents/editor/write/Completion.h"
 #include "documents/editor/write/Indenter.h"
 #include "documents/editor/write/LineCommands.h"
 
 #include <QVBoxLayout>
+#include <array>
 #include <vector>
 
 namespace documents {
@@ -25,20 +31,27 @@ EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout
       m_commands(commands),
       m_message(new MessageBar(&control)),
       m_status(new StatusLine(editor, &control)),
+      m_goTo(new GoToBar(editor, commands, &control)),
       m_zoom(new Zoom(editor, commands, this)),
       m_indenter(new Indenter(editor)) {
-    for (QWidget* part : {static_cast<QWidget*>(m_message), static_cast<QWidget*>(m_status)})
+    const std::array<QWidget*, 4> below = {new FindBar(editor, commands, &control), m_goTo,
+                                           m_message, m_status};
+    for (QWidget* part : below)
         layout.addWidget(part);
     new LineCommands(editor, commands);
     new BracketCloser(editor, commands);
     new Folding(editor, commands, this);
     new Looks(editor, commands, this);
+    new CallTips(editor, commands, this);
+    new CallHover(editor, this);
+    new Completion(editor, commands, this); // the last to watch the keys
     connect(m_message, &MessageBar::Closed, &editor, qOverload<>(&QWidget::setFocus));
     JoinStatusLine();
     AddFileCommands();
 }
 
 void EditorTools::JoinStatusLine() {
+    connect(m_status, &StatusLine::PlaceClicked, m_goTo, &GoToBar::Open);
     connect(m_status, &StatusLine::ZoomClicked, m_zoom, &Zoom::Reset);
     connect(m_status, &StatusLine::InsertClicked, this,
             [this] { m_editor.setOverwriteMode(!m_editor.overwriteMode()); });

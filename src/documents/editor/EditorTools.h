@@ -12,6 +12,7 @@ class QWidget;
 namespace documents {
 
 class CommandSet;
+class GoToBar;
 class Indenter;
 class MessageBar;
 class ScriptEditor;
@@ -46,6 +47,7 @@ private:
     CommandSet& m_commands;
     MessageBar* m_message;
     StatusLine* m_status;
+    GoToBar* m_goTo;
     Zoom* m_zoom;
     Indenter* m_indenter;
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
