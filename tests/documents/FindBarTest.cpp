@@ -109,6 +109,9 @@ TEST_F(FindBarTest, LooksWhileOneTypesFromWhereTheCaretWas) {
     EXPECT_EQ(State(), u"No se encuentra"_s);
     EXPECT_NE(fields[0]->palette().color(QPalette::Base), control.palette().color(QPalette::Base));
     EXPECT_TRUE(Marked().empty());
+    Press(Qt::Key_Home);
+    QTest::keyClicks(fields[0], u"ab"_s);
+    EXPECT_EQ(fields[0]->text(), u"absz"_s);
 }
 
 TEST_F(FindBarTest, GoesAroundBothEndsAndSaysSo) {

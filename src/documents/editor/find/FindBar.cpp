@@ -4,6 +4,7 @@
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/find/BarParts.h"
+#include "documents/editor/find/SearchSwitches.h"
 #include "platform/forms/Keys.h"
 
 #include <QAbstractButton>
@@ -53,12 +54,7 @@ FindBar::FindBar(ScriptEditor& editor, CommandSet& commands, QWidget* parent)
       m_finder(editor, this),
       m_what(MakeBarField(this, QStringLiteral("Buscar"))),
       m_replacement(MakeBarField(this, QStringLiteral("Reemplazar por"))),
-      m_case(MakeSwitch(QStringLiteral("Aa"), QStringLiteral("Distinguir mayúsculas"), Qt::Key_M)),
-      m_word(MakeSwitch(QStringLiteral("Palabra"), QStringLiteral("Solo palabras enteras"),
-                        Qt::Key_P)),
-      m_pattern(MakeSwitch(QStringLiteral("Patrón"),
-                           QStringLiteral("Patrón de Lua, como %d+ (distingue mayúsculas)"),
-                           Qt::Key_R)),
+      m_switches(new SearchSwitches(this)),
       m_state(new QLabel(this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kBarMargin, kBarMargin, kBarMargin, kBarMargin);
@@ -71,6 +67,7 @@ FindBar::FindBar(ScriptEditor& editor, CommandSet& commands, QWidget* parent)
     m_what->installEventFilter(this);
     m_replacement->installEventFilter(this);
     connect(m_what, &QLineEdit::textEdited, this, &FindBar::Look);
+    connect(m_switches, &SearchSwitches::Pressed, this, &FindBar::Look);
     connect(&m_finder, &Finder::Renewed, this, [this] { ShowState(); });
     AddCommands(commands);
     hide();
@@ -91,18 +88,11 @@ void FindBar::AddCommands(CommandSet& commands) {
                               [this] { FindSelected(Back); }});
 }
 
-QAbstractButton* FindBar::MakeSwitch(const QString& text, const QString& tip, Qt::Key letter) {
-    QAbstractButton* button = MakeBarSwitch(this, text, tip, letter);
-    connect(button, &QAbstractButton::clicked, this, &FindBar::Look);
-    return button;
-}
-
 QWidget* FindBar::MakeFindRow() {
     auto* row = new QWidget(this);
     QHBoxLayout* layout = MakeBarRow(row);
     layout->addWidget(m_what, 1);
-    for (QAbstractButton* one : {m_case, m_word, m_pattern})
-        layout->addWidget(one);
+    layout->addWidget(m_switches);
     const auto add = [&](const QString& text, const QString& tip, void (FindBar::*clicked)()) {
         QAbstractButton* button = MakeBarButton(this, text, tip);
         connect(button, &QAbstractButton::clicked, this, clicked);
@@ -156,17 +146,11 @@ void FindBar::Close() {
     hide();
 }
 
-SearchFor FindBar::Asked() const {
-    return {m_what->text(), m_case->isChecked(), m_word->isChecked(), m_pattern->isChecked()};
-}
-
 // Shows the bar with the hits marked and none chosen.
 void FindBar::Ask(const SearchFor& wanted) {
-    m_what->setText(wanted.what);
-    m_case->setChecked(wanted.caseSensitive);
-    m_word->setChecked(wanted.wholeWord);
-    m_pattern->setChecked(wanted.luaPattern);
-    m_case->setEnabled(!wanted.luaPattern);
+    if (m_what->text() != wanted.what) // which is being typed, perhaps in its midst
+        m_what->setText(wanted.what);
+    m_switches->Show(wanted);
     m_start = m_editor.SelectionStart();
     Last().wanted = wanted;
     show();
@@ -175,7 +159,7 @@ void FindBar::Ask(const SearchFor& wanted) {
 
 // From where the caret was when the typing began, so that deleting goes back there.
 void FindBar::Look() {
-    const SearchFor wanted = Asked();
+    const SearchFor wanted = m_switches->For(m_what->text());
     const qsizetype start = m_start;
     Ask(wanted);
     m_start = start;

@@ -5,13 +5,13 @@
 
 #include <QWidget>
 
-class QAbstractButton;
 class QLabel;
 class QLineEdit;
 
 namespace documents {
 
 class CommandSet;
+class SearchSwitches;
 
 /// The bar under the text that finds and replaces; hidden until it is wanted. What is looked for is
 /// kept while the program runs, for the bars of all documents.
@@ -35,7 +35,6 @@ private:
     void AddCommands(CommandSet& commands);
     QWidget* MakeFindRow();
     QWidget* MakeReplaceRow();
-    QAbstractButton* MakeSwitch(const QString& text, const QString& tip, Qt::Key letter);
     void Open(bool replace);
     void FindSelected(Finder::Direction direction);
     void Next() { Step(Finder::Direction::On); }
@@ -43,7 +42,6 @@ private:
     void Step(Finder::Direction direction);
     void Replace();
     void ReplaceAll();
-    SearchFor Asked() const;
     void Ask(const SearchFor& wanted);
     void Look();
     QString CountInWords() const;
@@ -54,9 +52,7 @@ private:
     qsizetype m_start = 0; // where the caret was when the typing began
     QLineEdit* m_what;
     QLineEdit* m_replacement;
-    QAbstractButton* m_case;
-    QAbstractButton* m_word;
-    QAbstractButton* m_pattern;
+    SearchSwitches* m_switches;
     QWidget* m_replaceRow;
     QLabel* m_state;
 };

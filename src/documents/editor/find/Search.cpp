@@ -98,7 +98,7 @@ QString Search::Expression() {
     return m_fault.isEmpty() ? kPatternFrame.arg(edge + pattern.Expression() + edge) : QString();
 }
 
-bool Search::Visit(QByteArrayView utf8, const Visitor& visitor) const {
+bool Search::Visit(QByteArrayView utf8, const Visitor& visitor, const std::stop_token& stop) const {
     if (m_wanted.what.isEmpty() || !m_fault.isEmpty())
         return true;
     QElapsedTimer clock;
@@ -107,7 +107,7 @@ bool Search::Visit(QByteArrayView utf8, const Visitor& visitor) const {
     for (qsizetype start = 0; start < utf8.size();) {
         const qsizetype end = EndOfLine(utf8, start + piece);
         if (!VisitPiece(m_expression, utf8.sliced(start, end - start), start, visitor) ||
-            (m_wanted.luaPattern && clock.hasExpired(kLongestWork)))
+            stop.stop_requested() || (m_wanted.luaPattern && clock.hasExpired(kLongestWork)))
             return false;
         start = end;
     }

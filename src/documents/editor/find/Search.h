@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QString>
 #include <functional>
+#include <stop_token>
 #include <vector>
 
 namespace documents {
@@ -39,9 +40,9 @@ public:
     int Captures() const { return m_captures; }
 
     using Visitor = std::function<void(Hit, const QRegularExpressionMatch&)>;
-    /// Tells of each hit from the first to the last. False if the pattern asks for too much work;
-    /// it has told of a part of the hits then.
-    bool Visit(QByteArrayView utf8, const Visitor& visitor) const;
+    /// Tells of each hit from the first to the last. False if it was stopped or if the pattern asks
+    /// for too much work; it has told of a part of the hits then.
+    bool Visit(QByteArrayView utf8, const Visitor& visitor, const std::stop_token& stop = {}) const;
 
     struct Result {
         std::vector<Hit> hits;

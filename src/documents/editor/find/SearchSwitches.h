@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "documents/editor/find/Search.h"
+
+#include <QWidget>
+
+class QAbstractButton;
+
+namespace documents {
+
+/// The three switches beside a field that say how to look for what stands in it.
+class SearchSwitches : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Alt+M, Alt+P and Alt+R press them while the focus is in the bar.
+    explicit SearchSwitches(QWidget* bar);
+
+    /// A search for the text as they stand.
+    SearchFor For(const QString& what) const;
+    /// Sets them as the search has them; tells nothing.
+    void Show(const SearchFor& wanted);
+
+Q_SIGNALS:
+    /// The user has pressed one.
+    void Pressed();
+
+private:
+    QAbstractButton* m_case;
+    QAbstractButton* m_word;
+    QAbstractButton* m_pattern;
+};
+
+} // namespace documents
