@@ -74,17 +74,27 @@ TEST_F(LineEditsTest, LinesMoveBetweenTheirLineEnds) {
 }
 
 TEST_F(LineEditsTest, MarksStayWithTheirLines) {
-    const auto marked = [&] {
-        return editor.SendScintilla(QsciScintilla::SCI_MARKERNEXT, 0UL, 1L);
+    const auto marked = [&](unsigned long from) {
+        return editor.SendScintilla(QsciScintilla::SCI_MARKERNEXT, from, 1L);
     };
     Put("a\n^b\nc\nd|\n");
     editor.SendScintilla(QsciScintilla::SCI_MARKERADD, 2UL, 0L);
+    for (const auto& [key, line] : {std::pair("Ctrl+K", 2), {"Alt+Up", 1}, {"Alt+Down", 2}}) {
+        Press(key);
+        EXPECT_EQ(marked(0), line) << key;
+    }
+    // Many lines change at once.
+    const QByteArray text = QByteArray("  x\n\n").repeated(2000);
+    Put("^" + text + "|");
+    for (const unsigned long line : {7UL, 3999UL})
+        editor.SendScintilla(QsciScintilla::SCI_MARKERADD, line, 0L);
     Press("Ctrl+K");
-    EXPECT_EQ(marked(), 2);
-    Press("Alt+Up");
-    EXPECT_EQ(marked(), 1);
-    Press("Alt+Down");
-    EXPECT_EQ(marked(), 2);
+    EXPECT_EQ(editor.Bytes(), QByteArray("  -- x\n\n").repeated(2000));
+    EXPECT_EQ(edits, 1);
+    EXPECT_EQ(marked(0), 7);
+    EXPECT_EQ(marked(8), 3999);
+    Press("Ctrl+K");
+    EXPECT_EQ(editor.Bytes(), text);
 }
 
 TEST_F(LineEditsTest, TabMovesLinesByTheStepOfTheText) {

@@ -10,12 +10,60 @@
 
 #include <QKeyEvent>
 #include <array>
+#include <vector>
 
 namespace documents {
 namespace {
 
+constexpr size_t kManyPatches = 32;
+
 QByteArray LineEndOf(const ScriptEditor& editor) {
     return QByteArray::fromStdString(core::WithLineEnds("\n", editor.NewLineEnd()));
+}
+
+struct LineMarks {
+    qsizetype line;
+    long markers; // a bit for each
+};
+
+// Those of the lines from `first` to `last` that aren't the engine's own for folding.
+std::vector<LineMarks> MarksOf(const ScriptEditor& editor, qsizetype first, qsizetype last) {
+    constexpr auto kMask = static_cast<long>(~QsciScintilla::SC_MASK_FOLDERS & 0xFFFFFFFFU);
+    std::vector<LineMarks> marks;
+    for (qsizetype line = first; line >= 0 && line <= last; ++line) {
+        line = editor.SendScintilla(QsciScintilla::SCI_MARKERNEXT, static_cast<unsigned long>(line),
+                                    kMask);
+        if (line < 0 || line > last)
+            break;
+        marks.push_back({line, editor.SendScintilla(QsciScintilla::SCI_MARKERGET,
+                                                    static_cast<unsigned long>(line)) &
+                                   kMask});
+    }
+    return marks;
+}
+
+void ApplyEach(ScriptEditor& editor, const std::vector<Patch>& patches) {
+    for (auto patch = patches.rbegin(); patch != patches.rend(); ++patch)
+        editor.Replace(patch->at, patch->at + patch->removed, patch->added);
+}
+
+// As one change, since each is told and that takes its time. The marks of the lines, which come
+// together then, go back to where they were.
+void ApplyAtOnce(ScriptEditor& editor, const std::vector<Patch>& patches) {
+    const qsizetype from = patches.front().at;
+    const qsizetype first = editor.LineOf(from);
+    qsizetype done = from;
+    QByteArray bytes;
+    for (const Patch& patch : patches) {
+        bytes += editor.Range(done, patch.at) + patch.added;
+        done = patch.at + patch.removed;
+    }
+    const std::vector<LineMarks> marks = MarksOf(editor, first, editor.LineOf(done));
+    editor.Replace(from, done, bytes);
+    editor.SendScintilla(QsciScintilla::SCI_MARKERDELETE, static_cast<unsigned long>(first), -1L);
+    for (const LineMarks& mark : marks)
+        editor.SendScintilla(QsciScintilla::SCI_MARKERADDSET, static_cast<unsigned long>(mark.line),
+                             mark.markers);
 }
 
 } // namespace
@@ -67,8 +115,10 @@ void LineCommands::Apply(const LineEdit& edit) {
     if (edit.patches.empty())
         return;
     const EditStep step(m_editor);
-    for (auto patch = edit.patches.rbegin(); patch != edit.patches.rend(); ++patch)
-        m_editor.Replace(patch->at, patch->at + patch->removed, patch->added);
+    if (edit.patches.size() > kManyPatches)
+        ApplyAtOnce(m_editor, edit.patches);
+    else
+        ApplyEach(m_editor, edit.patches);
     m_editor.SendScintilla(QsciScintilla::SCI_SETSEL, static_cast<unsigned long>(edit.anchor),
                            static_cast<long>(edit.caret));
 }
