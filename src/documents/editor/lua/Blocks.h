@@ -39,13 +39,13 @@ private:
     enum Family { kEnd, kUntil, kRound, kSquare, kCurly, kFamilies };
     struct Part {
         Span span;
-        std::size_t other;
+        std::size_t other = 0;
     };
     struct Open {
-        std::size_t part;
-        Family family;
+        std::size_t part = 0;
+        Family family = kEnd;
         std::string_view word;
-        bool awaitsDo;
+        bool awaitsDo = false;
     };
 
     void Take(std::string_view word, Span span);
