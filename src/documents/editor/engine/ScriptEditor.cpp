@@ -244,6 +244,7 @@ void ScriptEditor::Load(const QByteArray& utf8) {
     SendScintilla(SCI_SETMODEVENTMASK, static_cast<unsigned long>(events));
     FitLineNumbers();
     NewLineEnd(core::MainLineEnd(Chars(utf8)));
+    Q_EMIT Loaded();
 }
 
 void ScriptEditor::ReplaceAll(const QByteArray& utf8) {

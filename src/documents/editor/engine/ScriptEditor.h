@@ -79,6 +79,8 @@ public:
 Q_SIGNALS:
     /// After each change of the text, or after all changes of an EditStep; not after Load.
     void Edited();
+    /// After Load.
+    void Loaded();
     /// The context menu is wanted at this place of the screen.
     void MenuWanted(const QPoint& place);
 
