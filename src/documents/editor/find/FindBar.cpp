@@ -4,6 +4,7 @@
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/find/BarParts.h"
+#include "documents/editor/find/Search.h"
 #include "documents/editor/find/SearchSwitches.h"
 #include "platform/forms/Keys.h"
 
@@ -64,6 +65,7 @@ FindBar::FindBar(ScriptEditor& editor, CommandSet& commands, QWidget* parent)
     layout->addWidget(m_state);
     m_state->setWordWrap(true);
     setFocusProxy(m_what);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_what->installEventFilter(this);
     m_replacement->installEventFilter(this);
     connect(m_what, &QLineEdit::textEdited, this, &FindBar::Look);
@@ -207,9 +209,11 @@ void FindBar::Replace() {
 void FindBar::ReplaceAll() {
     Last().replacement = m_replacement->text();
     const Finder::Outcome outcome = m_finder.ReplaceAll(m_replacement->text());
-    const QString changes = outcome.count == 1 ? QStringLiteral("1 cambio")
-                                               : QStringLiteral("%1 cambios").arg(outcome.count);
-    ShowState(outcome.fault.isEmpty() ? changes : outcome.fault);
+    if (!outcome.fault.isEmpty() || outcome.count == 0)
+        return ShowState(outcome.fault);
+    m_state->setText(outcome.count == 1 ? QStringLiteral("1 cambio")
+                                        : QStringLiteral("%1 cambios").arg(outcome.count));
+    ShowAsVain(*m_what, false); // what is no longer there has been found
 }
 
 QString FindBar::CountInWords() const {

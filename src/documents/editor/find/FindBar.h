@@ -2,6 +2,7 @@
 #pragma once
 
 #include "documents/editor/find/Finder.h"
+#include "documents/editor/find/Search.h"
 
 #include <QWidget>
 

@@ -7,6 +7,7 @@
 #include "documents/editor/find/Replacement.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace documents {
 namespace {
@@ -35,7 +36,7 @@ Finder::Finder(ScriptEditor& editor, QObject* parent)
     m_stale.setInterval(kMoment);
     connect(&m_stale, &QTimer::timeout, this, &Finder::Renew);
     connect(&editor, &ScriptEditor::Edited, this, [this] {
-        if (!Wanted().what.isEmpty())
+        if (!Wanted().what.isEmpty() && m_fault.isEmpty()) // it might be too much work again
             m_stale.start();
     });
     connect(&editor, &QsciScintilla::SCN_UPDATEUI, this, [this](int what) {

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QTimer>
 #include <optional>
+#include <vector>
 
 namespace documents {
 

@@ -13,6 +13,7 @@
 #include <fcntl.h>
 #include <functional>
 #include <optional>
+#include <stop_token>
 #include <utility>
 
 namespace documents {

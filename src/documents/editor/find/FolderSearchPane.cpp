@@ -4,6 +4,7 @@
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/find/BarParts.h"
+#include "documents/editor/find/Search.h"
 #include "documents/editor/find/SearchSwitches.h"
 #include "platform/base/Failure.h"
 #include "platform/text/NativeNames.h"
@@ -16,6 +17,7 @@
 #include <QLineEdit>
 #include <QTreeWidget>
 #include <utility>
+#include <vector>
 
 namespace documents {
 namespace {
@@ -40,6 +42,7 @@ FolderSearchPane::FolderSearchPane(ScriptEditor& editor, CommandSet& commands, F
       m_folder(std::move(folder)),
       m_what(MakeBarField(this, QStringLiteral("Buscar en la carpeta del script"))),
       m_switches(new SearchSwitches(this)),
+      m_start(MakeBarButton(this, QStringLiteral("Buscar"), QStringLiteral("Empezar o detener"))),
       m_list(new QTreeWidget(this)),
       m_state(new QLabel(this)) {
     auto* layout = new QVBoxLayout(this);
@@ -51,6 +54,7 @@ FolderSearchPane::FolderSearchPane(ScriptEditor& editor, CommandSet& commands, F
     MakeList();
     m_state->setWordWrap(true);
     setFocusProxy(m_what);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(m_what, &QLineEdit::returnPressed, this, &FolderSearchPane::Start);
     connect(m_start, &QAbstractButton::clicked, this, &FolderSearchPane::StartOrStop);
     connect(&m_search, &FolderSearch::Found, this, &FolderSearchPane::Add);
@@ -64,8 +68,6 @@ FolderSearchPane::FolderSearchPane(ScriptEditor& editor, CommandSet& commands, F
 QWidget* FolderSearchPane::MakeRow() {
     auto* row = new QWidget(this);
     QHBoxLayout* layout = MakeBarRow(row);
-    m_start =
-        MakeBarButton(this, QStringLiteral("Buscar"), QStringLiteral("Empezar o detener (Intro)"));
     QAbstractButton* close =
         MakeBarButton(this, QStringLiteral("✕"), QStringLiteral("Cerrar (Esc)"));
     connect(close, &QAbstractButton::clicked, this, &FolderSearchPane::Close);

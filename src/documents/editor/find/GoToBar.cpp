@@ -28,6 +28,7 @@ GoToBar::GoToBar(ScriptEditor& editor, CommandSet& commands, QWidget* parent)
     layout->addWidget(m_fault, 1);
     m_place->setMaximumWidth(kFieldWidth);
     setFocusProxy(m_place);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(m_place, &QLineEdit::returnPressed, this, &GoToBar::Go);
     connect(m_place, &QLineEdit::textEdited, m_fault, &QLabel::clear);
     commands.Add(Menu::Go, {QStringLiteral("&Línea"), {Qt::CTRL | Qt::Key_G}, [this] { Open(); }});

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <optional>
+#include <vector>
 
 namespace documents {
 
