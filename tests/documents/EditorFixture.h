@@ -15,6 +15,7 @@ class EditorFixture : public testing::Test {
 protected:
     EditorFixture() {
         QObject::connect(&editor, &documents::ScriptEditor::Edited, &window, [this] { ++edits; });
+        editor.SetFontName(QStringLiteral("Courier New")); // columns are one below the other
         window.resize(400, 300);
         editor.resize(window.size());
         window.show();

@@ -59,6 +59,9 @@ TEST_F(SelfClosingTest, WritesOverItsOwnClosersOnly) {
     Expect("|", "(a)", "(a)|");
     EXPECT_EQ(typed.size(), 3); // as without it
     EXPECT_EQ(edits, 2);
+    Expect("abcde\n|", "f()", "abcde\nf()|");
+    Press("Up");
+    EXPECT_EQ(Shown(), "abc|de\nf()"); // where the caret is seen
 }
 
 TEST_F(SelfClosingTest, BackspaceTakesAnEmptyPair) {

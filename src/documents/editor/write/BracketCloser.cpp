@@ -66,7 +66,7 @@ bool BracketCloser::TakesBackspace(const SelfClosing::Place& place) {
 bool BracketCloser::TakesTyped(char typed, const SelfClosing::Place& place, QKeyEvent& key) {
     const qsizetype caret = m_editor.Caret();
     if (m_closing.SkipsOver(typed, place)) {
-        m_editor.SendScintilla(QsciScintilla::SCI_GOTOPOS, static_cast<unsigned long>(caret + 1));
+        PlaceCaret(m_editor, caret + 1, caret + 1);
         Q_EMIT m_editor.SCN_CHARADDED(typed); // who follows the typing sees no difference
         return true;
     }
@@ -94,9 +94,7 @@ bool BracketCloser::Surround(char opener) {
     const EditStep step(m_editor);
     m_editor.Replace(to, to, QByteArrayView(&closer, 1));
     m_editor.Replace(from, from, QByteArrayView(&opener, 1));
-    m_editor.SendScintilla(QsciScintilla::SCI_SETSEL,
-                           static_cast<unsigned long>(from + to - caret + 1),
-                           static_cast<long>(caret + 1));
+    PlaceCaret(m_editor, from + to - caret + 1, caret + 1);
     return true;
 }
 

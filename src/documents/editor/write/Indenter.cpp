@@ -77,7 +77,7 @@ bool Indenter::SetIndent(qsizetype line, const QByteArray& indent) {
     const qsizetype behind = m_editor.Caret() - start - length;
     m_editor.Replace(start, start + length, indent);
     const qsizetype caret = start + indent.size() + std::max<qsizetype>(0, behind);
-    m_editor.SendScintilla(QsciScintilla::SCI_SETEMPTYSELECTION, static_cast<unsigned long>(caret));
+    PlaceCaret(m_editor, caret, caret);
     return true;
 }
 
@@ -94,7 +94,7 @@ void Indenter::BeginLine(qsizetype line) {
     if (begun.closer)
         m_editor.Replace(caret, caret,
                          m_editor.Range(m_editor.LineEnd(line - 1), start) + *begun.closer);
-    m_editor.SendScintilla(QsciScintilla::SCI_GOTOPOS, static_cast<unsigned long>(caret));
+    PlaceCaret(m_editor, caret, caret);
 }
 
 void Indenter::StepBack(qsizetype line) {

@@ -119,8 +119,7 @@ void LineCommands::Apply(const LineEdit& edit) {
         ApplyAtOnce(m_editor, edit.patches);
     else
         ApplyEach(m_editor, edit.patches);
-    m_editor.SendScintilla(QsciScintilla::SCI_SETSEL, static_cast<unsigned long>(edit.anchor),
-                           static_cast<long>(edit.caret));
+    PlaceCaret(m_editor, edit.anchor, edit.caret);
 }
 
 // All of one line's text, or of several lines some.

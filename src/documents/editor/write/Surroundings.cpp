@@ -34,4 +34,10 @@ int Columns(const ScriptEditor& editor, const QByteArray& unit) {
     return unit.startsWith('\t') ? editor.tabWidth() : static_cast<int>(unit.size());
 }
 
+void PlaceCaret(ScriptEditor& editor, qsizetype anchor, qsizetype caret) {
+    editor.SendScintilla(QsciScintilla::SCI_SETSEL, static_cast<unsigned long>(anchor),
+                         static_cast<long>(caret));
+    editor.SendScintilla(QsciScintilla::SCI_CHOOSECARETX);
+}
+
 } // namespace documents

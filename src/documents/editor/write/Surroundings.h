@@ -14,4 +14,7 @@ QByteArray LinesAbove(const ScriptEditor& editor, qsizetype line);
 QByteArray IndentUnitAt(const ScriptEditor& editor, qsizetype line);
 int Columns(const ScriptEditor& editor, const QByteArray& unit);
 
+/// Selects, in view; the arrow keys go up and down in the caret's new column.
+void PlaceCaret(ScriptEditor& editor, qsizetype anchor, qsizetype caret);
+
 } // namespace documents
