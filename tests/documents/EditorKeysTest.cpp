@@ -14,8 +14,12 @@ namespace {
 
 QString Spanish(const QKeySequence& key) {
     QString text = key.toString(QKeySequence::PortableText);
-    for (const auto& [english, spanish] :
-         {std::pair("Shift", u"Mayús"), {"Up", u"↑"}, {"Down", u"↓"}, {"Space", u"Espacio"}})
+    for (const auto& [english, spanish] : {std::pair("Shift", u"Mayús"),
+                                           {"PgUp", u"RePág"},
+                                           {"PgDown", u"AvPág"},
+                                           {"Up", u"↑"},
+                                           {"Down", u"↓"},
+                                           {"Space", u"Espacio"}})
         text.replace(QLatin1StringView(english), QString::fromUtf16(spanish));
     return text;
 }

@@ -53,7 +53,13 @@ CodeMax::CodeMax(QWidget* parent)
         Q_EMIT Change(this);
     });
     AddEditCommands();
-    m_tools = std::make_unique<EditorTools>(*m_editor, *m_commands, *layout, *this);
+    m_tools = std::make_unique<EditorTools>(*m_editor, *m_commands, *layout, *this, [this] {
+        return m_path.left(m_path.lastIndexOf(QLatin1Char('\\')) + 1);
+    });
+    connect(m_tools.get(), &EditorTools::LineWanted, this,
+            [this](const QString& path, qsizetype line) {
+                Q_EMIT LineWanted(path, static_cast<int>(line) + 1);
+            });
     connect(m_tools.get(), &EditorTools::EncodingChosen, this, &CodeMax::ChooseEncoding);
 }
 

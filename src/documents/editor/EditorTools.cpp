@@ -4,8 +4,13 @@
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/find/FindBar.h"
+#include "documents/editor/find/FolderSearchPane.h"
 #include "documents/editor/find/GoToBar.h"
+#include "documents/editor/view/BlockPairs.h"
+#include "documents/editor/view/Bookmarks.h"
+#include "documents/editor/view/CheckMarks.h"
 #include "documents/editor/view/Folding.h"
+#include "documents/editor/view/FunctionList.h"
 #include "documents/editor/view/Looks.h"
 #include "documents/editor/view/MessageBar.h"
 #include "documents/editor/view/StatusLine.h"
@@ -26,7 +31,7 @@ namespace documents {
 using platform::TextEncoding;
 
 EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout& layout,
-                         QWidget& control)
+                         QWidget& control, const std::function<QString()>& folder)
     : m_editor(editor),
       m_commands(commands),
       m_message(new MessageBar(&control)),
@@ -34,20 +39,36 @@ EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout
       m_goTo(new GoToBar(editor, commands, &control)),
       m_zoom(new Zoom(editor, commands, this)),
       m_indenter(new Indenter(editor)) {
-    const std::array<QWidget*, 4> below = {new FindBar(editor, commands, &control), m_goTo,
+    auto* search = new FolderSearchPane(editor, commands, folder, &control);
+    const std::array<QWidget*, 5> below = {new FindBar(editor, commands, &control), m_goTo, search,
                                            m_message, m_status};
     for (QWidget* part : below)
         layout.addWidget(part);
-    new LineCommands(editor, commands);
-    new BracketCloser(editor, commands);
-    new Folding(editor, commands, this);
-    new Looks(editor, commands, this);
-    new CallTips(editor, commands, this);
-    new CallHover(editor, this);
-    new Completion(editor, commands, this); // the last to watch the keys
+    connect(search, &FolderSearchPane::OpenAt, this, &EditorTools::LineWanted);
     connect(m_message, &MessageBar::Closed, &editor, qOverload<>(&QWidget::setFocus));
+    AddToView(control);
+    AddToWriting();
     JoinStatusLine();
     AddFileCommands();
+}
+
+void EditorTools::AddToView(QWidget& control) {
+    new Folding(m_editor, m_commands, this);
+    new BlockPairs(m_editor, m_commands, this);
+    new FunctionList(m_editor, m_commands, &control);
+    new Bookmarks(m_editor, m_commands, this);
+    new Looks(m_editor, m_commands, this);
+    auto* check = new CheckMarks(m_editor, m_commands, this);
+    connect(check, &CheckMarks::FaultChanged, m_status, &StatusLine::Fault);
+    connect(m_status, &StatusLine::FaultClicked, check, &CheckMarks::GoToFault);
+}
+
+void EditorTools::AddToWriting() {
+    new LineCommands(m_editor, m_commands);
+    new BracketCloser(m_editor, m_commands);
+    new CallTips(m_editor, m_commands, this);
+    new CallHover(m_editor, this);
+    new Completion(m_editor, m_commands, this); // the last to watch the keys
 }
 
 void EditorTools::JoinStatusLine() {

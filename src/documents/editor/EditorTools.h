@@ -5,6 +5,8 @@
 #include "platform/text/TextEncoding.h"
 
 #include <QObject>
+#include <QString>
+#include <functional>
 
 class QVBoxLayout;
 class QWidget;
@@ -25,8 +27,10 @@ class EditorTools : public QObject {
     Q_OBJECT
 
 public:
-    /// The parts that are seen go to the end of the layout of `control`.
-    EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout& layout, QWidget& control);
+    /// The parts that are seen go to the end of the layout of `control`. `folder` answers the
+    /// program path of the script's folder; empty for a script without one.
+    EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout& layout, QWidget& control,
+                const std::function<QString()>& folder);
 
     /// How the text will be saved.
     void Encoding(platform::TextEncoding encoding);
@@ -38,8 +42,12 @@ public:
 Q_SIGNALS:
     /// The user wants the text saved so.
     void EncodingChosen(platform::TextEncoding encoding);
+    /// The user wants to see a line, from 0, of the file with that program path.
+    void LineWanted(const QString& path, qsizetype line);
 
 private:
+    void AddToView(QWidget& control);
+    void AddToWriting();
     void JoinStatusLine();
     void AddFileCommands();
 
