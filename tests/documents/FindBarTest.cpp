@@ -166,6 +166,13 @@ TEST_F(FindBarTest, HitsFollowTheEdits) {
     editor.Replace(0, 4, "");
     EXPECT_TRUE(QTest::qWaitFor([&] { return State() == u"1 de 1"_s; }));
     EXPECT_EQ(Marked(), (std::vector<qsizetype>{0}));
+    editor.Load("an x"); // tells of no edit
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Selection(), Range(3, 4));
+    OpenToReplace(u"x"_s, u"y"_s);
+    editor.Load("x");
+    Click(u"Reemplazar todo"_s);
+    EXPECT_EQ(editor.Bytes(), "y");
 }
 
 TEST_F(FindBarTest, ReplacesOneAfterTheOther) {

@@ -59,12 +59,13 @@ void Finder::Renew() {
     Search::Result result = m_search.In(m_editor.View());
     m_hits = std::move(result.hits);
     m_fault = result.fault;
+    m_length = m_editor.Length();
     MarkVisible();
     Q_EMIT Renewed();
 }
 
 void Finder::RenewIfStale() {
-    if (m_stale.isActive())
+    if (m_stale.isActive() || m_editor.Length() != m_length) // a loaded text tells of no edit
         Renew();
 }
 
@@ -138,7 +139,7 @@ Finder::Outcome Finder::ReplaceSelected(const QString& text) {
 }
 
 Finder::Outcome Finder::ReplaceAll(const QString& text) {
-    RenewIfStale();
+    Renew();
     const Replacement replacement(m_search, text);
     if (m_hits.empty() || !replacement.Fault().isEmpty())
         return {0, replacement.Fault()};

@@ -63,7 +63,8 @@ private:
     Search m_search;
     std::vector<Hit> m_hits;
     QString m_fault;
-    QTimer m_stale; // runs while the text is newer than the hits
+    qsizetype m_length = 0; // of the text with those hits
+    QTimer m_stale;         // runs while the text is newer than the hits
 };
 
 } // namespace documents
