@@ -52,13 +52,13 @@ std::string ReferenceChapter() {
 }
 
 std::string ReferenceEntry(const Call& call) {
-    std::string text = "### " + Code(SignatureOf(call).text) + "\n\n";
-    text.append(call.sentence) += "\n\n";
+    std::string text = "### " + Code(SignatureOf(call).text) + "\n\n" + std::string(call.sentence);
+    if (const std::string_view kind = NameOf(call.result); !kind.empty())
+        text.append(" Da: ").append(kind) += '.';
+    text.append("\n\n    ").append(call.example) += "\n\n";
     for (const Parameter& parameter : call.Parameters())
         text += Taken(parameter);
-    if (const std::string_view kind = NameOf(call.result); !kind.empty())
-        text.append("\nDa: ").append(kind) += "\n";
-    return text + "\nEjemplo:\n\n    " + std::string(call.example) + "\n";
+    return text;
 }
 
 } // namespace documents
