@@ -11,6 +11,7 @@
 #include "documents/editor/view/CheckMarks.h"
 #include "documents/editor/view/Folding.h"
 #include "documents/editor/view/FunctionList.h"
+#include "documents/editor/view/HelpPane.h"
 #include "documents/editor/view/Looks.h"
 #include "documents/editor/view/MessageBar.h"
 #include "documents/editor/view/StatusLine.h"
@@ -40,8 +41,9 @@ EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout
       m_zoom(new Zoom(editor, commands, this)),
       m_indenter(new Indenter(editor)) {
     auto* search = new FolderSearchPane(editor, commands, folder, &control);
-    const std::array<QWidget*, 5> below = {new FindBar(editor, commands, &control), m_goTo, search,
-                                           m_message, m_status};
+    auto* find = new FindBar(editor, commands, &control);
+    auto* help = new HelpPane(editor, commands, &control);
+    const std::array<QWidget*, 6> below = {help, find, m_goTo, search, m_message, m_status};
     for (QWidget* part : below)
         layout.addWidget(part);
     connect(search, &FolderSearchPane::OpenAt, this, &EditorTools::LineWanted);
