@@ -15,6 +15,7 @@ namespace documents {
 namespace {
 
 constexpr std::chrono::milliseconds kDelay(400);
+constexpr QPoint kNear(40, 20); // the mouse may move so far without hiding what is told
 
 bool IsTooLarge(const ScriptEditor& editor) {
     return static_cast<std::size_t>(editor.Length()) > kLargestChecked;
@@ -126,7 +127,7 @@ void CheckMarks::TellAt(const QPoint& place) {
     const QString text = m_fault ? Sentences(*m_fault).join(u'\n').toHtmlEscaped() : noFault;
     QToolTip::showText(m_editor.viewport()->mapToGlobal(place),
                        QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text),
-                       m_editor.viewport());
+                       m_editor.viewport(), QRect(place - kNear, place + kNear));
 }
 
 bool CheckMarks::eventFilter(QObject* watched, QEvent* event) {
