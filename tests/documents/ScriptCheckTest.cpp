@@ -48,6 +48,10 @@ TEST(ScriptCheckTest, EachFaultIsToldWhereItShows) {
         {"if a then\n b()\n-- c\n", "2/1 [)] Falta 'end' para cerrar el 'if' de la línea 1; "},
         {"if a then\nelse if b then\nend",
          "3/1 [end] Falta 'end' para cerrar el 'if' de la línea 1; Si «else if»"},
+        {"function f(a)\n\tif a then\n\t\tx({\n1})\n\n\ty()\nend\n",
+         "7/1 [end] Falta 'end' para cerrar el 'function' de la línea 1; Por cómo están metidas "
+         "las "
+         "líneas, puede que sea el del 'if' de la línea 2"},
         {"do\nreturn 1\nx() end",
          "3/1 [x] Falta 'end' para cerrar el 'do' de la línea 1; Detrás de return"},
         {"do return", "1/0 [return] Falta 'end' después de 'return'; "},
@@ -79,6 +83,10 @@ TEST(ScriptCheckTest, EachFaultIsToldWhereItShows) {
         {"f(1 '" + std::string(22, 'y') + "ñ')",
          "1/0 ['yyyyyyyyyyyyyyyyyyyyyyñ'] Falta ')' antes de ''yyyyyyyyyyyyyyyyyyyyyy…'; "},
     };
+    // Where the indentation tells nothing else, neither does the hint.
+    for (const char* script : {"if a then\n  b()\nc()\n", "if a then\nif b then\nx()\nend",
+                               "if a then\n  if b then\n  x()\n  end\n"})
+        EXPECT_TRUE(Tell(script).ends_with("de la línea 1; ")) << Tell(script);
     for (const Row& row : rows)
         EXPECT_EQ(Tell(row.script).rfind(row.told, 0), 0U) << row.told << "\n" << Tell(row.script);
 }

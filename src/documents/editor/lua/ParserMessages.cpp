@@ -127,7 +127,6 @@ constexpr std::array kHints = {
     HintRow{"'then' expected", "*", "Se escribe if condición then"},
     HintRow{"'do' expected", "*", "Se escribe while condición do, o for i = 1, 10 do"},
     HintRow{"'until' expected*", "*", "Un repeat acaba en until y una condición"},
-    HintRow{"'end' expected*", kEndOfScript, ""},
     HintRow{"')' expected*", "*",
             "Mira si falta cerrar un paréntesis, o una coma entre dos valores"},
     HintRow{"'}' expected*", "*", "Los valores de una tabla se separan con comas"},
@@ -209,18 +208,26 @@ std::string Filled(std::string_view message, const ParserMessage& said, const Pi
     return filled;
 }
 
-std::string_view HintFor(const ParserMessage& said, std::string_view standard) {
-    if (said.hasElseIf && said.text.starts_with("'end' expected (to close"))
-        return kElseIf;
+// Why an "end" lacks, if it can be told.
+std::string HintForEnd(const ParserMessage& said, std::size_t openerLine) {
+    if (said.hasElseIf)
+        return std::string(kElseIf);
+    if (said.unclosed.line == 0 || said.unclosed.line == openerLine)
+        return "";
+    return "Por cómo están metidas las líneas, puede que sea el del '" +
+           std::string(said.unclosed.word) + "' de la línea " + std::to_string(said.unclosed.line);
+}
+
+std::string HintFor(const ParserMessage& said, std::string_view standard) {
     const auto* const row = std::find_if(kHints.begin(), kHints.end(), [&](const HintRow& one) {
         return Fits(said.text, one.text) && Fits(said.token, one.token);
     });
     if (row != kHints.end())
-        return row->hint;
+        return std::string(row->hint);
     if (!IsPlain(said.token.front()))
-        return kPlainNames;
+        return std::string(kPlainNames);
     const bool wantsName = said.text.find("<name>") != std::string_view::npos;
-    return wantsName && IsKeyword(said.token) ? kReserved : standard;
+    return std::string(wantsName && IsKeyword(said.token) ? kReserved : standard);
 }
 
 std::size_t Number(std::string_view digits) {
@@ -237,8 +244,10 @@ Wording Translate(const ParserMessage& said) {
     const MessageRow* const row = Find(lacksValue ? kNoValue : said.text, pieces);
     if (!row)
         return {std::string(said.text), "", 0};
-    return {Filled(row->message, said, pieces), std::string(HintFor(said, row->hint)),
-            row->line == 0 ? 0 : Number(pieces.at(row->line - 1))};
+    const std::size_t line = row->line == 0 ? 0 : Number(pieces.at(row->line - 1));
+    const bool lacksEnd = said.token == kEndOfScript && said.text.starts_with("'end' expected");
+    return {Filled(row->message, said, pieces),
+            lacksEnd ? HintForEnd(said, line) : HintFor(said, row->hint), line};
 }
 
 FaultPlace PlaceOf(std::string_view text) {

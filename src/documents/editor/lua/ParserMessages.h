@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "documents/editor/lua/UnclosedBlock.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -27,6 +29,7 @@ struct ParserMessage {
     std::string_view previous = {}; ///< the token before; empty if there is none
     bool isBehind = false;          ///< whether the fault shows at the token before
     bool hasElseIf = false;         ///< whether the script has an "else if" of two words
+    BlockOpener unclosed = {};      ///< the block that its indentation says to be open, or none
 };
 
 /// The same in Spanish, in UTF-8, without full stops.

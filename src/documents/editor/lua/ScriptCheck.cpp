@@ -5,6 +5,7 @@
 #include "documents/editor/lua/ParserMessages.h"
 #include "documents/editor/lua/ScriptParser.h"
 #include "documents/editor/lua/Tokens.h"
+#include "documents/editor/lua/UnclosedBlock.h"
 
 #include <algorithm>
 #include <array>
@@ -110,13 +111,12 @@ bool IsBehind(std::string_view text, const Stop& stop, std::string_view complain
 }
 
 Fault Describe(std::string_view text, const Stop& stop, const std::string& complaint) {
-    ParserMessage said{complaint,
-                       kEndOfScript,
-                       {},
-                       IsBehind(text, stop, complaint),
-                       stop.hasElseIf && !stop.token};
+    ParserMessage said{
+        complaint, kEndOfScript, {}, IsBehind(text, stop, complaint), stop.hasElseIf};
     if (stop.token)
         said.token = stop.token->In(text);
+    else
+        said.unclosed = UnclosedBlock(text).value_or(BlockOpener());
     if (stop.previous)
         said.previous = stop.previous->In(text);
     Wording wording = Translate(said);
