@@ -3,6 +3,7 @@
 #include "documents/EditorFixture.h"
 #include "documents/editor/engine/Layers.h"
 
+#include <QHelpEvent>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +39,11 @@ protected:
             all += editor.Range(at, std::min(at + 1, editor.Length())).toStdString();
         }
         return all;
+    }
+    void Hover(int x) { // in the third line
+        const QPoint place(x, editor.textHeight(0) * 2 + 5);
+        QHelpEvent event(QEvent::ToolTip, place, editor.viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(editor.viewport(), &event);
     }
     void Type(const char* text) { QTest::keyClicks(&editor, QString::fromUtf8(text)); }
 
@@ -117,6 +123,12 @@ TEST_F(CheckMarksTest, TheMouseIsToldTheFaultAndAClickBesideTheLineGoesThere) {
     QTest::mouseClick(editor.viewport(), Qt::LeftButton, {},
                       QPoint(3, editor.textHeight(0) * 2 + 5));
     EXPECT_EQ(Shown(), "x()\n\ny = |= 2\n");
+    EXPECT_TRUE(QToolTip::text().contains(u"'=' no puede ir aquí."_s));
+    QToolTip::hideText();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+    Hover(editor.marginWidth(0) + 150);
+    EXPECT_FALSE(QToolTip::isVisible());
+    Hover(static_cast<int>(editor.SendScintilla(QsciScintilla::SCI_POINTXFROMPOSITION, 0, 9)) + 6);
     EXPECT_TRUE(QToolTip::text().contains(u"'=' no puede ir aquí."_s));
     QTest::mouseClick(editor.viewport(), Qt::LeftButton, {}, QPoint(3, 5));
     EXPECT_EQ(Shown().substr(0, 6), "^x()\n|");

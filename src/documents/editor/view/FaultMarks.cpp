@@ -87,10 +87,12 @@ qsizetype FaultMarks::LineAbove() const {
     return above < 0 ? Search(Engine::SCI_MARKERPREVIOUS, m_editor.lines() - 1) : above;
 }
 
+// A character beside it will do: often it is a single one.
 bool FaultMarks::IsAt(const QPoint& place) const {
     const qsizetype position =
-        Send(m_editor, Engine::SCI_POSITIONFROMPOINTCLOSE, place.x(), place.y());
-    return position >= 0 && IsUnderlined(position);
+        Send(m_editor, Engine::SCI_CHARPOSITIONFROMPOINTCLOSE, place.x(), place.y());
+    return position >= 0 && (IsUnderlined(position) || IsUnderlined(position + 1) ||
+                             (position > 0 && IsUnderlined(position - 1)));
 }
 
 bool FaultMarks::IsBeside(const QPoint& place) const {
