@@ -54,6 +54,7 @@ TEST(ScriptCheckTest, EachFaultIsToldWhereItShows) {
          "líneas, puede que sea el del 'if' de la línea 2"},
         {"do\nreturn 1\nx() end",
          "3/1 [x] Falta 'end' para cerrar el 'do' de la línea 1; Detrás de return"},
+        {"while a do else end", "1/0 [else] Falta 'end' antes de 'else'; Solo un if"},
         {"do return", "1/0 [return] Falta 'end' después de 'return'; "},
         {"print('a'\nprint('b')", "1/0 ['a'] Falta ')' para cerrar el '(' de la línea 1; Mira"},
         {"end", "1/0 [end] Sobra 'end'; No hay"},

@@ -130,6 +130,8 @@ constexpr std::array kHints = {
     HintRow{"')' expected*", "*",
             "Mira si falta cerrar un paréntesis, o una coma entre dos valores"},
     HintRow{"'}' expected*", "*", "Los valores de una tabla se separan con comas"},
+    HintRow{"'end' expected*", "else*", "Solo un if lleva else"},
+    HintRow{"'end' expected*", "until", "Solo un repeat lleva until"},
     HintRow{"'end' expected*", "*",
             "Detrás de return o break no puede venir nada más en el mismo bloque"},
 };
