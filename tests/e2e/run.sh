@@ -5,7 +5,6 @@
 set -uo pipefail
 . "$(dirname "$0")/window.sh"
 
-content() { cmp -s <(printf "$2") "$1"; } # FILE, the bytes as printf writes them
 is_default() { [ "$(xdg-mime query default "$1")" = "$2" ]; } # MIME type, desktop entry
 begins() { printf "$2" | cmp -s -n "$(printf "$2" | wc -c)" - "$1"; }
 back() { press "$@" && wait_for "main window again" main_window; } # KEY..., which close a dialog

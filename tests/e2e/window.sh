@@ -28,6 +28,7 @@ wait_for() { # WHAT COMMAND...
     done
     fail "$what"
 }
+content() { cmp -s <(printf -- "$2") "$1"; } # FILE, the bytes as printf writes them
 ended() { ! kill -0 "$pid" 2>/dev/null; }
 on_top() { xdotool getactivewindow getwindowname | grep -q "$1"; }
 nothing_on_top() { ! on_top .; }

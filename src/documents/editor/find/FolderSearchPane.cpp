@@ -184,6 +184,8 @@ void FolderSearchPane::Choose(const QTreeWidgetItem& row) {
 void FolderSearchPane::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         Close();
+    else if (event->key() == Qt::Key_Down) // from the field
+        m_list->setFocus();
     else
         QWidget::keyPressEvent(event);
 }
