@@ -73,6 +73,17 @@ TEST_F(LineEditsTest, LinesMoveBetweenTheirLineEnds) {
         Expect(down, text, text);
 }
 
+TEST_F(LineEditsTest, ACrAndAnLfOfTwoLinesDontBecomeOneLineEnd) {
+    Expect("Ctrl+Shift+K", "a\rb|\r\n\nc", "a\r|\r\nc");
+    Expect("Ctrl+Shift+K", "a\rb|\n", "a\r|"); // nothing below
+    Expect("Alt+Up", "x\ra\n|\ny", "x\r|\r\na\ny");
+    Expect("Alt+Up", "|\r", "|\r");
+    Expect("Alt+Up", "a\r^b\n\n|y", "^b\r\r\n|a\ny");
+    Expect("Alt+Up", "\rb|\ny", "b|\r\r\ny");
+    Expect("Alt+Down", "x\ra|\n\ny", "x\r\r\na|\ny");
+    Expect("Alt+Down", "|\rb\ny", "b\r|\r\ny");
+}
+
 TEST_F(LineEditsTest, MarksStayWithTheirLines) {
     const auto marked = [&](unsigned long from) {
         return editor.SendScintilla(QsciScintilla::SCI_MARKERNEXT, from, 1L);

@@ -9,6 +9,7 @@
 #include "documents/editor/write/Surroundings.h"
 
 #include <QKeyEvent>
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -106,9 +107,14 @@ SelectedLines LineCommands::Selected() const {
         return m_editor.Range(start(begin), start(end));
     };
     const qsizetype caret = m_editor.Caret();
-    return {m_editor.LineStart(first), first > 0 ? lines(first - 1, first) : QByteArray(),
-            lines(first, behind),      lines(behind, behind + 1),
-            from + to - caret,         caret};
+    const qsizetype above = m_editor.LineStart(std::max<qsizetype>(0, first - 1));
+    return {m_editor.LineStart(first),
+            first > 0 ? lines(first - 1, first) : QByteArray(),
+            lines(first, behind),
+            lines(behind, behind + 1),
+            from + to - caret,
+            caret,
+            above > 0 && m_editor.Range(above - 1, above) == "\r"};
 }
 
 void LineCommands::Apply(const LineEdit& edit) {

@@ -127,6 +127,20 @@ void ShiftLineEnds(const Lines& lines, const std::vector<QByteArrayView>& ends,
     }
 }
 
+// Whether the two line ends would be one.
+bool Meet(bool followsCr, const Line& line, QByteArrayView end) {
+    return followsCr && line.text.isEmpty() && end == "\n";
+}
+
+// `ends` are those of the lines in their new places.
+void KeepApart(const Lines& lines, bool followsCr, std::vector<QByteArrayView>& ends) {
+    for (size_t i = 0; i < lines.size(); ++i) {
+        if (Meet(followsCr, lines[i], ends[i]))
+            ends[i] = "\r\n";
+        followsCr = ends[i] == "\r";
+    }
+}
+
 } // namespace
 
 LineEdit ToggleComment(const SelectedLines& selected) {
@@ -178,10 +192,13 @@ LineEdit MoveUp(const SelectedLines& selected) {
     std::vector<QByteArrayView> ends = {above.end};
     for (const Line& line : lines)
         ends.push_back(line.end);
+    KeepApart(lines, selected.aboveFollowsCr, ends);
     const QByteArrayView newEnd = ends[lines.size() - 1];
     std::vector<Patch> patches = {{above.start, above.Size(), {}}};
     ShiftLineEnds(lines, ends, patches);
     patches.push_back({lines.back().TextEnd(), 0, newEnd.toByteArray().append(above.text)});
+    if (Meet(newEnd == "\r", above, lines.back().end))
+        patches.back().added += '\r';
     return MovedLines(std::move(patches), selected, lines.back(), newEnd);
 }
 
@@ -191,15 +208,22 @@ LineEdit MoveDown(const SelectedLines& selected) {
         return {};
     const Lines lines = Split(selected.lines, selected.start);
     const Line below = Split(selected.below, selected.start + selected.lines.size()).front();
+    Lines moved = {below};
+    moved.insert(moved.end(), lines.begin(), lines.end());
     std::vector<QByteArrayView> ends;
-    for (auto line = lines.begin() + 1; line != lines.end(); ++line)
-        ends.push_back(line->end);
+    for (const Line& line : lines)
+        ends.push_back(line.end);
+    ends.push_back(below.end);
+    KeepApart(moved, selected.above.endsWith('\r'), ends);
+    const QByteArrayView firstEnd = ends.front();
+    ends.erase(ends.begin());
     const Line& last = lines.back();
     std::vector<Patch> patches = {
-        {selected.start, 0, below.text.toByteArray().append(lines.front().end), true}};
+        {selected.start, 0, below.text.toByteArray().append(firstEnd), true}};
     ShiftLineEnds(lines, ends, patches);
-    patches.push_back({last.TextEnd(), last.end.size() + below.text.size(), {}});
-    return MovedLines(std::move(patches), selected, last, below.end);
+    const qsizetype removed = last.end.size() + below.text.size();
+    patches.push_back({last.TextEnd(), removed, ends.back() == below.end ? "" : "\r"});
+    return MovedLines(std::move(patches), selected, last, ends.back());
 }
 
 LineEdit DeleteLines(const SelectedLines& selected) {
@@ -215,6 +239,8 @@ LineEdit DeleteLines(const SelectedLines& selected) {
     }
     if (patch.removed == 0)
         return {};
+    if (selected.above.endsWith('\r') && selected.below == "\n")
+        patch.added = "\r";
     return {{patch}, caret, caret};
 }
 

@@ -15,6 +15,7 @@ struct SelectedLines {
     QByteArray below;
     qsizetype anchor = 0;
     qsizetype caret = 0;
+    bool aboveFollowsCr = false; ///< the line before `above` ends in a CR only
 };
 
 /// Puts `added` in the place of as many bytes as `removed` says.
@@ -29,7 +30,8 @@ struct Patch {
 /// patches: there is nothing to do.
 ///
 /// Line ends stay at their places: a file that ends in one goes on to do so, and no lines are
-/// joined. What isn't changed isn't touched either, so that marks of lines stay with them.
+/// joined. An LF that would come behind a CR becomes a CR LF. What isn't changed isn't touched
+/// either, so that marks of lines stay with them.
 struct LineEdit {
     std::vector<Patch> patches;
     qsizetype anchor = 0;
