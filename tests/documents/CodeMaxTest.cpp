@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/CodeMax.h"
 #include "documents/editor/engine/CodeMaxConstants.h"
+#include "documents/editor/find/FindBar.h"
+#include "documents/editor/view/HelpPane.h"
 #include "platform/base/Failure.h"
 #include "platform/forms/Form.h"
 #include "support/Colors.h"
@@ -271,4 +273,23 @@ TEST_F(CodeMaxTest, PrintsEveryLineWithHeadAndPageNumber) {
     EXPECT_THROW(print(u"/no/hay/x.pdf"_s), Failure);
     control.Text(QString());
     print(pdf); // nothing to print is no failure
+}
+
+TEST_F(CodeMaxTest, EscapeInTheTextClosesWhatIsOpenBelowItOneByOne) {
+    window.activateWindow(); // keys of commands go to the active window
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto* find = control.findChild<FindBar*>();
+    auto* help = control.findChild<HelpPane*>();
+    QTest::keyClick(Engine(), Qt::Key_F1, Qt::ShiftModifier);
+    control.SetFocus();
+    QTest::keyClick(Engine(), Qt::Key_F, Qt::ControlModifier);
+    control.SetFocus();
+    QTest::keyClicks(Engine(), u"pri"_s); // a list opens
+    const auto open = [&] { return std::pair(find->isVisible(), help->isVisible()); };
+    for (const auto& left : {std::pair(true, true), {false, true}, {false, false}}) {
+        QTest::keyClick(Engine(), Qt::Key_Escape);
+        EXPECT_EQ(open(), left);
+        EXPECT_EQ(window.focusWidget(), Engine());
+    }
+    EXPECT_EQ(control.Text(), u"pri"_s);
 }

@@ -23,13 +23,25 @@
 #include "documents/editor/write/Indenter.h"
 #include "documents/editor/write/LineCommands.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 #include <vector>
 
 namespace documents {
 
 using platform::TextEncoding;
+
+namespace {
+
+bool HasListOrTip(const ScriptEditor& editor) {
+    return editor.SendScintilla(QsciScintilla::SCI_AUTOCACTIVE) != 0 ||
+           editor.SendScintilla(QsciScintilla::SCI_CALLTIPACTIVE) != 0;
+}
+
+} // namespace
 
 EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout& layout,
                          QWidget& control, const std::function<QString()>& folder)
@@ -46,6 +58,8 @@ EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout
     const std::array<QWidget*, 6> below = {help, find, m_goTo, search, m_message, m_status};
     for (QWidget* part : below)
         layout.addWidget(part);
+    m_closable = {m_message, find, m_goTo, search, help};
+    editor.installEventFilter(this);
     connect(search, &FolderSearchPane::OpenAt, this, &EditorTools::LineWanted);
     connect(m_message, &MessageBar::Closed, &editor, qOverload<>(&QWidget::setFocus));
     AddToView(control);
@@ -103,6 +117,15 @@ void EditorTools::AddFileCommands() {
                             [this, end] { return m_editor.NewLineEnd() == end; }});
         return ends;
     });
+}
+
+bool EditorTools::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || HasListOrTip(m_editor) ||
+        static_cast<QKeyEvent*>(event)->keyCombination() != QKeyCombination(Qt::Key_Escape))
+        return QObject::eventFilter(watched, event);
+    const auto open = std::find_if(m_closable.begin(), m_closable.end(),
+                                   [](const QWidget* part) { return part->isVisible(); });
+    return open != m_closable.end() && QCoreApplication::sendEvent(*open, event);
 }
 
 void EditorTools::Encoding(TextEncoding encoding) {

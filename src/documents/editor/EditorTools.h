@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <array>
 #include <functional>
 
 class QVBoxLayout;
@@ -39,6 +40,9 @@ public:
     /// Says it below the text.
     void Say(const QString& text);
 
+    /// Escape in the text closes what is open below it, one part after the other.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     /// The user wants the text saved so.
     void EncodingChosen(platform::TextEncoding encoding);
@@ -58,6 +62,7 @@ private:
     GoToBar* m_goTo;
     Zoom* m_zoom;
     Indenter* m_indenter;
+    std::array<QWidget*, 5> m_closable{}; // in the order in which Escape closes them
     platform::TextEncoding m_encoding = platform::TextEncoding::CodePage;
 };
 
