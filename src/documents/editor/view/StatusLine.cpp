@@ -20,13 +20,13 @@ constexpr int kMargin = 4;
 struct FieldRow {
     const char16_t* name; // for a screen reader
     const char16_t* tip;
-    void (StatusLine::*clicked)(); // null: it opens a menu
+    void (StatusLine::*clicked)(); // null: it opens a menu, or only tells
 };
 
 constexpr std::array kRows = {
     FieldRow{u"Línea y columna", u"Ir a una línea (Ctrl+G)", &StatusLine::PlaceClicked},
-    FieldRow{u"Letras seleccionadas", u"Letras seleccionadas", &StatusLine::SelectionClicked},
-    FieldRow{u"Cambios", u"Hay cambios sin guardar", &StatusLine::ModifiedClicked},
+    FieldRow{u"Letras seleccionadas", u"", nullptr},
+    FieldRow{u"Cambios", u"", nullptr},
     FieldRow{u"Codificación", u"Codificación con la que se guardará", nullptr},
     FieldRow{u"Fines de línea", u"Fines de línea de lo que se escriba", nullptr},
     FieldRow{u"Insertar o sobrescribir", u"INS: lo escrito se inserta; SOB: sobrescribe (Insert)",
@@ -71,6 +71,8 @@ StatusLine::StatusLine(ScriptEditor& editor, QWidget* parent) : QWidget(parent),
         AddField(field);
     layout->addStretch();
     MakeMenus();
+    for (const Field told : {kSelection, kModified})
+        m_fields.at(told)->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_timer.setSingleShot(true);
     m_timer.setInterval(kDelay);
     connect(&m_timer, &QTimer::timeout, this, &StatusLine::Refresh);

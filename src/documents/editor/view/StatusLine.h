@@ -17,7 +17,7 @@ namespace documents {
 class ScriptEditor;
 
 /// The line at the foot of the editor: where the caret is, how the text will be saved and what is
-/// wrong with it. Each field can be clicked. It follows the editor a moment later, so that no key
+/// wrong with it. Most fields can be clicked. It follows the editor a moment later, so that no key
 /// waits for it.
 class StatusLine : public QWidget {
     Q_OBJECT
@@ -34,8 +34,6 @@ public:
 
 Q_SIGNALS:
     void PlaceClicked();
-    void SelectionClicked();
-    void ModifiedClicked();
     void InsertClicked();
     void ZoomClicked();
     void FaultClicked();
