@@ -97,10 +97,12 @@ void Completion::Deleted() {
 
 // By itself only for so many letters of a word, or after a link that says what follows.
 void Completion::Offer(size_t leastLetters, bool asked) {
+    if (!asked && IsBeforeName()) // in the midst of a name only if it's asked for
+        return Close();
     const CallContext context = ContextAt(m_editor, m_editor.Caret());
     const bool due = asked || IsLinked(context) || context.word.size() >= leastLetters;
     const std::vector<std::string> offers =
-        context.isCode && due ? OffersFor(context, asked) : std::vector<std::string>();
+        context.isCode && due ? OffersFor(context) : std::vector<std::string>();
     const bool whole = std::find(offers.begin(), offers.end(), context.word) != offers.end();
     m_chosen = false;
     if (offers.empty() || (whole && !asked))
@@ -109,17 +111,19 @@ void Completion::Offer(size_t leastLetters, bool asked) {
         m_editor.SendScintilla(Engine::SCI_AUTOCSHOW, context.word.size(), Joined(offers).c_str());
 }
 
-// In the midst of a name only if it's asked for.
-std::vector<std::string> Completion::OffersFor(const CallContext& context, bool asked) const {
+std::vector<std::string> Completion::OffersFor(const CallContext& context) const {
     const qsizetype caret = m_editor.Caret();
     const qsizetype from = std::max<qsizetype>(caret - kNamesAround, 0);
     const QByteArray around =
         m_editor.Range(from, std::min(caret + kNamesAround, m_editor.Length()));
-    const std::string_view script{around.constData(), static_cast<size_t>(around.size())};
-    const auto place = static_cast<size_t>(caret - from);
-    if (!asked && NameAtStart(script.substr(place)) > 0)
-        return {};
-    return OffersAt(context, script, place);
+    return OffersAt(context, {around.constData(), static_cast<size_t>(around.size())},
+                    static_cast<size_t>(caret - from));
+}
+
+bool Completion::IsBeforeName() const {
+    const qsizetype caret = m_editor.Caret();
+    const QByteArray next = m_editor.Range(caret, std::min(caret + 1, m_editor.Length()));
+    return NameAtStart({next.constData(), static_cast<size_t>(next.size())}) > 0;
 }
 
 bool Completion::eventFilter(QObject* watched, QEvent* event) {

@@ -29,7 +29,8 @@ private:
     void Typed(int character);
     void Deleted();
     void Offer(size_t leastLetters, bool asked);
-    std::vector<std::string> OffersFor(const CallContext& context, bool asked) const;
+    std::vector<std::string> OffersFor(const CallContext& context) const;
+    bool IsBeforeName() const;
     bool TakesKey(const QKeyEvent& key);
     bool IsOpen() const;
     void Close();
