@@ -59,6 +59,18 @@ protected:
 
 } // namespace
 
+TEST_F(CompletionTest, ComesOnlyWhereThereIsAScreen) {
+    control.move(0, 10000);
+    QTest::qWait(20);
+    Type("sc");
+    EXPECT_FALSE(Listed());
+    control.move(0, 0);
+    Put(QByteArray("x\n").repeated(5000) + "sc");
+    editor.SendScintilla(QsciScintilla::SCI_SETFIRSTVISIBLELINE, 0UL); // as by the wheel
+    Press(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(Chosen(), "screen");
+}
+
 TEST_F(CompletionTest, ComesByItselfWhereItHelpsAndClosesOnAWholeWord) {
     Type("s");
     EXPECT_FALSE(Listed());

@@ -7,6 +7,7 @@
 #include "documents/editor/write/ContextAt.h"
 #include "documents/editor/write/Suggestions.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <algorithm>
 #include <array>
@@ -49,9 +50,12 @@ Completion::Completion(ScriptEditor& editor, CommandSet& commands, QObject* pare
     editor.installEventFilter(this);
     connect(&editor, &Engine::SCN_CHARADDED, this, &Completion::Typed);
     connect(&editor, &Engine::SCN_AUTOCCHARDELETED, this, &Completion::Deleted);
-    commands.Add(Menu::Help, {QStringLiteral("&Completar la palabra"),
-                              {QKeySequence(Qt::CTRL | Qt::Key_Space)},
-                              [this] { Offer(0, true); }});
+    commands.Add(
+        Menu::Help,
+        {QStringLiteral("&Completar la palabra"), {QKeySequence(Qt::CTRL | Qt::Key_Space)}, [this] {
+             m_editor.ensureCursorVisible();
+             Offer(0, true);
+         }});
     commands.Add(Menu::Help, {QStringLiteral("&Sugerencias al escribir"),
                               {},
                               [] { SuggestionsOn(!SuggestionsOn()); },
@@ -105,10 +109,19 @@ void Completion::Offer(size_t leastLetters, bool asked) {
         context.isCode && due ? OffersFor(context) : std::vector<std::string>();
     const bool whole = std::find(offers.begin(), offers.end(), context.word) != offers.end();
     m_chosen = false;
-    if (offers.empty() || (whole && !asked))
+    if (offers.empty() || (whole && !asked) || !IsOnScreen(context.word.size()))
         Close();
     else
         m_editor.SendScintilla(Engine::SCI_AUTOCSHOW, context.word.size(), Joined(offers).c_str());
+}
+
+// The engine ends the program if the list would begin outside of all screens.
+bool Completion::IsOnScreen(size_t letters) const {
+    const long start = m_editor.Caret() - static_cast<long>(letters);
+    const QPoint place(
+        static_cast<int>(m_editor.SendScintilla(Engine::SCI_POINTXFROMPOSITION, 0UL, start)),
+        static_cast<int>(m_editor.SendScintilla(Engine::SCI_POINTYFROMPOSITION, 0UL, start)));
+    return QGuiApplication::screenAt(m_editor.viewport()->mapToGlobal(place)) != nullptr;
 }
 
 std::vector<std::string> Completion::OffersFor(const CallContext& context) const {

@@ -32,6 +32,7 @@ private:
     std::vector<std::string> OffersFor(const CallContext& context) const;
     bool IsBeforeName() const;
     bool TakesKey(const QKeyEvent& key);
+    bool IsOnScreen(size_t letters) const;
     bool IsOpen() const;
     void Close();
 
