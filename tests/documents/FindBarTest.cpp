@@ -169,6 +169,9 @@ TEST_F(FindBarTest, HitsFollowTheEdits) {
     editor.Load("an x"); // tells of no edit
     Press(Qt::Key_Return);
     EXPECT_EQ(Selection(), Range(3, 4));
+    editor.Load("x an"); // of the same length
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Selection(), Range(0, 1));
     OpenToReplace(u"x"_s, u"y"_s);
     editor.Load("x");
     Click(u"Reemplazar todo"_s);

@@ -39,6 +39,10 @@ Finder::Finder(ScriptEditor& editor, QObject* parent)
         if (!Wanted().what.isEmpty() && m_fault.isEmpty()) // it might be too much work again
             m_stale.start();
     });
+    connect(&editor, &ScriptEditor::Loaded, this, [this] {
+        if (!Wanted().what.isEmpty())
+            m_stale.start();
+    });
     connect(&editor, &QsciScintilla::SCN_UPDATEUI, this, [this](int what) {
         if ((what & QsciScintilla::SC_UPDATE_V_SCROLL) != 0 && !m_stale.isActive())
             MarkVisible();
@@ -59,13 +63,12 @@ void Finder::Renew() {
     Search::Result result = m_search.In(m_editor.View());
     m_hits = std::move(result.hits);
     m_fault = result.fault;
-    m_length = m_editor.Length();
     MarkVisible();
     Q_EMIT Renewed();
 }
 
 void Finder::RenewIfStale() {
-    if (m_stale.isActive() || m_editor.Length() != m_length) // a loaded text tells of no edit
+    if (m_stale.isActive())
         Renew();
 }
 

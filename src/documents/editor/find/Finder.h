@@ -63,8 +63,7 @@ private:
     Search m_search;
     std::vector<Hit> m_hits;
     QString m_fault;
-    qsizetype m_length = 0; // of the text with those hits
-    QTimer m_stale;         // runs while the text is newer than the hits
+    QTimer m_stale; // runs while the text is newer than the hits
 };
 
 } // namespace documents
