@@ -148,7 +148,8 @@ bool FunctionList::TakesKey(int key) {
 }
 
 bool FunctionList::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_editor.viewport() && event->type() == QEvent::Resize && isVisible())
+    // The viewport's last events come when the editor is gone.
+    if (event->type() == QEvent::Resize && watched == m_editor.viewport() && isVisible())
         Place();
     if (watched != m_part)
         return QFrame::eventFilter(watched, event);
