@@ -101,6 +101,7 @@ void EditorTools::AddFileCommands() {
     m_commands.AddSeparator(Menu::Edit);
     m_commands.AddSubmenu(Menu::Edit, QStringLiteral("Codificación al guardar"), [this] {
         std::vector<Command> encodings;
+        encodings.reserve(kEncodings.size());
         for (const TextEncoding encoding : kEncodings)
             encodings.push_back({EncodingName(encoding),
                                  {},
@@ -110,6 +111,7 @@ void EditorTools::AddFileCommands() {
     });
     m_commands.AddSubmenu(Menu::Edit, QStringLiteral("Fines de línea"), [this] {
         std::vector<Command> ends;
+        ends.reserve(kLineEnds.size());
         for (const core::LineEnd end : kLineEnds)
             ends.push_back({LineEndName(end),
                             {},

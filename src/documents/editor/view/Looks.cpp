@@ -89,6 +89,7 @@ void Looks::AddFonts(CommandSet& commands) {
 void Looks::AddColors(CommandSet& commands) {
     commands.AddSubmenu(Menu::View, QStringLiteral("&Colores"), [] {
         std::vector<Command> sets;
+        sets.reserve(kColors.size());
         for (const ColorsRow& row : kColors)
             sets.push_back(Choice(QString::fromUtf16(row.text), ColorsKey(),
                                   QString::fromUtf16(row.word), KeptColors));
