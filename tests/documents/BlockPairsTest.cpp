@@ -3,6 +3,8 @@
 #include "documents/EditorFixture.h"
 #include "documents/editor/engine/Layers.h"
 
+#include <QSignalSpy>
+
 namespace {
 
 class BlockPairsTest : public EditorFixture {
@@ -40,6 +42,9 @@ TEST_F(BlockPairsTest, TheKeyJumpsToTheOtherSideAndBack) {
 TEST_F(BlockPairsTest, ThePairAtTheRestingCaretIsMarked) {
     Put("|do x() end");
     EXPECT_EQ(Marked(), "0d 1o 7e 8n 9d ");
+    const QSignalSpy updates(&editor, &QsciScintillaBase::SCN_UPDATEUI);
+    EXPECT_EQ(Marked(), "0d 1o 7e 8n 9d ");
+    EXPECT_EQ(updates.size(), 0); // all is at rest then
     editor.GoTo(4);
     EXPECT_EQ(Marked(), "");
     editor.GoTo(10);

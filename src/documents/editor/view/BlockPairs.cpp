@@ -40,6 +40,8 @@ BlockPairs::BlockPairs(ScriptEditor& editor, CommandSet& commands, QObject* pare
     m_timer.setSingleShot(true);
     m_timer.setInterval(kDelay);
     connect(&m_timer, &QTimer::timeout, this, &BlockPairs::Mark);
+    connect(&editor, &ScriptEditor::Edited, &m_timer, qOverload<>(&QTimer::start));
+    connect(&editor, &ScriptEditor::Loaded, &m_timer, qOverload<>(&QTimer::start));
     connect(&editor, &QsciScintillaBase::SCN_UPDATEUI, this, &BlockPairs::Follow);
     commands.Add(Menu::Go, {QStringLiteral("&Otro extremo del bloque"),
                             {QKeySequence(Qt::CTRL | Qt::Key_B)},
@@ -51,10 +53,10 @@ void BlockPairs::Jump() {
         m_editor.GoTo(static_cast<qsizetype>(match->other.begin));
 }
 
+// The marks themselves count as a change of the content.
 void BlockPairs::Follow(int changes) {
-    if ((changes & (Engine::SC_UPDATE_CONTENT | Engine::SC_UPDATE_SELECTION)) == 0)
-        return;
-    m_timer.start();
+    if ((changes & Engine::SC_UPDATE_SELECTION) != 0)
+        m_timer.start();
 }
 
 // Spares the look at the whole text at all other places.

@@ -54,8 +54,8 @@ CheckMarks::CheckMarks(ScriptEditor& editor, CommandSet& commands, QObject* pare
         Show({});
         m_timer.start();
     });
-    connect(&editor, &QsciScintillaBase::SCN_UPDATEUI, this, [this] {
-        if (m_waiting)
+    connect(&editor, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int changes) {
+        if (m_waiting && (changes & QsciScintilla::SC_UPDATE_SELECTION) != 0)
             m_timer.start();
     });
     editor.viewport()->installEventFilter(this);
