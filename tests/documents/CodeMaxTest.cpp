@@ -112,6 +112,29 @@ TEST_F(CodeMaxTest, HistoryBeginsWithTheFirstContent) {
     EXPECT_EQ(changes, 1);
 }
 
+TEST_F(CodeMaxTest, WhatReplacesASelectionIsOneChangeAndSoIsAStepBack) {
+    QApplication::clipboard()->setText(u"ñ"_s);
+    control.Text(u"sel"_s);
+    const std::vector<std::function<void()>> ways = {
+        [&] { control.SelText(u"x"_s); },
+        [&] { control.Paste(); },
+        [&] { QTest::keyClicks(Engine(), u"x"_s); },
+        [&] { QTest::keyClick(Engine(), Qt::Key_Delete); },
+        [&] { control.Undo(); },
+        [&] { control.Redo(); },
+        [&] { QTest::keyClick(Engine(), Qt::Key_Z, Qt::ControlModifier); },
+    };
+    for (size_t i = 0; i < ways.size(); ++i) {
+        if (i < 4)
+            control.ExecuteCmd(kSelectAllCommand);
+        const QString before = control.Text();
+        changes = 0;
+        ways[i]();
+        EXPECT_EQ(changes, 1) << i;
+        EXPECT_NE(control.Text(), before) << i;
+    }
+}
+
 TEST_F(CodeMaxTest, WhatCannotBeOpenedChangesNothing) {
     control.Text(u"mí"_s);
     control.SelText(u"o"_s);

@@ -5,6 +5,7 @@
 #include "documents/editor/ScriptPrinter.h"
 #include "documents/editor/engine/CodeMaxConstants.h"
 #include "documents/editor/engine/CommandSet.h"
+#include "documents/editor/engine/EditStep.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/view/StatusLine.h"
 #include "platform/base/Failure.h"
@@ -117,6 +118,7 @@ void CodeMax::Text(const QString& text) {
 }
 
 void CodeMax::SelText(const QString& text) {
+    const EditStep step(*m_editor);
     m_editor->SendScintilla(QsciScintilla::SCI_REPLACESEL, WithoutNul(text).constData());
     m_editor->ensureCursorVisible();
 }

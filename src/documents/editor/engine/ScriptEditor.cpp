@@ -199,23 +199,24 @@ void ScriptEditor::Select(qsizetype anchor, qsizetype caret) {
 }
 
 void ScriptEditor::BeginStep() {
-    if (m_steps++ == 0)
-        SendScintilla(SCI_BEGINUNDOACTION);
+    HoldEdited();
+    SendScintilla(SCI_BEGINUNDOACTION);
 }
 
 void ScriptEditor::EndStep() {
-    if (--m_steps > 0)
-        return;
     SendScintilla(SCI_ENDUNDOACTION);
-    if (std::exchange(m_edited, false))
+    ReleaseEdited();
+}
+
+void ScriptEditor::ReleaseEdited() {
+    if (--m_holds == 0 && std::exchange(m_edited, false))
         Q_EMIT Edited();
 }
 
 void ScriptEditor::TellEdited() {
-    if (m_steps > 0)
-        m_edited = true;
-    else
-        Q_EMIT Edited();
+    HoldEdited();
+    m_edited = true;
+    ReleaseEdited();
 }
 
 // A pasted text may bring lines that are too long for the colours and brackets.
@@ -365,19 +366,35 @@ void ScriptEditor::FitLineNumbers() {
 
 void ScriptEditor::paste() {
     const QMimeData* source = QApplication::clipboard()->mimeData();
-    if (source && source->hasText() && !canInsertFromMimeData(source))
+    if (source && source->hasText() && !canInsertFromMimeData(source)) {
         platform::MsgBox(QStringLiteral("Lo copiado daría una línea de más de 1 MiB, y con líneas "
                                         "tan largas el editor no puede trabajar. No se ha pegado."),
                          platform::Buttons::Ok, platform::Icon::Information);
-    else
-        QsciScintilla::paste();
+        return;
+    }
+    const EditStep step(*this);
+    QsciScintilla::paste();
+}
+
+void ScriptEditor::undo() {
+    HoldEdited();
+    QsciScintilla::undo();
+    ReleaseEdited();
+}
+
+void ScriptEditor::redo() {
+    HoldEdited();
+    QsciScintilla::redo();
+    ReleaseEdited();
 }
 
 void ScriptEditor::keyPressEvent(QKeyEvent* event) {
+    HoldEdited();
     if (event->matches(QKeySequence::Paste))
         paste();
     else
         QsciScintilla::keyPressEvent(event);
+    ReleaseEdited();
 }
 
 // By key: at the caret.

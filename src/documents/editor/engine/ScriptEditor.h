@@ -75,9 +75,12 @@ public:
     void ShowLineNumbers(bool on);
 
     void paste() override;
+    void undo() override;
+    void redo() override;
 
 Q_SIGNALS:
-    /// After each change of the text, or after all changes of an EditStep; not after Load.
+    /// After each change of the text, or after all changes of an EditStep or of a key; not after
+    /// Load.
     void Edited();
     /// After Load.
     void Loaded();
@@ -96,6 +99,8 @@ private:
     friend class EditStep;
     void BeginStep();
     void EndStep();
+    void HoldEdited() { ++m_holds; }
+    void ReleaseEdited();
     void TellEdited();
     void ReleaseMenuKeys();
     void ChooseHelpers(QByteArrayView text);
@@ -108,8 +113,8 @@ private:
     EditorColors m_colors;
     QString m_font;
     QString m_ownFont;
-    int m_steps = 0;       // that are open
-    bool m_edited = false; // in the open steps
+    int m_holds = 0;       // while there are any, Edited waits
+    bool m_edited = false; // meanwhile
     bool m_lineNumbers = false;
     bool m_luaColors = false;
     bool m_longLines = false;

@@ -2,6 +2,7 @@
 #include "documents/editor/write/Completion.h"
 
 #include "documents/editor/engine/CommandSet.h"
+#include "documents/editor/engine/EditStep.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/lua/Offers.h"
 #include "documents/editor/write/ContextAt.h"
@@ -83,6 +84,11 @@ bool Completion::IsOpen() const {
     return m_editor.SendScintilla(Engine::SCI_AUTOCACTIVE) != 0;
 }
 
+void Completion::Take() {
+    const EditStep step(m_editor);
+    m_editor.SendScintilla(Engine::SCI_AUTOCCOMPLETE);
+}
+
 void Completion::Close() {
     m_editor.SendScintilla(Engine::SCI_AUTOCCANCEL);
 }
@@ -158,14 +164,14 @@ bool Completion::eventFilter(QObject* watched, QEvent* event) {
 bool Completion::TakesKey(const QKeyEvent& key) {
     switch (key.key()) {
     case Qt::Key_Tab:
-        m_editor.SendScintilla(Engine::SCI_AUTOCCOMPLETE);
+        Take();
         return true;
     case Qt::Key_Escape:
         Close();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        m_editor.SendScintilla(m_chosen ? Engine::SCI_AUTOCCOMPLETE : Engine::SCI_AUTOCCANCEL);
+        m_chosen ? Take() : Close();
         return m_chosen;
     default:
         m_chosen = true;

@@ -34,6 +34,7 @@ private:
     bool TakesKey(const QKeyEvent& key);
     bool IsOnScreen(size_t letters) const;
     bool IsOpen() const;
+    void Take();
     void Close();
 
     ScriptEditor& m_editor;
