@@ -37,8 +37,8 @@ using platform::TextEncoding;
 namespace {
 
 bool HasListOrTip(const ScriptEditor& editor) {
-    return editor.SendScintilla(QsciScintilla::SCI_AUTOCACTIVE) != 0 ||
-           editor.SendScintilla(QsciScintilla::SCI_CALLTIPACTIVE) != 0;
+    return editor.Send(QsciScintilla::SCI_AUTOCACTIVE) != 0 ||
+           editor.Send(QsciScintilla::SCI_CALLTIPACTIVE) != 0;
 }
 
 } // namespace

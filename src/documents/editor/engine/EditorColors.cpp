@@ -51,25 +51,25 @@ int RedFirst(int bgr) {
     return (bgr & 0xFF) << 16 | (bgr & 0xFF00) | (bgr >> 16 & 0xFF);
 }
 
-void Send(ScriptEditor& editor, unsigned int message, int index, long value) {
-    editor.SendScintilla(message, static_cast<unsigned long>(index), value);
-}
-
 void Paint(ScriptEditor& editor, const ColorRow& row, int bgr) {
     const QColor color(static_cast<QRgb>(RedFirst(bgr)));
     switch (row.part) {
     case Part::Paper:
-        return Send(editor, Engine::SCI_STYLESETBACK, Engine::STYLE_DEFAULT, bgr);
+        editor.Send(Engine::SCI_STYLESETBACK, Engine::STYLE_DEFAULT, bgr);
+        return;
     case Part::Ink:
-        return Send(editor, Engine::SCI_STYLESETFORE, row.index, bgr);
+        editor.Send(Engine::SCI_STYLESETFORE, row.index, bgr);
+        return;
     case Part::LeftMargin:
-        return Send(editor, Engine::SCI_SETMARGINBACKN, kLeftMargin, bgr);
+        editor.Send(Engine::SCI_SETMARGINBACKN, kLeftMargin, bgr);
+        return;
     case Part::NumberInk:
         return editor.setMarginsForegroundColor(color);
     case Part::NumberPaper:
         return editor.setMarginsBackgroundColor(color);
     case Part::Marker:
-        return Send(editor, Engine::SCI_MARKERSETBACK, row.index, bgr);
+        editor.Send(Engine::SCI_MARKERSETBACK, row.index, bgr);
+        return;
     }
 }
 
@@ -85,14 +85,14 @@ int Between(int from, int to, int percent) {
 
 // What isn't an item: it takes after the paper and the ink.
 void PaintAround(ScriptEditor& editor, int paper, int ink) {
-    Send(editor, Engine::SCI_SETCARETLINEBACK, Between(paper, ink, kCaretLinePercent), 0);
-    Send(editor, Engine::SCI_SETCARETFORE, ink, 0);
-    Send(editor, Engine::SCI_SETFOLDMARGINCOLOUR, 1, paper);
-    Send(editor, Engine::SCI_SETFOLDMARGINHICOLOUR, 1, paper);
+    editor.Send(Engine::SCI_SETCARETLINEBACK, Between(paper, ink, kCaretLinePercent), 0);
+    editor.Send(Engine::SCI_SETCARETFORE, ink, 0);
+    editor.Send(Engine::SCI_SETFOLDMARGINCOLOUR, 1, paper);
+    editor.Send(Engine::SCI_SETFOLDMARGINHICOLOUR, 1, paper);
     constexpr int kLast = Engine::SC_MARKNUM_FOLDEROPEN;
     for (int marker = Engine::SC_MARKNUM_FOLDEREND; marker <= kLast; ++marker) {
-        Send(editor, Engine::SCI_MARKERSETFORE, marker, paper);
-        Send(editor, Engine::SCI_MARKERSETBACK, marker, Between(paper, ink, kFoldPercent));
+        editor.Send(Engine::SCI_MARKERSETFORE, marker, paper);
+        editor.Send(Engine::SCI_MARKERSETBACK, marker, Between(paper, ink, kFoldPercent));
     }
 }
 
@@ -106,7 +106,7 @@ void EditorColors::Apply(ScriptEditor& editor) const {
     const auto paint = [&](const ColorRow& row) { Paint(editor, row, colorOf(row)); };
     const auto others = kColorRows.begin() + kResettingRows;
     std::for_each(kColorRows.begin(), others, paint);
-    editor.SendScintilla(Engine::SCI_STYLECLEARALL);
+    editor.Send(Engine::SCI_STYLECLEARALL);
     std::for_each(others, kColorRows.end(), paint);
     PaintAround(editor, colorOf(kColorRows[0]), colorOf(kColorRows[1]));
 }

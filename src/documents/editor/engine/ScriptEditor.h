@@ -20,6 +20,10 @@ public:
 
     explicit ScriptEditor(QWidget* parent);
 
+    /// What the engine answers to a message.
+    long Send(unsigned int message, qsizetype first = 0, qsizetype second = 0) const {
+        return SendScintilla(message, static_cast<unsigned long>(first), static_cast<long>(second));
+    }
     QByteArray Bytes() const;
     /// The whole text until the next change. Takes a copy of the text's length if the last change
     /// was elsewhere than the one before.

@@ -29,10 +29,10 @@ Kept& Last() {
 // The selection if it lies in one line, else the word at the caret if that will do.
 Hit PieceAtCaret(const ScriptEditor& editor, bool orWord) {
     Hit piece{editor.SelectionStart(), editor.SelectionEnd()};
-    const auto at = static_cast<unsigned long>(piece.from);
+    const qsizetype at = piece.from;
     if (piece.from == piece.to && orWord)
-        piece = {editor.SendScintilla(QsciScintilla::SCI_WORDSTARTPOSITION, at, 1L),
-                 editor.SendScintilla(QsciScintilla::SCI_WORDENDPOSITION, at, 1L)};
+        piece = {editor.Send(QsciScintilla::SCI_WORDSTARTPOSITION, at, 1),
+                 editor.Send(QsciScintilla::SCI_WORDENDPOSITION, at, 1)};
     if (editor.LineOf(piece.from) != editor.LineOf(piece.to) ||
         piece.to - piece.from > kLongestField)
         return {};

@@ -2,8 +2,8 @@
 #include "documents/editor/find/Finder.h"
 
 #include "documents/editor/engine/Layers.h"
+#include "documents/editor/engine/LineMarkers.h"
 #include "documents/editor/engine/ScriptEditor.h"
-#include "documents/editor/find/LineMarkers.h"
 #include "documents/editor/find/Replacement.h"
 
 #include <algorithm>
@@ -29,9 +29,8 @@ Finder::Finder(ScriptEditor& editor, QObject* parent)
     editor.indicatorDefine(QsciScintilla::StraightBoxIndicator, kFoundIndicator);
     editor.setIndicatorDrawUnder(true, kFoundIndicator);
     editor.setIndicatorForegroundColor(kMarkColor, kFoundIndicator);
-    editor.SendScintilla(QsciScintilla::SCI_INDICSETALPHA, kFoundIndicator, kMarkAlpha);
-    editor.SendScintilla(QsciScintilla::SCI_INDICSETOUTLINEALPHA, kFoundIndicator,
-                         kMarkOutlineAlpha);
+    editor.Send(QsciScintilla::SCI_INDICSETALPHA, kFoundIndicator, kMarkAlpha);
+    editor.Send(QsciScintilla::SCI_INDICSETOUTLINEALPHA, kFoundIndicator, kMarkOutlineAlpha);
     m_stale.setSingleShot(true);
     m_stale.setInterval(kMoment);
     connect(&m_stale, &QTimer::timeout, this, &Finder::Renew);
@@ -74,21 +73,17 @@ void Finder::RenewIfStale() {
 
 void Finder::MarkVisible() {
     const auto lineAt = [this](long shown) {
-        return m_editor.SendScintilla(QsciScintilla::SCI_DOCLINEFROMVISIBLE,
-                                      static_cast<unsigned long>(std::max(0L, shown)));
+        return m_editor.Send(QsciScintilla::SCI_DOCLINEFROMVISIBLE, std::max(0L, shown));
     };
-    const long first = m_editor.SendScintilla(QsciScintilla::SCI_GETFIRSTVISIBLELINE);
-    const long page = m_editor.SendScintilla(QsciScintilla::SCI_LINESONSCREEN);
+    const long first = m_editor.Send(QsciScintilla::SCI_GETFIRSTVISIBLELINE);
+    const long page = m_editor.Send(QsciScintilla::SCI_LINESONSCREEN);
     const qsizetype from = m_editor.LineStart(lineAt(first - page));
     const qsizetype to = m_editor.LineEnd(lineAt(first + 2 * page));
-    m_editor.SendScintilla(QsciScintilla::SCI_SETINDICATORCURRENT, kFoundIndicator);
-    m_editor.SendScintilla(QsciScintilla::SCI_INDICATORCLEARRANGE, 0UL,
-                           static_cast<long>(m_editor.Length()));
+    m_editor.Send(QsciScintilla::SCI_SETINDICATORCURRENT, kFoundIndicator);
+    m_editor.Send(QsciScintilla::SCI_INDICATORCLEARRANGE, 0, m_editor.Length());
     auto hit = std::lower_bound(m_hits.begin(), m_hits.end(), from, StartsBefore);
     for (auto left = kMostMarks; hit != m_hits.end() && hit->from < to && left > 0; ++hit, --left)
-        m_editor.SendScintilla(QsciScintilla::SCI_INDICATORFILLRANGE,
-                               static_cast<unsigned long>(hit->from),
-                               static_cast<long>(hit->to - hit->from));
+        m_editor.Send(QsciScintilla::SCI_INDICATORFILLRANGE, hit->from, hit->to - hit->from);
 }
 
 std::optional<size_t> Finder::Selected() const {
@@ -163,13 +158,12 @@ void Finder::PutIn(const QByteArray& utf8, qsizetype caret) {
     const qsizetype from = m_hits.front().from;
     const qsizetype to = m_hits.back().to;
     const qsizetype rest = m_editor.Length() - to;
-    const long shown = m_editor.SendScintilla(QsciScintilla::SCI_GETFIRSTVISIBLELINE);
+    const long shown = m_editor.Send(QsciScintilla::SCI_GETFIRSTVISIBLELINE);
     const LineMarkers markers(m_editor, m_editor.LineOf(from), m_editor.LineOf(to));
     m_editor.Replace(from, to, QByteArrayView(utf8).sliced(from, utf8.size() - rest - from));
     markers.PutBack();
-    m_editor.SendScintilla(QsciScintilla::SCI_SETEMPTYSELECTION, static_cast<unsigned long>(caret));
-    m_editor.SendScintilla(QsciScintilla::SCI_SETFIRSTVISIBLELINE,
-                           static_cast<unsigned long>(shown));
+    m_editor.Send(QsciScintilla::SCI_SETEMPTYSELECTION, caret);
+    m_editor.Send(QsciScintilla::SCI_SETFIRSTVISIBLELINE, shown);
 }
 
 } // namespace documents

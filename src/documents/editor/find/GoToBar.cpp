@@ -54,9 +54,8 @@ void GoToBar::Go() {
     m_fault->setText(fault);
     if (!fault.isEmpty())
         return;
-    const auto start = static_cast<unsigned long>(m_editor.LineStart(place.line));
-    const qsizetype at = m_editor.SendScintilla(QsciScintilla::SCI_POSITIONRELATIVE, start,
-                                                static_cast<long>(place.column));
+    const qsizetype start = m_editor.LineStart(place.line);
+    const qsizetype at = m_editor.Send(QsciScintilla::SCI_POSITIONRELATIVE, start, place.column);
     // Behind the end of the text there is no position, but 0.
     const qsizetype end = m_editor.LineEnd(place.line);
     m_editor.GoTo(place.column > 0 && at == 0 ? end : std::min(at, end));

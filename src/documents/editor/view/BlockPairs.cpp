@@ -31,12 +31,11 @@ std::optional<BlockMatch> MatchAtCaret(const ScriptEditor& editor) {
 
 BlockPairs::BlockPairs(ScriptEditor& editor, CommandSet& commands, QObject* parent)
     : QObject(parent), m_editor(editor) {
-    constexpr auto kIndicator = static_cast<unsigned long>(kPairIndicator);
-    editor.SendScintilla(Engine::SCI_INDICSETSTYLE, kIndicator, long{Engine::INDIC_STRAIGHTBOX});
-    editor.SendScintilla(Engine::SCI_INDICSETFORE, kIndicator, kMarkColor);
-    editor.SendScintilla(Engine::SCI_INDICSETALPHA, kIndicator, kMarkAlpha);
-    editor.SendScintilla(Engine::SCI_INDICSETOUTLINEALPHA, kIndicator, kMarkEdge);
-    editor.SendScintilla(Engine::SCI_INDICSETUNDER, kIndicator, 1L);
+    editor.Send(Engine::SCI_INDICSETSTYLE, kPairIndicator, Engine::INDIC_STRAIGHTBOX);
+    editor.Send(Engine::SCI_INDICSETFORE, kPairIndicator, kMarkColor);
+    editor.Send(Engine::SCI_INDICSETALPHA, kPairIndicator, kMarkAlpha);
+    editor.Send(Engine::SCI_INDICSETOUTLINEALPHA, kPairIndicator, kMarkEdge);
+    editor.Send(Engine::SCI_INDICSETUNDER, kPairIndicator, 1);
     m_timer.setSingleShot(true);
     m_timer.setInterval(kDelay);
     connect(&m_timer, &QTimer::timeout, this, &BlockPairs::Mark);
@@ -62,7 +61,7 @@ void BlockPairs::Follow(int changes) {
 // Spares the look at the whole text at all other places.
 bool BlockPairs::IsAtKeyword() const {
     const auto edge = [this](unsigned int message) {
-        return m_editor.SendScintilla(message, static_cast<unsigned long>(m_editor.Caret()), 1L);
+        return m_editor.Send(message, m_editor.Caret(), 1);
     };
     const QByteArray word =
         m_editor.Range(edge(Engine::SCI_WORDSTARTPOSITION), edge(Engine::SCI_WORDENDPOSITION));
@@ -82,19 +81,16 @@ void BlockPairs::Mark() {
 }
 
 void BlockPairs::Underlay(const Span& span) {
-    m_editor.SendScintilla(Engine::SCI_SETINDICATORCURRENT,
-                           static_cast<unsigned long>(kPairIndicator));
-    m_editor.SendScintilla(Engine::SCI_INDICATORFILLRANGE, static_cast<unsigned long>(span.begin),
-                           static_cast<long>(span.end - span.begin));
+    m_editor.Send(Engine::SCI_SETINDICATORCURRENT, kPairIndicator);
+    m_editor.Send(Engine::SCI_INDICATORFILLRANGE, static_cast<qsizetype>(span.begin),
+                  static_cast<qsizetype>(span.end - span.begin));
 }
 
 void BlockPairs::Unmark() {
     if (!m_marked)
         return;
-    m_editor.SendScintilla(Engine::SCI_SETINDICATORCURRENT,
-                           static_cast<unsigned long>(kPairIndicator));
-    m_editor.SendScintilla(Engine::SCI_INDICATORCLEARRANGE, 0UL,
-                           static_cast<long>(m_editor.Length()));
+    m_editor.Send(Engine::SCI_SETINDICATORCURRENT, kPairIndicator);
+    m_editor.Send(Engine::SCI_INDICATORCLEARRANGE, 0, m_editor.Length());
     m_marked = false;
 }
 

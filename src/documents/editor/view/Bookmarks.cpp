@@ -15,21 +15,15 @@ using Engine = QsciScintilla;
 
 constexpr long kMask = 1L << kBookmarkMarker;
 
-long Send(const ScriptEditor& editor, unsigned int message, qsizetype first, long second) {
-    return editor.SendScintilla(message, static_cast<unsigned long>(first), second);
-}
-
 } // namespace
 
 Bookmarks::Bookmarks(ScriptEditor& editor, CommandSet& commands, QObject* parent)
     : QObject(parent), m_editor(editor) {
-    Send(editor, Engine::SCI_MARKERDEFINE, kBookmarkMarker, Engine::SC_MARK_LEFTRECT);
-    Send(editor, Engine::SCI_MARKERSETALPHA, kBookmarkMarker, 0); // without a margin: no line
-    const auto shown = [&](int margin) {
-        return Send(editor, Engine::SCI_GETMARGINMASKN, margin, 0);
-    };
-    Send(editor, Engine::SCI_SETMARGINMASKN, kLineNumberMargin, shown(kLineNumberMargin) | kMask);
-    Send(editor, Engine::SCI_SETMARGINMASKN, kLeftMargin, shown(kLeftMargin) & ~kMask);
+    editor.Send(Engine::SCI_MARKERDEFINE, kBookmarkMarker, Engine::SC_MARK_LEFTRECT);
+    editor.Send(Engine::SCI_MARKERSETALPHA, kBookmarkMarker); // without a margin: no line
+    const auto shown = [&](int margin) { return editor.Send(Engine::SCI_GETMARGINMASKN, margin); };
+    editor.Send(Engine::SCI_SETMARGINMASKN, kLineNumberMargin, shown(kLineNumberMargin) | kMask);
+    editor.Send(Engine::SCI_SETMARGINMASKN, kLeftMargin, shown(kLeftMargin) & ~kMask);
     connect(&editor, &ScriptEditor::Loaded, this, &Bookmarks::RemoveAll);
     struct Row {
         const char16_t* text;
@@ -48,22 +42,22 @@ Bookmarks::Bookmarks(ScriptEditor& editor, CommandSet& commands, QObject* parent
 
 void Bookmarks::Toggle() {
     const qsizetype line = m_editor.LineOf(m_editor.Caret());
-    const bool isSet = (Send(m_editor, Engine::SCI_MARKERGET, line, 0) & kMask) != 0;
-    Send(m_editor, isSet ? Engine::SCI_MARKERDELETE : Engine::SCI_MARKERADD, line, kBookmarkMarker);
+    const bool isSet = (m_editor.Send(Engine::SCI_MARKERGET, line) & kMask) != 0;
+    m_editor.Send(isSet ? Engine::SCI_MARKERDELETE : Engine::SCI_MARKERADD, line, kBookmarkMarker);
 }
 
 // Both go on from the other end of the text.
 qsizetype Bookmarks::Below() const {
     const qsizetype line = m_editor.LineOf(m_editor.Caret());
-    const qsizetype below = Send(m_editor, Engine::SCI_MARKERNEXT, line + 1, kMask);
-    return below < 0 ? Send(m_editor, Engine::SCI_MARKERNEXT, 0, kMask) : below;
+    const qsizetype below = m_editor.Send(Engine::SCI_MARKERNEXT, line + 1, kMask);
+    return below < 0 ? m_editor.Send(Engine::SCI_MARKERNEXT, 0, kMask) : below;
 }
 
 qsizetype Bookmarks::Above() const {
     const qsizetype line = m_editor.LineOf(m_editor.Caret());
     const qsizetype above =
-        line == 0 ? -1 : Send(m_editor, Engine::SCI_MARKERPREVIOUS, line - 1, kMask);
-    return above < 0 ? Send(m_editor, Engine::SCI_MARKERPREVIOUS, m_editor.lines() - 1, kMask)
+        line == 0 ? -1 : m_editor.Send(Engine::SCI_MARKERPREVIOUS, line - 1, kMask);
+    return above < 0 ? m_editor.Send(Engine::SCI_MARKERPREVIOUS, m_editor.lines() - 1, kMask)
                      : above;
 }
 
@@ -73,7 +67,7 @@ void Bookmarks::GoTo(qsizetype line) {
 }
 
 void Bookmarks::RemoveAll() {
-    Send(m_editor, Engine::SCI_MARKERDELETEALL, kBookmarkMarker, 0);
+    m_editor.Send(Engine::SCI_MARKERDELETEALL, kBookmarkMarker);
 }
 
 } // namespace documents

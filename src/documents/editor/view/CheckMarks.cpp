@@ -113,10 +113,10 @@ void CheckMarks::Show(std::optional<Fault> fault) {
 void CheckMarks::GoTo(qsizetype line) {
     if (line >= 0)
         m_editor.GoTo(m_marks.PlaceIn(line));
-    const auto caret = static_cast<long>(m_editor.Caret());
-    const long below = m_editor.SendScintilla(QsciScintilla::SCI_TEXTHEIGHT, 0UL);
-    const long x = m_editor.SendScintilla(QsciScintilla::SCI_POINTXFROMPOSITION, 0UL, caret);
-    const long y = m_editor.SendScintilla(QsciScintilla::SCI_POINTYFROMPOSITION, 0UL, caret);
+    const qsizetype caret = m_editor.Caret();
+    const long below = m_editor.Send(QsciScintilla::SCI_TEXTHEIGHT);
+    const long x = m_editor.Send(QsciScintilla::SCI_POINTXFROMPOSITION, 0, caret);
+    const long y = m_editor.Send(QsciScintilla::SCI_POINTYFROMPOSITION, 0, caret);
     TellAt({static_cast<int>(x), static_cast<int>(y + below)});
 }
 

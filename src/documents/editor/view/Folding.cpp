@@ -10,20 +10,19 @@ namespace {
 using Engine = QsciScintilla;
 
 bool IsOpener(const ScriptEditor& editor, qsizetype line) {
-    return (editor.SendScintilla(Engine::SCI_GETFOLDLEVEL, static_cast<unsigned long>(line)) &
-            Engine::SC_FOLDLEVELHEADERFLAG) != 0;
+    return (editor.Send(Engine::SCI_GETFOLDLEVEL, line) & Engine::SC_FOLDLEVELHEADERFLAG) != 0;
 }
 
 // The line that opens the block around this one; -1 if there is none.
 qsizetype OpenerOf(const ScriptEditor& editor, qsizetype line) {
-    return editor.SendScintilla(Engine::SCI_GETFOLDPARENT, static_cast<unsigned long>(line));
+    return editor.Send(Engine::SCI_GETFOLDPARENT, line);
 }
 
 } // namespace
 
 Folding::Folding(ScriptEditor& editor, CommandSet& commands, QObject* parent)
     : QObject(parent), m_editor(editor) {
-    editor.SendScintilla(Engine::SCI_SETAUTOMATICFOLD, long{Engine::SC_AUTOMATICFOLD_SHOW});
+    editor.Send(Engine::SCI_SETAUTOMATICFOLD, Engine::SC_AUTOMATICFOLD_SHOW);
     commands.Add(Menu::View, {QStringLiteral("Plegar o desplegar el &bloque"),
                               {QKeySequence(Qt::CTRL | Qt::Key_M)},
                               [this] { FoldBlock(); }});
@@ -34,20 +33,18 @@ Folding::Folding(ScriptEditor& editor, CommandSet& commands, QObject* parent)
 
 void Folding::FoldBlock() {
     const qsizetype line = m_editor.LineOf(m_editor.Caret());
-    const qsizetype length =
-        m_editor.SendScintilla(Engine::SCI_LINELENGTH, static_cast<unsigned long>(line));
-    m_editor.SendScintilla(Engine::SCI_COLOURISE, 0UL, // finds the openers
-                           static_cast<long>(m_editor.LineStart(line) + length));
+    const qsizetype length = m_editor.Send(Engine::SCI_LINELENGTH, line);
+    m_editor.Send(Engine::SCI_COLOURISE, 0, // finds the openers
+                  m_editor.LineStart(line) + length);
     const qsizetype opener = IsOpener(m_editor, line) ? line : OpenerOf(m_editor, line);
     if (opener < 0)
         return;
-    m_editor.SendScintilla(Engine::SCI_FOLDLINE, static_cast<unsigned long>(opener),
-                           long{Engine::SC_FOLDACTION_TOGGLE});
+    m_editor.Send(Engine::SCI_FOLDLINE, opener, Engine::SC_FOLDACTION_TOGGLE);
     ShowCaret();
 }
 
 void Folding::FoldAll() {
-    m_editor.SendScintilla(Engine::SCI_FOLDALL, long{Engine::SC_FOLDACTION_TOGGLE});
+    m_editor.Send(Engine::SCI_FOLDALL, Engine::SC_FOLDACTION_TOGGLE);
     ShowCaret();
 }
 
@@ -55,8 +52,7 @@ void Folding::FoldAll() {
 void Folding::ShowCaret() {
     const qsizetype caretLine = m_editor.LineOf(m_editor.Caret());
     qsizetype line = caretLine;
-    while (line >= 0 && m_editor.SendScintilla(Engine::SCI_GETLINEVISIBLE,
-                                               static_cast<unsigned long>(line)) == 0)
+    while (line >= 0 && m_editor.Send(Engine::SCI_GETLINEVISIBLE, line) == 0)
         line = OpenerOf(m_editor, line);
     if (line >= 0 && line != caretLine)
         m_editor.GoTo(m_editor.LineEnd(line));

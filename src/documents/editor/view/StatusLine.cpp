@@ -145,8 +145,7 @@ void StatusLine::Refresh() {
     const qsizetype caret = m_editor.Caret();
     const qsizetype line = m_editor.LineOf(caret);
     const auto characters = [this](qsizetype from, qsizetype to) {
-        return m_editor.SendScintilla(QsciScintilla::SCI_COUNTCHARACTERS,
-                                      static_cast<unsigned long>(from), static_cast<long>(to));
+        return m_editor.Send(QsciScintilla::SCI_COUNTCHARACTERS, from, to);
     };
     const long selected = characters(m_editor.SelectionStart(), m_editor.SelectionEnd());
     const int zoom = m_editor.ZoomPercent();

@@ -55,7 +55,7 @@ void Zoom::Reset() {
 }
 
 int Zoom::Points() const {
-    return static_cast<int>(m_editor.SendScintilla(QsciScintilla::SCI_GETZOOM));
+    return static_cast<int>(m_editor.Send(QsciScintilla::SCI_GETZOOM));
 }
 
 void Zoom::Use(int points) {

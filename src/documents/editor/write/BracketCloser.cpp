@@ -86,7 +86,7 @@ bool BracketCloser::TakesTyped(char typed, const SelfClosing::Place& place, QKey
 // The text stays selected, so that more can be put around it.
 bool BracketCloser::Surround(char opener) {
     const char closer = SelfClosing::CloserOf(opener);
-    if (closer == '\0' || m_editor.SendScintilla(QsciScintilla::SCI_GETSELECTIONS) != 1)
+    if (closer == '\0' || m_editor.Send(QsciScintilla::SCI_GETSELECTIONS) != 1)
         return false;
     const qsizetype from = m_editor.SelectionStart();
     const qsizetype to = m_editor.SelectionEnd();

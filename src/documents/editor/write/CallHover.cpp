@@ -10,20 +10,20 @@
 namespace documents {
 namespace {
 
-constexpr unsigned long kRestMilliseconds = 500;
+constexpr int kRestMilliseconds = 500;
 
 } // namespace
 
 CallHover::CallHover(ScriptEditor& editor, QObject* parent)
     : QObject(parent), m_editor(editor), m_tip(editor) {
-    editor.SendScintilla(QsciScintillaBase::SCI_SETMOUSEDWELLTIME, kRestMilliseconds);
+    editor.Send(QsciScintillaBase::SCI_SETMOUSEDWELLTIME, kRestMilliseconds);
     connect(&editor, &QsciScintillaBase::SCN_DWELLSTART, this, &CallHover::Show);
     connect(&editor, &QsciScintillaBase::SCN_DWELLEND, this, &CallHover::Hide);
 }
 
 void CallHover::Show(int place) {
-    const auto tells = [&](unsigned int message, unsigned long what = 0, long where = 0) {
-        return m_editor.SendScintilla(message, what, where) != 0;
+    const auto tells = [&](unsigned int message, int what = 0, int where = 0) {
+        return m_editor.Send(message, what, where) != 0;
     };
     if (place < 0 || m_tip.IsShown() || tells(QsciScintillaBase::SCI_AUTOCACTIVE) ||
         tells(QsciScintillaBase::SCI_INDICATORVALUEAT, kFaultIndicator, place))

@@ -15,7 +15,7 @@ namespace {
 using Engine = QsciScintillaBase;
 
 constexpr size_t kColumns = 72;
-constexpr auto kTipStyle = static_cast<unsigned long>(Engine::STYLE_CALLTIP);
+constexpr int kTipStyle = Engine::STYLE_CALLTIP;
 
 // In lines of at most kColumns bytes, as far as the words allow.
 std::string Wrapped(std::string_view text) {
@@ -34,16 +34,16 @@ std::string Wrapped(std::string_view text) {
 
 void CallTip::UseColors() {
     const auto color = [this](unsigned int message, int style) {
-        return m_editor.SendScintilla(message, static_cast<unsigned long>(style));
+        return m_editor.Send(message, style);
     };
     const long paper = color(Engine::SCI_STYLEGETBACK, Engine::STYLE_DEFAULT);
     const long ink = color(Engine::SCI_STYLEGETFORE, Engine::STYLE_DEFAULT);
     const long parameter = color(Engine::SCI_STYLEGETFORE, kKeyword);
-    m_editor.SendScintilla(Engine::SCI_CALLTIPUSESTYLE, 0UL);
-    m_editor.SendScintilla(Engine::SCI_STYLESETBACK, kTipStyle, paper);
-    m_editor.SendScintilla(Engine::SCI_STYLESETFORE, kTipStyle, ink);
-    m_editor.SendScintilla(Engine::SCI_CALLTIPSETFOREHLT, static_cast<unsigned long>(parameter));
-    m_editor.SendScintilla(Engine::SCI_CALLTIPSETPOSITION, 1UL); // above the line
+    m_editor.Send(Engine::SCI_CALLTIPUSESTYLE);
+    m_editor.Send(Engine::SCI_STYLESETBACK, kTipStyle, paper);
+    m_editor.Send(Engine::SCI_STYLESETFORE, kTipStyle, ink);
+    m_editor.Send(Engine::SCI_CALLTIPSETFOREHLT, parameter);
+    m_editor.Send(Engine::SCI_CALLTIPSETPOSITION, 1); // above the line
 }
 
 void CallTip::Show(qsizetype place, const Call& call, bool asMethod,
@@ -57,16 +57,16 @@ void CallTip::Show(qsizetype place, const Call& call, bool asMethod,
     // The last one may stand for many.
     const auto& [from, to] =
         signature.parameters[std::min(*parameter, signature.parameters.size() - 1)];
-    m_editor.SendScintilla(Engine::SCI_CALLTIPSETHLT, static_cast<unsigned long>(from),
-                           static_cast<long>(to));
+    m_editor.Send(Engine::SCI_CALLTIPSETHLT, static_cast<qsizetype>(from),
+                  static_cast<qsizetype>(to));
 }
 
 void CallTip::Hide() {
-    m_editor.SendScintilla(Engine::SCI_CALLTIPCANCEL);
+    m_editor.Send(Engine::SCI_CALLTIPCANCEL);
 }
 
 bool CallTip::IsShown() const {
-    return m_editor.SendScintilla(Engine::SCI_CALLTIPACTIVE) != 0;
+    return m_editor.Send(Engine::SCI_CALLTIPACTIVE) != 0;
 }
 
 } // namespace documents

@@ -43,7 +43,7 @@ void CallTips::Typed(int character) {
 }
 
 void CallTips::Follow() {
-    if (m_editor.SendScintilla(QsciScintillaBase::SCI_AUTOCACTIVE) != 0)
+    if (m_editor.Send(QsciScintillaBase::SCI_AUTOCACTIVE) != 0)
         return;
     const qsizetype caret = m_editor.Caret();
     const CallContext context = ContextAt(m_editor, caret);

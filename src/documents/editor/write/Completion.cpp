@@ -22,7 +22,7 @@ using Engine = QsciScintillaBase;
 
 constexpr size_t kFirstLetters = 2; // before a list comes by itself
 constexpr qsizetype kNamesAround = 256 << 10;
-constexpr unsigned long kRows = 8;
+constexpr int kRows = 8;
 constexpr char kBetween = '\n';
 
 bool IsLetter(int character) {
@@ -66,7 +66,7 @@ Completion::Completion(ScriptEditor& editor, CommandSet& commands, QObject* pare
 void Completion::SetUp() {
     struct Row {
         unsigned int message;
-        unsigned long value;
+        int value;
     };
     constexpr std::array kRowsOfSettings = {
         Row{Engine::SCI_AUTOCSETSEPARATOR, kBetween},
@@ -77,20 +77,20 @@ void Completion::SetUp() {
         Row{Engine::SCI_AUTOCSETMAXHEIGHT, kRows},
     };
     for (const auto& [message, value] : kRowsOfSettings)
-        m_editor.SendScintilla(message, value);
+        m_editor.Send(message, value);
 }
 
 bool Completion::IsOpen() const {
-    return m_editor.SendScintilla(Engine::SCI_AUTOCACTIVE) != 0;
+    return m_editor.Send(Engine::SCI_AUTOCACTIVE) != 0;
 }
 
 void Completion::Take() {
     const EditStep step(m_editor);
-    m_editor.SendScintilla(Engine::SCI_AUTOCCOMPLETE);
+    m_editor.Send(Engine::SCI_AUTOCCOMPLETE);
 }
 
 void Completion::Close() {
-    m_editor.SendScintilla(Engine::SCI_AUTOCCANCEL);
+    m_editor.Send(Engine::SCI_AUTOCCANCEL);
 }
 
 void Completion::Typed(int character) {

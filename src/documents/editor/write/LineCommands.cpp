@@ -4,6 +4,7 @@
 #include "core/LineEnds.h"
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/EditStep.h"
+#include "documents/editor/engine/LineMarkers.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/write/LineEdits.h"
 #include "documents/editor/write/Surroundings.h"
@@ -22,27 +23,6 @@ QByteArray LineEndOf(const ScriptEditor& editor) {
     return QByteArray::fromStdString(core::WithLineEnds("\n", editor.NewLineEnd()));
 }
 
-struct LineMarks {
-    qsizetype line;
-    long markers; // a bit for each
-};
-
-// Those of the lines from `first` to `last` that aren't the engine's own for folding.
-std::vector<LineMarks> MarksOf(const ScriptEditor& editor, qsizetype first, qsizetype last) {
-    constexpr auto kMask = static_cast<long>(~QsciScintilla::SC_MASK_FOLDERS & 0xFFFFFFFFU);
-    std::vector<LineMarks> marks;
-    for (qsizetype line = first; line >= 0 && line <= last; ++line) {
-        line = editor.SendScintilla(QsciScintilla::SCI_MARKERNEXT, static_cast<unsigned long>(line),
-                                    kMask);
-        if (line < 0 || line > last)
-            break;
-        marks.push_back({line, editor.SendScintilla(QsciScintilla::SCI_MARKERGET,
-                                                    static_cast<unsigned long>(line)) &
-                                   kMask});
-    }
-    return marks;
-}
-
 void ApplyEach(ScriptEditor& editor, const std::vector<Patch>& patches) {
     for (auto patch = patches.rbegin(); patch != patches.rend(); ++patch)
         editor.Replace(patch->at, patch->at + patch->removed, patch->added);
@@ -52,19 +32,15 @@ void ApplyEach(ScriptEditor& editor, const std::vector<Patch>& patches) {
 // together then, go back to where they were.
 void ApplyAtOnce(ScriptEditor& editor, const std::vector<Patch>& patches) {
     const qsizetype from = patches.front().at;
-    const qsizetype first = editor.LineOf(from);
     qsizetype done = from;
     QByteArray bytes;
     for (const Patch& patch : patches) {
         bytes += editor.Range(done, patch.at) + patch.added;
         done = patch.at + patch.removed;
     }
-    const std::vector<LineMarks> marks = MarksOf(editor, first, editor.LineOf(done));
+    const LineMarkers markers(editor, editor.LineOf(from), editor.LineOf(done));
     editor.Replace(from, done, bytes);
-    editor.SendScintilla(QsciScintilla::SCI_MARKERDELETE, static_cast<unsigned long>(first), -1L);
-    for (const LineMarks& mark : marks)
-        editor.SendScintilla(QsciScintilla::SCI_MARKERADDSET, static_cast<unsigned long>(mark.line),
-                             mark.markers);
+    markers.PutBack();
 }
 
 } // namespace

@@ -35,9 +35,8 @@ int Columns(const ScriptEditor& editor, const QByteArray& unit) {
 }
 
 void PlaceCaret(ScriptEditor& editor, qsizetype anchor, qsizetype caret) {
-    editor.SendScintilla(QsciScintilla::SCI_SETSEL, static_cast<unsigned long>(anchor),
-                         static_cast<long>(caret));
-    editor.SendScintilla(QsciScintilla::SCI_CHOOSECARETX);
+    editor.Send(QsciScintilla::SCI_SETSEL, anchor, caret);
+    editor.Send(QsciScintilla::SCI_CHOOSECARETX);
 }
 
 } // namespace documents
