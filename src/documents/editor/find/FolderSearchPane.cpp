@@ -92,10 +92,11 @@ void FolderSearchPane::MakeList() {
 }
 
 void FolderSearchPane::Open() {
-    const QString selected = m_editor.selectedText();
-    if (!selected.isEmpty() && !selected.contains(u'\n') && !selected.contains(u'\r') &&
+    const qsizetype from = m_editor.SelectionStart();
+    const qsizetype to = m_editor.SelectionEnd();
+    if (from < to && m_editor.LineOf(from) == m_editor.LineOf(to) &&
         !m_switches->For({}).luaPattern)
-        m_what->setText(selected);
+        m_what->setText(QString::fromUtf8(m_editor.Range(from, to)));
     if (m_folder().isEmpty())
         ShowRunning(QStringLiteral("Guarda antes el script: se busca en su carpeta."));
     show();
