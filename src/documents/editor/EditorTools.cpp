@@ -27,7 +27,6 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 #include <vector>
 
 namespace documents {
