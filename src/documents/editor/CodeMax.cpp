@@ -17,6 +17,8 @@
 
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <limits>
 
 namespace documents {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/editor/EditorTools.h"
 
+#include "core/LineEnds.h"
 #include "documents/editor/engine/CommandSet.h"
 #include "documents/editor/engine/ScriptEditor.h"
 #include "documents/editor/find/FindBar.h"

@@ -10,7 +10,6 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <array>
-#include <utility>
 #include <vector>
 
 namespace documents {
