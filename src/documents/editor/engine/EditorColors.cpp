@@ -87,6 +87,8 @@ int Between(int from, int to, int percent) {
 void PaintAround(ScriptEditor& editor, int paper, int ink) {
     editor.Send(Engine::SCI_SETCARETLINEBACK, Between(paper, ink, kCaretLinePercent), 0);
     editor.Send(Engine::SCI_SETCARETFORE, ink, 0);
+    // No text has this style; the line under a folded block does.
+    editor.Send(Engine::SCI_STYLESETFORE, Engine::STYLE_DEFAULT, Between(paper, ink, kFoldPercent));
     editor.Send(Engine::SCI_SETFOLDMARGINCOLOUR, 1, paper);
     editor.Send(Engine::SCI_SETFOLDMARGINHICOLOUR, 1, paper);
     constexpr int kLast = Engine::SC_MARKNUM_FOLDEROPEN;
