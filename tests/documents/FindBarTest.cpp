@@ -174,7 +174,7 @@ TEST_F(FindBarTest, HitsFollowTheEdits) {
     EXPECT_EQ(Selection(), Range(0, 1));
     OpenToReplace(u"x"_s, u"y"_s);
     editor.Load("x");
-    Click(u"Reemplazar todo"_s);
+    Click(u"Todo"_s);
     EXPECT_EQ(editor.Bytes(), "y");
 }
 
@@ -207,7 +207,7 @@ TEST_F(FindBarTest, ReplacesAllInOneStepAndKeepsCaretAndMarkers) {
     editor.GoTo(9 * 7 + 5);
     const long shown = editor.SendScintilla(QsciScintilla::SCI_GETFIRSTVISIBLELINE);
     QSignalSpy edits(&editor, &ScriptEditor::Edited);
-    Click(u"Reemplazar todo"_s);
+    Click(u"Todo"_s);
     EXPECT_EQ(editor.Bytes(), QByteArray("uno uno dos\r\n").repeated(300));
     EXPECT_EQ(edits.count(), 1);
     EXPECT_EQ(State(), u"300 cambios"_s);
@@ -225,7 +225,7 @@ TEST_F(FindBarTest, ReplacesAllInOneStepAndKeepsCaretAndMarkers) {
     // One line can't be longer than the editor takes.
     editor.Load(QByteArray(1 << 20, 'u'));
     OpenToReplace(u"u"_s, u"uu"_s);
-    Click(u"Reemplazar todo"_s);
+    Click(u"Todo"_s);
     EXPECT_TRUE(State().endsWith(u"Daría una línea de más de 1 MiB"_s)) << State().toStdString();
     EXPECT_EQ(editor.Length(), 1 << 20);
 }

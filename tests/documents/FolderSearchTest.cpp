@@ -95,7 +95,7 @@ TEST_F(FolderSearchTest, NothingInTheFolderHoldsItUp) {
     home.Put("juego/a.lua", QByteArray("(a\n").repeated(1 << 20));
     for (int i = 0; i < 20; ++i)
         QTest::keyClick(field, Qt::Key_Return);
-    QTest::mouseClick(pane.findChildren<QAbstractButton*>()[3], Qt::LeftButton);
+    QTest::mouseClick(pane.findChildren<QAbstractButton*>()[0], Qt::LeftButton);
     EXPECT_EQ(State(), u"Detenido"_s);
     EXPECT_EQ(Look(u"(a"_s).size(), FolderSearch::kMostLines);
     QTest::keyClick(field, Qt::Key_Return);
@@ -116,7 +116,7 @@ TEST_F(FolderSearchTest, SaysWhyItCannotSearch) {
     folder = u"C:\\nada"_s;
     Look(u"x"_s);
     EXPECT_EQ(State(), u"No se encuentra en 0 archivos guardados"_s);
-    pane.findChildren<QAbstractButton*>()[2]->click();
+    pane.findChildren<QAbstractButton*>()[4]->click();
     Look(u"["_s);
     EXPECT_EQ(State(), u"El patrón no vale: falta el ] de un conjunto"_s);
 }

@@ -10,6 +10,13 @@ namespace documents {
 namespace {
 
 const QColor kVainPaper(255, 214, 214);
+const QColor kHintInk(128, 128, 128); // some dark desktops leave it black
+
+QPalette FieldColors() {
+    QPalette colors;
+    colors.setColor(QPalette::PlaceholderText, kHintInk);
+    return colors;
+}
 
 } // namespace
 
@@ -25,6 +32,7 @@ QLineEdit* MakeBarField(QWidget* bar, const QString& name) {
     field->setMaxLength(kLongestField);
     field->setPlaceholderText(name);
     field->setAccessibleName(name);
+    field->setPalette(FieldColors());
     return field;
 }
 
@@ -53,7 +61,7 @@ QAbstractButton* MakeBarSwitch(QWidget* bar, const QString& text, const QString&
 }
 
 void ShowAsVain(QLineEdit& field, bool vain) {
-    QPalette colors;
+    QPalette colors = FieldColors();
     if (vain) {
         colors.setColor(QPalette::Base, kVainPaper);
         colors.setColor(QPalette::Text, Qt::black);

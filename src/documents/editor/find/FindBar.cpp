@@ -62,8 +62,7 @@ FindBar::FindBar(ScriptEditor& editor, CommandSet& commands, QWidget* parent)
     layout->setSpacing(kBarMargin);
     layout->addWidget(MakeFindRow());
     layout->addWidget(m_replaceRow = MakeReplaceRow());
-    layout->addWidget(m_state);
-    m_state->setWordWrap(true);
+    layout->addWidget(m_switches->MakeRowWith(m_state));
     setFocusProxy(m_what);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_what->installEventFilter(this);
@@ -94,7 +93,6 @@ QWidget* FindBar::MakeFindRow() {
     auto* row = new QWidget(this);
     QHBoxLayout* layout = MakeBarRow(row);
     layout->addWidget(m_what, 1);
-    layout->addWidget(m_switches);
     const auto add = [&](const QString& text, const QString& tip, void (FindBar::*clicked)()) {
         QAbstractButton* button = MakeBarButton(this, text, tip);
         connect(button, &QAbstractButton::clicked, this, clicked);
@@ -112,8 +110,8 @@ QWidget* FindBar::MakeReplaceRow() {
     layout->addWidget(m_replacement, 1);
     QAbstractButton* one = MakeBarButton(this, QStringLiteral("Reemplazar"),
                                          QStringLiteral("Reemplazar y seguir"), Qt::Key_Z);
-    QAbstractButton* all = MakeBarButton(this, QStringLiteral("Reemplazar todo"),
-                                         QStringLiteral("En todo el texto"), Qt::Key_T);
+    QAbstractButton* all = MakeBarButton(this, QStringLiteral("Todo"),
+                                         QStringLiteral("Reemplazar en todo el texto"), Qt::Key_T);
     connect(one, &QAbstractButton::clicked, this, &FindBar::Replace);
     connect(all, &QAbstractButton::clicked, this, &FindBar::ReplaceAll);
     layout->addWidget(one);

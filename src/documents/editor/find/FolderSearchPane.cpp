@@ -49,10 +49,9 @@ FolderSearchPane::FolderSearchPane(ScriptEditor& editor, CommandSet& commands, F
     layout->setContentsMargins(kBarMargin, kBarMargin, kBarMargin, kBarMargin);
     layout->setSpacing(kBarMargin);
     layout->addWidget(MakeRow());
+    layout->addWidget(m_switches->MakeRowWith(m_state));
     layout->addWidget(m_list);
-    layout->addWidget(m_state);
     MakeList();
-    m_state->setWordWrap(true);
     setFocusProxy(m_what);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(m_what, &QLineEdit::returnPressed, this, &FolderSearchPane::Start);
@@ -72,9 +71,8 @@ QWidget* FolderSearchPane::MakeRow() {
         MakeBarButton(this, QStringLiteral("✕"), QStringLiteral("Cerrar (Esc)"));
     connect(close, &QAbstractButton::clicked, this, &FolderSearchPane::Close);
     layout->addWidget(m_what, 1);
-    for (QWidget* one : {static_cast<QWidget*>(m_switches), static_cast<QWidget*>(m_start),
-                         static_cast<QWidget*>(close)})
-        layout->addWidget(one);
+    layout->addWidget(m_start);
+    layout->addWidget(close);
     return row;
 }
 

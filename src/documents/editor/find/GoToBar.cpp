@@ -21,26 +21,34 @@ constexpr int kFieldWidth = 90; // in pixels
 
 GoToBar::GoToBar(ScriptEditor& editor, CommandSet& commands, QWidget* parent)
     : QWidget(parent), m_editor(editor), m_fault(new QLabel(this)) {
-    QHBoxLayout* layout = MakeBarRow(this);
+    auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kBarMargin, kBarMargin, kBarMargin, kBarMargin);
-    layout->addWidget(new QLabel(QStringLiteral("Ir a la línea:"), this));
-    layout->addWidget(m_place = MakeBarField(this, QStringLiteral("Línea")));
-    layout->addWidget(m_fault, 1);
+    auto* row = new QHBoxLayout;
+    row->addWidget(new QLabel(QStringLiteral("Ir a la línea:"), this));
+    row->addWidget(m_place = MakeBarField(this, QStringLiteral("Línea")), 1, Qt::AlignLeft);
+    layout->addLayout(row);
+    layout->addWidget(m_fault);
+    m_fault->setWordWrap(true);
     m_place->setMaximumWidth(kFieldWidth);
     setFocusProxy(m_place);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(m_place, &QLineEdit::returnPressed, this, &GoToBar::Go);
-    connect(m_place, &QLineEdit::textEdited, m_fault, &QLabel::clear);
+    connect(m_place, &QLineEdit::textEdited, this, [this] { Say({}); });
     commands.Add(Menu::Go, {QStringLiteral("&Línea"), {Qt::CTRL | Qt::Key_G}, [this] { Open(); }});
     hide();
 }
 
 void GoToBar::Open() {
-    m_fault->clear();
+    Say({});
     m_place->setText(QString::number(m_editor.LineOf(m_editor.Caret()) + 1));
     show();
     m_place->setFocus();
     m_place->selectAll();
+}
+
+void GoToBar::Say(const QString& fault) {
+    m_fault->setText(fault);
+    m_fault->setVisible(!fault.isEmpty());
 }
 
 void GoToBar::Close() {
@@ -51,7 +59,7 @@ void GoToBar::Close() {
 void GoToBar::Go() {
     const auto [place, fault] =
         ReadLinePlace(m_place->text(), m_editor.LineOf(m_editor.Caret()), m_editor.lines());
-    m_fault->setText(fault);
+    Say(fault);
     if (!fault.isEmpty())
         return;
     const qsizetype start = m_editor.LineStart(place.line);

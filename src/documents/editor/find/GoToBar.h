@@ -25,6 +25,7 @@ protected:
 
 private:
     void Go();
+    void Say(const QString& fault);
     void Close();
 
     ScriptEditor& m_editor;

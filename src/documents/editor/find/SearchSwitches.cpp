@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QHBoxLayout>
+#include <QLabel>
 
 namespace documents {
 
@@ -23,6 +24,15 @@ SearchSwitches::SearchSwitches(QWidget* bar)
         connect(one, &QAbstractButton::clicked, this, &SearchSwitches::Pressed);
     }
     connect(m_pattern, &QAbstractButton::toggled, m_case, &QWidget::setDisabled);
+}
+
+QWidget* SearchSwitches::MakeRowWith(QLabel* state) {
+    auto* row = new QWidget(parentWidget());
+    QHBoxLayout* layout = MakeBarRow(row);
+    layout->addWidget(this, 0, Qt::AlignTop);
+    layout->addWidget(state, 1);
+    state->setWordWrap(true);
+    return row;
 }
 
 SearchFor SearchSwitches::For(const QString& what) const {

@@ -6,16 +6,20 @@
 #include <QWidget>
 
 class QAbstractButton;
+class QLabel;
 
 namespace documents {
 
-/// The three switches beside a field that say how to look for what stands in it.
+/// The three switches below a field that say how to look for what stands in it.
 class SearchSwitches : public QWidget {
     Q_OBJECT
 
 public:
     /// Alt+M, Alt+P and Alt+R press them while the focus is in the bar.
     explicit SearchSwitches(QWidget* bar);
+
+    /// A row of the bar with them and, to their right, what the search has to say.
+    QWidget* MakeRowWith(QLabel* state);
 
     /// A search for the text as they stand.
     SearchFor For(const QString& what) const;

@@ -20,6 +20,7 @@ namespace {
 constexpr int kWidth = 320;
 constexpr int kRows = 12;
 constexpr int kAir = 4;
+const QColor kHintInk(128, 128, 128); // some dark desktops leave it black
 
 // Between a name and the number of its line.
 QString Separator() {
@@ -43,6 +44,9 @@ FunctionList::FunctionList(ScriptEditor& editor, CommandSet& commands, QWidget* 
     layout->setSizeConstraint(QLayout::SetNoConstraint); // a small text is covered, no more
     layout->addWidget(m_part);
     layout->addWidget(m_list);
+    QPalette colors;
+    colors.setColor(QPalette::PlaceholderText, kHintInk);
+    m_part->setPalette(colors);
     m_part->setAccessibleName(QStringLiteral("Parte del nombre de una función"));
     m_list->setAccessibleName(QStringLiteral("Funciones del script"));
     m_list->setFocusPolicy(Qt::NoFocus);

@@ -37,7 +37,7 @@ HelpPane::HelpPane(ScriptEditor& editor, CommandSet& commands, QWidget* parent)
     auto* head = new QHBoxLayout;
     AddButton(*head, QStringLiteral("Llamada"), &HelpPane::ShowCall);
     AddButton(*head, QStringLiteral("Manual"), &HelpPane::ShowManual);
-    AddButton(*head, QStringLiteral("Todas las teclas"), &HelpPane::ShowKeys);
+    AddButton(*head, QStringLiteral("Teclas"), &HelpPane::ShowKeys);
     auto* back = MakeButton(this, QStringLiteral("Atrás"));
     back->setEnabled(false);
     connect(m_browser, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
