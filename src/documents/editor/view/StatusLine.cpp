@@ -158,28 +158,34 @@ void StatusLine::Refresh() {
     Show(kEnds, LineEndName(m_editor.NewLineEnd()));
     Show(kInsert, m_editor.overwriteMode() ? QStringLiteral("SOB") : QStringLiteral("INS"));
     Show(kZoom, zoom == 100 ? QString() : QStringLiteral("%1 %").arg(zoom));
-    ElideFault();
+    Fit();
 }
 
-void StatusLine::ElideFault() {
-    QToolButton* button = m_fields.at(kFault);
-    button->setToolTip(m_fault);
-    if (m_fault.isEmpty())
-        return Show(kFault, QString());
-    const QString text = QStringLiteral("1 error: ") + m_fault;
-    Show(kFault, text);
-    layout()->activate();
-    const int needed = button->sizeHint().width() - fontMetrics().horizontalAdvance(text);
-    const int room = width() - button->x() - kMargin - needed;
+// What there is no room for is left out, the fault last and the place never.
+void StatusLine::Fit() {
     const QString least = QStringLiteral("1 error");
-    Show(kFault, room < fontMetrics().horizontalAdvance(least + u'…')
-                     ? least
-                     : fontMetrics().elidedText(text, Qt::ElideRight, room));
+    for (size_t field = kPlace; field < kFault; ++field)
+        Show(static_cast<Field>(field), m_fields.at(field)->text());
+    Show(kFault, m_fault.isEmpty() ? QString() : least);
+    m_fields.at(kFault)->setToolTip(m_fault);
+    for (const Field field : {kInsert, kEnds, kZoom, kEncoding, kSelection, kModified, kFault}) {
+        if (layout()->sizeHint().width() <= width())
+            break;
+        m_fields.at(field)->hide();
+        m_dots.at(field)->hide();
+    }
+    if (m_fields.at(kFault)->isHidden())
+        return;
+    const int room =
+        width() - layout()->sizeHint().width() + fontMetrics().horizontalAdvance(least);
+    const QString text =
+        fontMetrics().elidedText(least + QStringLiteral(": ") + m_fault, Qt::ElideRight, room);
+    Show(kFault, text.size() > least.size() + 2 ? text : least);
 }
 
 void StatusLine::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    ElideFault();
+    Fit();
 }
 
 } // namespace documents

@@ -53,7 +53,7 @@ private:
     void Later();
     void Show(Field field, const QString& text);
     void Refresh();
-    void ElideFault();
+    void Fit();
 
     ScriptEditor& m_editor;
     QTimer m_timer;
