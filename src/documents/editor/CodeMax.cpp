@@ -76,12 +76,12 @@ void CodeMax::AddEditCommands() {
         std::function<void()> run;
     };
     const std::array rows = {
-        Row{u"Deshacer", Qt::Key_Z, [this] { Undo(); }},
-        Row{u"Rehacer", Qt::Key_Y, [this] { Redo(); }},
-        Row{u"Cortar", Qt::Key_X, [this] { Cut(); }},
-        Row{u"Copiar", Qt::Key_C, [this] { Copy(); }},
-        Row{u"Pegar", Qt::Key_V, [this] { Paste(); }},
-        Row{u"Seleccionar todo", Qt::Key_E, [this] { ExecuteCmd(kSelectAllCommand); }},
+        Row{u"&Deshacer", Qt::Key_Z, [this] { Undo(); }},
+        Row{u"&Rehacer", Qt::Key_Y, [this] { Redo(); }},
+        Row{u"Cor&tar", Qt::Key_X, [this] { Cut(); }},
+        Row{u"&Copiar", Qt::Key_C, [this] { Copy(); }},
+        Row{u"&Pegar", Qt::Key_V, [this] { Paste(); }},
+        Row{u"&Seleccionar todo", Qt::Key_E, [this] { ExecuteCmd(kSelectAllCommand); }},
     };
     for (const Row& row : rows)
         m_commands->Add(

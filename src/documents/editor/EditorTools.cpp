@@ -99,7 +99,7 @@ void EditorTools::JoinStatusLine() {
 // The menus of the status line, by keyboard.
 void EditorTools::AddFileCommands() {
     m_commands.AddSeparator(Menu::Edit);
-    m_commands.AddSubmenu(Menu::Edit, QStringLiteral("Codificación al guardar"), [this] {
+    m_commands.AddSubmenu(Menu::Edit, QStringLiteral("C&odificación al guardar"), [this] {
         std::vector<Command> encodings;
         encodings.reserve(kEncodings.size());
         for (const TextEncoding encoding : kEncodings)
@@ -109,7 +109,7 @@ void EditorTools::AddFileCommands() {
                                  [this, encoding] { return m_encoding == encoding; }});
         return encodings;
     });
-    m_commands.AddSubmenu(Menu::Edit, QStringLiteral("Fines de línea"), [this] {
+    m_commands.AddSubmenu(Menu::Edit, QStringLiteral("&Fines de línea"), [this] {
         std::vector<Command> ends;
         ends.reserve(kLineEnds.size());
         for (const core::LineEnd end : kLineEnds)
