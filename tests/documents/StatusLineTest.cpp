@@ -65,6 +65,8 @@ TEST_F(StatusLineTest, TellsWhereTheCaretIsAndHowTheTextWillBeSaved) {
     EXPECT_TRUE(Shown().endsWith(u"1 error: línea 3: falta 'end'"_s));
     control.resize(420, 300); // too narrow for the sentence, not for the number
     EXPECT_TRUE(Shown().contains(u"| 1 error"_s)) << Shown().toStdString();
+    control.resize(200, 300);
+    EXPECT_TRUE(Shown().startsWith(u"Lín 1, Col 2 | 1 error"_s)) << Shown().toStdString();
 }
 
 TEST_F(StatusLineTest, TheEncodingChosenIsThatOfTheNextSaveAndWhatWontFitIsSaid) {
