@@ -80,6 +80,8 @@ TEST_F(StatusLineTest, TheEncodingChosenIsThatOfTheNextSaveAndWhatWontFitIsSaid)
     Q_EMIT Line()->EncodingChosen(CodePage);
     EXPECT_TRUE(Said().startsWith(u"«\U0001F600», en la línea 2, no existe en Windows-1252."_s));
     EXPECT_TRUE(control.findChild<MessageBar*>()->isVisible());
+    QTest::keyClick(&Engine(), Qt::Key_Escape);
+    EXPECT_FALSE(control.findChild<MessageBar*>()->isVisible());
     control.SaveFile(u"C:\\a.lua"_s, false);
     EXPECT_EQ(home.Get("a.lua"), "x\n\xF0\x9F\x98\x80\xC3\xB1\n");
     EXPECT_TRUE(Shown().contains(u"UTF-8"_s)); // as it was saved
