@@ -61,7 +61,6 @@ EditorTools::EditorTools(ScriptEditor& editor, CommandSet& commands, QVBoxLayout
     m_closable = {m_message, find, m_goTo, search, help};
     editor.installEventFilter(this);
     connect(search, &FolderSearchPane::OpenAt, this, &EditorTools::LineWanted);
-    editor.installEventFilter(m_message); // the filters that come later are asked first
     connect(m_message, &MessageBar::Closed, &editor, qOverload<>(&QWidget::setFocus));
     AddToView(control);
     AddToWriting();

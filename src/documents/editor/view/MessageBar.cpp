@@ -44,14 +44,6 @@ void MessageBar::Close() {
     Q_EMIT Closed();
 }
 
-bool MessageBar::eventFilter(QObject* watched, QEvent* event) {
-    if (!isVisible() || event->type() != QEvent::KeyPress ||
-        static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
-        return QFrame::eventFilter(watched, event);
-    Close();
-    return true;
-}
-
 void MessageBar::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         Close();

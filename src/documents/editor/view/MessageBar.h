@@ -8,7 +8,7 @@ class QLabel;
 namespace documents {
 
 /// What the editor has to say without a question, under the text; hidden while there is nothing.
-/// Escape in the bar and its button close it, and Escape in what it watches as an event filter.
+/// Escape in the bar and its button close it.
 class MessageBar : public QFrame {
     Q_OBJECT
 
@@ -23,7 +23,6 @@ Q_SIGNALS:
     void Closed();
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
