@@ -72,6 +72,16 @@ TEST_F(CheckMarksTest, AFaultIsMarkedAndTheTextAndItsHistoryStay) {
     EXPECT_EQ(editor.Bytes(), "x()\nif x = 1 then end");
 }
 
+TEST_F(CheckMarksTest, WhatIsBeingChosenInAListIsNoFaultYet) {
+    Put("x|");
+    Type(" = nave:");
+    editor.SendScintilla(QsciScintilla::SCI_AUTOCSHOW, 0UL, "blit clear");
+    QTest::qWait(kPause);
+    EXPECT_TRUE(told.empty());
+    editor.cancelList();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !told.empty(); }));
+}
+
 TEST_F(CheckMarksTest, BothLinesOfAMissingEndAreMarkedAndF8GoesRound) {
     Put("x()\n  if y then\n  z()\n|");
     Press("F8");

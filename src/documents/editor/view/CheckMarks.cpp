@@ -84,6 +84,8 @@ void CheckMarks::CheckNow() {
 }
 
 void CheckMarks::CheckIfIdle() {
+    if (m_editor.isListActive()) // what is being chosen there belongs to the script too
+        return m_timer.start();
     std::optional<Fault> fault = FaultOf(m_editor);
     m_waiting = fault && IsBeingTyped(*fault);
     if (!m_waiting)
